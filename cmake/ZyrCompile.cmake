@@ -1,0 +1,37 @@
+# What all targets of this build are compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo)
+endif()
+
+option(ZYR_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+set(ZYR_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
+option(ZYR_COVERAGE "Build for coverage" OFF)
+
+find_package(Threads REQUIRED)
+
+add_library(ZyrCompileOptions INTERFACE)
+target_compile_options(ZyrCompileOptions INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${ZYR_WARNINGS_AS_ERRORS}>:-Werror>
+    # Trace records name source files from the root of the sources.
+    -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+target_link_libraries(ZyrCompileOptions INTERFACE Threads::Threads)
+if(ZYR_SANITIZE)
+    target_compile_options(ZyrCompileOptions INTERFACE -fsanitize=${ZYR_SANITIZE} -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    target_link_options(ZyrCompileOptions INTERFACE -fsanitize=${ZYR_SANITIZE})
+endif()
+if(ZYR_COVERAGE)
+    target_compile_options(ZyrCompileOptions INTERFACE --coverage)
+    target_link_options(ZyrCompileOptions INTERFACE --coverage)
+endif()

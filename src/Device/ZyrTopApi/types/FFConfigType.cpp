@@ -1,0 +1,66 @@
+#include "FFConfigType.h"
+
+#include <ostream>
+
+#include "EnumText.h"
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constexpr auto shortForms = std::to_array<std::string_view>({
+    "Unknown",
+    "Other",
+    "Std",
+    "Xpic",
+    "Mimo",
+    "LHStd",
+    "LHXpic",
+    "Xpic2",
+    "LHXpic2",
+    "Mimo2",
+    "SisoCA",
+    "XpicCA",
+    "Mrc",
+    "Mrc2",
+    "Mrcx",
+});
+
+constexpr auto longForms = std::to_array<std::string_view>({
+    "Unknown",
+    "Other",
+    "Standard",
+    "Xpic",
+    "Mimo",
+    "LongHaulStandard",
+    "LongHaulXpic",
+    "XpicTwoBoards",
+    "LongHaulXpicTwoBoards",
+    "Mimo2",
+    "SisoCarrierAggregation",
+    "XpicCarrierAggregation",
+    "Mrc",
+    "MrcTwoBoards",
+    "MrcXpicTwoBoards",
+});
+
+} // namespace
+
+std::string_view ffConfigTypeToString(FFConfigType type)
+{
+    return textOf(shortForms, type, "");
+}
+
+FFConfigType ffConfigTypeStringToEnum(const std::string& text)
+{
+    return valueOf(longForms, text, FFConfigType::Unknown);
+}
+
+std::ostream& operator<<(std::ostream& stream, FFConfigType type)
+{
+    return stream << ffConfigTypeToString(type);
+}
+
+} // namespace zyr_top_api

@@ -1,0 +1,25 @@
+#include "SdcPath.h"
+
+#include "EnumText.h"
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constexpr auto texts = std::to_array<std::string_view>({"main", "diversity", "auto"});
+
+} // namespace
+
+std::string_view sdcPathToString(SdcPath value)
+{
+    return textOf(texts, value, "invalid");
+}
+
+SdcPath sdcPathStringToEnum(std::string_view text)
+{
+    return valueOf(texts, text, SdcPath::Invalid);
+}
+
+} // namespace zyr_top_api
