@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CiGetFastEvents.h"
+#include "IAlarmHandlerTopApi.h"
+
+namespace zyr_top_api
+{
+
+/// The live object of "CI.GetFastEvents". Read-only after `initialize`: several calls may hang in it at once.
+class ZYR_EXPORT CiGetFastEventsImpl : public CiGetFastEvents
+{
+  public:
+    virtual Response execute(const Command& command);
+
+    /// Takes the node's alarm handler; the number of channels doesn't matter. To be called once, before
+    /// commands arrive.
+    ETIResult initialize(unsigned numberOfChannels);
+
+  private:
+    IAlarmHandlerTopApi* m_alarmHandler = nullptr;
+};
+
+} // namespace zyr_top_api

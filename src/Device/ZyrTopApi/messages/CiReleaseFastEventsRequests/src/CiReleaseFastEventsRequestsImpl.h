@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CiReleaseFastEventsRequests.h"
+#include "IAlarmHandlerTopApi.h"
+
+namespace zyr_top_api
+{
+
+/// The live object of "CI.ReleaseFastEventsRequests".
+class ZYR_EXPORT CiReleaseFastEventsRequestsImpl : public CiReleaseFastEventsRequests
+{
+  public:
+    virtual StandardResponse execute(const Command& command);
+
+    /// Takes the node's alarm handler; the number of channels doesn't matter. To be called once, before
+    /// commands arrive.
+    ETIResult initialize(unsigned numberOfChannels);
+
+  private:
+    IAlarmHandlerTopApi* m_alarmHandler = nullptr;
+};
+
+} // namespace zyr_top_api

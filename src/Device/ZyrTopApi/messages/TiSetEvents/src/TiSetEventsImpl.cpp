@@ -1,0 +1,33 @@
+#include "TiSetEventsImpl.h"
+
+#include "Initialise.h"
+#include "Log.h"
+#include "ResultLaw.h"
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constinit TylTrace trace{TiSetEvents::identity.traceChannel, 3, TylTraceHdrOption_Default};
+
+} // namespace
+
+ETIResult TiSetEventsImpl::initialize(unsigned numberOfChannels)
+{
+    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+                      {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
+}
+
+StandardResponse TiSetEventsImpl::execute(const Command& command)
+{
+    logEnter(trace);
+    if (failed(m_alarmHandler->setAlarmEvents(command))) {
+        log(trace, 1, "TI.SetEvents failed to get alarms"); // sic: "get", unlike the response
+        return {eTI_E_FAILED, "TI.SetEvents failed to set alarm events"};
+    }
+    return {};
+}
+
+} // namespace zyr_top_api

@@ -1,0 +1,117 @@
+#include "Dispatch.h"
+
+#include "Log.h"
+#include "ZyrApiHandler.h"
+
+#include <cstring>
+#include <vector>
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constexpr std::string_view kDashLine = "\n----------------------------------------------------\n";
+
+bool bearsName(const CmdWrapperBase& entry, std::string_view wireName)
+{
+    return entry.name().size() == wireName.size() &&
+           std::memcmp(entry.name().data(), wireName.data(), wireName.size()) == 0;
+}
+
+// A linear scan on purpose: the table's owner may have changed it between two calls, and comparing lengths
+// first makes it as fast as a cache that would have to notice that.
+const std::shared_ptr<CmdWrapperBase>* firstEntry(std::string_view wireName)
+{
+    const auto& entries = ZyrApiHandler::m_cmds;
+    const auto* const end = entries.data() + entries.size();
+#pragma GCC unroll 4
+    for (const auto* entry = entries.data(); entry != end; ++entry) {
+        if (bearsName(**entry, wireName)) {
+            return entry;
+        }
+    }
+    return nullptr;
+}
+
+CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase* entry)
+{
+    if (entry == nullptr) {
+        return nullptr;
+    }
+    // The exact type is the rule, a derived one (of a test bench, say) the exception that needs the full
+    // cast.
+    return typeid(*entry) == types.wrapperType ? entry : types.cast(*entry);
+}
+
+} // namespace
+
+DispatchScope::DispatchScope(const DispatchTypes& types) : m_types(types)
+{
+    if (ZyrApiHandler::m_trace.isEnabled(6)) {
+        ZyrApiHandler::m_trace.logEnterMsg({__FILE__, __LINE__, "executeCommand"});
+    }
+    if (types.identity.route != Route::DispatchedUnlocked) {
+        m_lock = std::unique_lock(ZyrApiHandler::m_cmdMutex);
+    }
+}
+
+// Out of line, so that no command carries a copy.
+DispatchScope::~DispatchScope() = default;
+
+CmdWrapperBase* DispatchScope::find()
+{
+    const CommandIdentity& identity = m_types.identity;
+    if (identity.isGated() && !ZyrApiHandler::m_tiEnabled.load(std::memory_order_relaxed)) {
+        m_outcome = Outcome::Refused;
+        log(ZyrApiHandler::m_trace, 1,
+            [&](TextWriter& text) { text << "Error: Command " << identity.wireName << " not available"; });
+        return nullptr;
+    }
+
+    log(ZyrApiHandler::m_trace, 6,
+        [&](TextWriter& text) { text << "Running " << identity.className << "::Command"; });
+
+    const std::shared_ptr<CmdWrapperBase>* const found = firstEntry(identity.wireName);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    CmdWrapperBase* const entry = castTo(m_types, found->get());
+    if (entry == nullptr) {
+        m_outcome = Outcome::CastFailed;
+        log(ZyrApiHandler::m_trace, 1,
+            [&](TextWriter& text) { text << "Error: Cast of CmdWrapper failed for " << identity.wireName; });
+        return nullptr;
+    }
+    m_entry = *found;
+    return entry;
+}
+
+void DispatchScope::logRequest(const void* command) const
+{
+    log(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
+        text << m_types.identity.wireName << " Request: ";
+        m_types.printCommand(command, text);
+    });
+}
+
+void DispatchScope::finish(BaseResponse& response) const
+{
+    if (m_outcome == Outcome::Refused) {
+        setResult(response, eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available");
+        return;
+    }
+    if (m_outcome == Outcome::CastFailed) {
+        setResult(response, eTI_E_FAILED, "Error: Cast of CmdWrapper failed");
+    }
+    log(ZyrApiHandler::m_trace, 6,
+        [&](TextWriter& text) { text << "Return " << m_types.identity.responseLabel; });
+    log(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
+        text << m_types.identity.wireName << " Response: ";
+        m_types.printResponse(response, text);
+        text << kDashLine;
+    });
+}
+
+} // namespace zyr_top_api

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "TextWriter.h"
+#include "TylTrace.h"
+
+#include <concepts>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+
+namespace zyr_top_api
+{
+
+namespace detail
+{
+
+/// A callable that writes a text, without its type, so that what happens to the text is compiled once.
+struct TextSource
+{
+    const void* callable;
+    void (*write)(const void* callable, TextWriter& text);
+};
+
+template <std::invocable<TextWriter&> Text>
+TextSource textSource(const Text& text)
+{
+    return {std::addressof(text),
+            [](const void* callable, TextWriter& writer) { (*static_cast<const Text*>(callable))(writer); }};
+}
+
+/// Builds the text in the thread's reused buffer and hands it to the trace.
+void logBuilt(const TylTrace& trace, TylTraceLevel level, const TylTraceHeader& header, TextSource text);
+void logEnterBuilt(const TylTrace& trace, const TylTraceHeader& header, TextSource text);
+
+} // namespace detail
+
+/// Logs a message whose text is built by the callable, and only if the level is on.
+template <std::invocable<TextWriter&> Text>
+void log(const TylTrace& trace, TylTraceLevel level, const Text& text, const char* file = __builtin_FILE(),
+         int line = __builtin_LINE(), const char* function = __builtin_FUNCTION())
+{
+    if (trace.isEnabled(level)) {
+        detail::logBuilt(trace, level, {file, line, function}, detail::textSource(text));
+    }
+}
+
+/// Logs a text that needs no building.
+inline void log(const TylTrace& trace, TylTraceLevel level, std::string_view text,
+                const char* file = __builtin_FILE(), int line = __builtin_LINE(),
+                const char* function = __builtin_FUNCTION())
+{
+    if (trace.isEnabled(level)) {
+        trace.logMsg(level, {file, line, function}, text);
+    }
+}
+
+/// Logs the entry of the calling function, at level 6.
+inline void logEnter(const TylTrace& trace, const char* file = __builtin_FILE(), int line = __builtin_LINE(),
+                     const char* function = __builtin_FUNCTION())
+{
+    if (trace.isEnabled(6)) {
+        trace.logEnterMsg({file, line, function});
+    }
+}
+
+/// Logs the entry of the calling function with a text, at level 6.
+template <std::invocable<TextWriter&> Text>
+void logEnter(const TylTrace& trace, const Text& text, const char* file = __builtin_FILE(),
+              int line = __builtin_LINE(), const char* function = __builtin_FUNCTION())
+{
+    if (trace.isEnabled(6)) {
+        detail::logEnterBuilt(trace, {file, line, function}, detail::textSource(text));
+    }
+}
+
+} // namespace zyr_top_api

@@ -1,0 +1,88 @@
+#include "TextWriter.h"
+
+#include <charconv>
+#include <concepts>
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+template <std::integral Number>
+void append(std::string& target, Number number, int base = 10)
+{
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number, base);
+    target.append(digits, end.ptr);
+}
+
+} // namespace
+
+TextWriter& TextWriter::operator<<(std::string_view text)
+{
+    m_target.append(text);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(const char* text)
+{
+    m_target.append(text);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(const std::string& text)
+{
+    m_target.append(text);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(bool flag)
+{
+    m_target.push_back(flag ? '1' : '0');
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::int32_t number)
+{
+    append(m_target, number);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::uint32_t number)
+{
+    append(m_target, number);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::int64_t number)
+{
+    append(m_target, number);
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::uint64_t number)
+{
+    append(m_target, number);
+    return *this;
+}
+
+TextWriter& TextWriter::raw(unsigned char byte)
+{
+    m_target.push_back(static_cast<char>(byte));
+    return *this;
+}
+
+TextWriter& TextWriter::hex(std::uint32_t number)
+{
+    append(m_target, number, 16);
+    return *this;
+}
+
+TextWriter& TextWriter::word(bool flag)
+{
+    m_target.append(flag ? "true" : "false");
+    return *this;
+}
+
+} // namespace zyr_top_api
