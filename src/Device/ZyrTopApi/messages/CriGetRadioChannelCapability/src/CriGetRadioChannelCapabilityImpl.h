@@ -1,0 +1,42 @@
+#pragma once
+
+#include "CriGetRadioChannelCapability.h"
+#include "ICapabilityHandler.h"
+#include "IOutputPowerCalculator.h"
+#include "IRadioCapability.h"
+#include "PerChannel.h"
+
+#include <cstdint>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace zyr_top_api
+{
+
+/// The live object of "CRI.GetRadioChannelCapability".
+class ZYR_EXPORT CriGetRadioChannelCapabilityImpl : public CriGetRadioChannelCapability
+{
+  public:
+    virtual Response execute(const Command& command);
+
+    /// Takes the collaborators of each channel and the storage variables of the temperatures. To be called
+    /// once, before commands arrive.
+    ETIResult initialize(unsigned numberOfChannels);
+
+    /// The entries of a power table, by ascending modulation.
+    static std::vector<std::pair<ModulationAndCoding, std::int32_t>>
+    maxPowerArrayToVector(const std::map<ModulationAndCoding, int>& maxPower);
+
+  private:
+    bool readPower(const Command& command, Response& response);
+
+    std::uint32_t m_numberOfChannels = 0;
+    PerChannel<IOutputPowerCalculator> m_outputPowerCalculator;
+    PerChannel<ICapabilityHandler> m_capabilityHandler;
+    PerChannel<IRadioCapability> m_radioCapability;
+    const std::int32_t* m_minTemp = nullptr;
+    const std::int32_t* m_maxTemp = nullptr;
+};
+
+} // namespace zyr_top_api

@@ -1,0 +1,192 @@
+#include "CriGetRadioChannelStatusImpl.h"
+
+#include "Initialise.h"
+#include "Log.h"
+#include "Negated.h"
+#include "Zyr.h"
+#include "ZyrApiHandler.h"
+
+namespace zyr_top_api
+{
+
+constinit TylTrace CriGetRadioChannelStatusImpl::s_trace{CriGetRadioChannelStatus::identity.traceChannel, 3,
+                                                         TylTraceHdrOption_Default};
+
+namespace
+{
+
+// Two pieces of news that change nothing.
+void reportBasebandSdc(const TylTrace& trace, const std::string& name, std::uint32_t channel,
+                       IBasebandSdcController& controller)
+{
+    log(trace, 5, [&](TextWriter& text) { text << " --> Found the interface to " << name; });
+    const bool isStarted = controller.isStarted();
+    log(trace, 5, [&](TextWriter& text) {
+        if (isStarted) {
+            text << " --> basebandSdc IS STARTED for channel " << channel;
+        } else {
+            text << " --> basebandSdc IS NOT STARTED";
+        }
+    });
+}
+
+} // namespace
+
+void CriGetRadioChannelStatus::Command::print(TextWriter& text) const
+{
+    text << "RadioChannelID: " << RadioChannelID << ", ResetErrorBlocks: " << ResetErrorBlocks;
+}
+
+std::string CriGetRadioChannelStatus::Response::printResponse() const
+{
+    return printed(*this);
+}
+
+void CriGetRadioChannelStatus::Response::print(TextWriter& text) const
+{
+    if (!isFaultless(*this)) {
+        printResultLine(*this, text);
+        return;
+    }
+    text << "TXActualStatus: " << TXActualStatus << ", RadioChannelStatus: " << RadioChannelStatus
+         << ", ActualModulation: " << ActualModulation << ", ActualTxModulation: " << ActualTxModulation
+         << ", ActualRxModulation:" << ActualRxModulation // sic: no blank behind the colon
+         << ", ActualRFInputPower: " << ActualRFInputPower
+         << ", ReportedRFOutputPower: " << ReportedRFOutputPower << ", ClockStatus: " << ClockStatus
+         << ", ActualSNIR: " << ActualSNIR << ", ErroredBlocks: " << ErroredBlocks
+         << ", BackgroundBlocks: " << BackgroundBlocks << ", ErrorBytes: " << ErrorBytes
+         << ", TotalBytes: " << TotalBytes << ", TxFrequency: " << TxFrequency
+         << ", RxFrequency: " << RxFrequency << ", ZyrState: " << ZyrState
+         << ", HopLengthLatency: " << HopLengthLatency << ", XpicIsStarted: ";
+    text.word(XpicIsStarted) << ", MimoIsStarted: ";
+    text.word(MimoIsStarted) << ", IsMimo4x4: ";
+    text.word(IsMimo4x4) << ", ActualXpi: " << ActualXpi << ", ActualEta: " << ActualEta
+                         << ", XpicStatus: " << XpicStatus << ", MimoStatus: " << MimoStatus
+                         << ", PpfLocked: " << ppfLockedStatusToString(PpfLocked)
+                         << ", ActualGainBasebandSdc: " << ActualGainBasebandSdc
+                         << ", ActualSnirMainBasebandSdc: " << ActualSnirMainBasebandSdc
+                         << ", ActualSnirDiversityBasebandSdc: " << ActualSnirDiversityBasebandSdc
+                         << ", ActualXpiMainBasebandSdc: " << ActualXpiMainBasebandSdc
+                         << ", ActualXpiDiversityBasebandSdc: " << ActualXpiDiversityBasebandSdc
+                         << ", ActualDadeStatusBasebandSdc: " << ActualDadeStatusBasebandSdc
+                         << ", ActualDadeDelayBasebandSdc: " << ActualDadeDelayBasebandSdc
+                         << ", BasebandSdcCalibrationDataMain: " << BasebandSdcCalibrationDataMain
+                         << ", BasebandSdcCalibrationDataDiversity: " << BasebandSdcCalibrationDataDiversity;
+}
+
+ETIResult CriGetRadioChannelStatusImpl::initialize(unsigned numberOfChannels)
+{
+    constexpr MissingText kNotFound = textAndName(" Could not find the interface to ", 5);
+    Collaborator basebandSdc = optional(perChannel("IBasebandSdcController", m_basebandSdcController,
+                                                   textAndName(" --> Could not find the interface to ", 5)));
+    basebandSdc.whenFound = [](const std::string& name, std::uint32_t channel, void* slot) {
+        reportBasebandSdc(s_trace, name, channel,
+                          (*static_cast<PerChannel<IBasebandSdcController>*>(slot))[channel]);
+    };
+    return initialise(
+        s_trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+        {
+            perChannel("ISystemPowerController", m_systemPowerController,
+                       textAndName("Could not find the System Power Controller interface: ")),
+            perChannel("IOutputPowerController", m_outputPowerController,
+                       textAndName("Could not find the Output Power Controller interface: ")),
+            perChannel("IAcmHandler", m_acmHandler, plainText("Could not find the Acm Handler interface")),
+            perChannel("IFrequencyController", m_frequencyController,
+                       plainText("Could not find the Frequency Controller interface")),
+            perChannel("IRssiHandler", m_rssiHandler, plainText("Could not find the RSSI Handler interface")),
+            optional(perChannel("ICcdpController", m_ccdpController, kSilent)),
+            perChannel("IDspApi", m_dspApi, plainText("Could not find the DSP API interface")),
+            optional(perChannel("IZyrRleHandler", m_rleHandler, kNotFound)),
+            optional(perChannel("IMimoController", m_mimoController, kNotFound)),
+            basebandSdc,
+            optional(withoutUnderscore(perChannel("IPpsController", m_ppsController, kNotFound))),
+        });
+}
+
+CriGetRadioChannelStatus::Response CriGetRadioChannelStatusImpl::execute(const Command& command)
+{
+    Response response;
+    if (command.RadioChannelID > m_numberOfChannels) {
+        setResult(response, eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds");
+        return response;
+    }
+    Readings readings;
+    const Failure failure = read(command, readings);
+    if (failure.hasValue()) {
+        log(s_trace, 1, failure.value());
+        setResult(response, eTI_E_FAILED, failure.value());
+        return response;
+    }
+    fillCommon(command.RadioChannelID, readings, response);
+    if (response.MimoIsStarted && response.XpicIsStarted) {
+        constexpr const char* kBothActive =
+            "CRI.GetRadioChannelStatus ERROR: both MIMO and XPIC controller are active at the same time!!";
+        log(s_trace, 1, kBothActive);
+        setResult(response, eTI_E_FAILED, kBothActive);
+        return response;
+    }
+    fillOptional(command.RadioChannelID, readings, response);
+    return response;
+}
+
+void CriGetRadioChannelStatusImpl::fillCommon(std::uint32_t channel, const Readings& readings,
+                                              Response& response)
+{
+    response.TXActualStatus = readings.txStatus;
+    response.RadioChannelStatus = readings.isLinkUp ? "Up" : "Down";
+    response.ActualTxModulation = readings.txModulation;
+    response.ActualModulation = readings.txModulation;
+    response.ActualRxModulation = readings.rxModulation;
+    response.ActualRFInputPower = readings.rssi;
+    response.ReportedRFOutputPower = m_systemPowerController[channel].getReportedOutputPower();
+    response.ActualSNIR = negated(readings.snir);
+    response.ErroredBlocks = readings.blocks.erroredBlocks;
+    response.BackgroundBlocks = readings.blocks.backgroundBlocks;
+    response.ErrorBytes = readings.blocks.errorBytes;
+    response.TotalBytes = readings.blocks.totalBytes;
+    response.TxFrequency = readings.txFrequency;
+    response.RxFrequency = readings.rxFrequency;
+    response.XpicIsStarted = readings.xpicIsStarted;
+    response.ClockStatus = 1;
+    response.ZyrState = Zyr::getInitState();
+    response.IsMimo4x4 = readings.isMimo4x4;
+    response.MimoIsStarted = readings.mimoIsStarted;
+    response.ActualEta = readings.eta;
+    response.MimoStatus = readings.mimoStatus;
+    response.BasebandSdcIsStarted = readings.basebandSdcIsStarted;
+    response.HopLengthLatency = readings.hopLengthLatency;
+    response.PpfLocked = readings.ppfLocked;
+}
+
+void CriGetRadioChannelStatusImpl::fillOptional(std::uint32_t channel, const Readings& readings,
+                                                Response& response)
+{
+    if (response.IsMimo4x4 || response.XpicIsStarted) {
+        response.ActualXpi = readings.xpi;
+        response.XpicStatus = readings.xpicStatus;
+    }
+    if (response.XpicIsStarted && response.BasebandSdcIsStarted) {
+        response.ActualXpiMainBasebandSdc = readings.basebandSdc.xpiMain;
+        response.ActualXpiDiversityBasebandSdc = readings.basebandSdc.xpiDiversity;
+    }
+    if (response.BasebandSdcIsStarted) {
+        response.ActualGainBasebandSdc = readings.basebandSdc.gain;
+        response.ActualSnirMainBasebandSdc = negated(readings.basebandSdc.snirMain);
+        response.ActualSnirDiversityBasebandSdc = negated(readings.basebandSdc.snirDiversity);
+        response.ActualDadeStatusBasebandSdc = basebandSdcDadeStatusToString(readings.dadeStatus);
+        response.ActualDadeDelayBasebandSdc = readings.dadeDelay;
+        response.BasebandSdcCalibrationDataMain = static_cast<std::uint16_t>(readings.calibrationData);
+        response.BasebandSdcCalibrationDataDiversity =
+            static_cast<std::uint16_t>(readings.calibrationData >> 16U);
+    }
+    if (zyr::IZyrRleHandler* const rleHandler = m_rleHandler.find(channel)) {
+        response.RleStatus = rleHandler->getRleStatus();
+    }
+}
+
+CriGetRadioChannelStatus::Response criGetRadioChannelStatus(const CriGetRadioChannelStatus::Command& command)
+{
+    return ZyrApiHandler::executeCommand(CriGetRadioChannelStatusImpl(), command);
+}
+
+} // namespace zyr_top_api

@@ -1,0 +1,201 @@
+// What the collaborators of the channel say, in the order in which they are asked.
+
+#include "CriGetRadioChannelStatusImpl.h"
+
+#include "FailureText.h"
+#include "IDspChannelApi.h"
+#include "IDspControlApi.h"
+#include "IDspStatusApi.h"
+#include "Log.h"
+#include "ModulationAndCoding.h"
+#include "ResultLaw.h"
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constexpr int kMimo4x4Mode = 9;
+
+// Answer of a DSP that can't tell whether its PPF has locked.
+constexpr ETIResult kNotSupported = eTI_W_ALREADY_INITIALIZED;
+
+bool isLinkUp(IDspApi& dspApi)
+{
+    IDspStatusApi* const statusApi = dspApi.getDspStatusApi();
+    return statusApi != nullptr && statusApi->isLinkUp(); // a missing interface fails at a later reading
+}
+
+} // namespace
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::read(const Command& command,
+                                                                         Readings& readings)
+{
+    const std::uint32_t channel = command.RadioChannelID;
+    Failure failure;
+    const auto succeeds = [&](Failure outcome) {
+        failure = std::move(outcome);
+        return !failure.hasValue();
+    };
+
+    readings.txStatus = txPowerActualStatusToString(m_outputPowerController[channel].getTxStatus());
+    readings.isLinkUp = isLinkUp(m_dspApi[channel]);
+    if (!succeeds(readModulations(channel, readings)) || !succeeds(readRssi(channel, readings)) ||
+        !succeeds(readErrorBlocks(command, readings)) || !succeeds(readXpic(channel, readings))) {
+        return failure;
+    }
+    readMimo(channel, readings);
+    readBasebandSdc(channel, readings);
+    if (!succeeds(readPpfLock(channel, readings))) {
+        return failure;
+    }
+    readFrequencies(channel, readings);
+    return readHopLengthLatency(channel, readings);
+}
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readModulations(std::uint32_t channel,
+                                                                                    Readings& readings)
+{
+    ModulationAndCoding rx = ModulationAndCoding::UNDEFINED;
+    ModulationAndCoding tx = ModulationAndCoding::UNDEFINED;
+    const ETIResult result = m_acmHandler[channel].getLowestModulationAndCode(rx, tx, true);
+    if (failed(result)) {
+        return failureText("CRI.GetRadioChannelStatus failed to get lowest rx and tx modulationAndCode ",
+                           result);
+    }
+    readings.rxModulation = convertCodeAndModulationEnumToString(rx);
+    readings.txModulation = convertCodeAndModulationEnumToString(tx);
+    return {};
+}
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readRssi(std::uint32_t channel,
+                                                                             Readings& readings)
+{
+    const ETIResult result = m_rssiHandler[channel].getRssi(readings.rssi);
+    if (failed(result)) {
+        return failureText("CRI.GetRadioChannelStatus failed to get rssi value ", result);
+    }
+    return {};
+}
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command,
+                                                                                    Readings& readings)
+{
+    IDspStatusApi* const statusApi = m_dspApi[command.RadioChannelID].getDspStatusApi();
+    if (statusApi == nullptr) {
+        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
+    }
+    if (failed(statusApi->getErrorBlocks(readings.blocks, command.ResetErrorBlocks))) {
+        return failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
+    }
+    if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
+        log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!");
+    }
+    readings.snir = statusApi->getSnir();
+    return {};
+}
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readXpic(std::uint32_t channel,
+                                                                             Readings& readings)
+{
+    ICcdpController* const ccdpController = m_ccdpController.find(channel);
+    if (ccdpController == nullptr) {
+        return {};
+    }
+    readings.xpicIsStarted = ccdpController->isStarted();
+    if (!readings.xpicIsStarted) {
+        return {};
+    }
+    const ETIResult xpiResult = ccdpController->getXpi(readings.xpi);
+    if (failed(xpiResult)) {
+        return failureText("CRI.GetRadioChannelStatus failed to get XPI from CCDP controller ", xpiResult);
+    }
+    const ETIResult stateResult = ccdpController->getState(readings.xpicStatus);
+    if (failed(stateResult)) {
+        return failureText("CRI.GetRadioChannelStatus failed to get state from CCDP controller ",
+                           stateResult);
+    }
+    return {};
+}
+
+void CriGetRadioChannelStatusImpl::readMimo(std::uint32_t channel, Readings& readings)
+{
+    IMimoController* const mimoController = m_mimoController.find(channel);
+    if (mimoController == nullptr || !mimoController->isStarted()) {
+        return;
+    }
+    int mode = 0;
+    m_dspApi[channel].getDspControlApi()->getMimoMode(mode);
+    readings.isMimo4x4 = mode == kMimo4x4Mode;
+    readings.mimoIsStarted = mimoController->isStarted(); // the second answer is the one that is reported
+    readings.eta = mimoController->getEta().valueOr(0);
+    readings.mimoStatus = mimoLockStatusToString(mimoController->getStatus());
+    if (readings.isMimo4x4) {
+        readMimo4x4(*mimoController, readings);
+    }
+}
+
+void CriGetRadioChannelStatusImpl::readMimo4x4(IMimoController& mimoController, Readings& readings)
+{
+    readings.xpi = mimoController.getXpi().valueOr(0);
+    readings.xpicStatus =
+        mimoLockStatusToString(mimoController.getXpicStatus().valueOr(MimoLockStatus::Unlocked));
+}
+
+void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readings& readings)
+{
+    IBasebandSdcController* const controller = m_basebandSdcController.find(channel);
+    if (controller == nullptr) {
+        // sic: ends in a blank
+        log(s_trace, 7, " --> ptr basebandSdc to m_basebandSdcController IS NOT initialize ");
+        return;
+    }
+    if (!controller->isStarted()) {
+        return;
+    }
+    log(s_trace, 7, " --> basebandSdc IS STARTED");
+    readings.basebandSdcIsStarted = controller->isStarted(); // the second answer is the one that is reported
+    readings.basebandSdc = controller->getStatus();
+    readings.dadeStatus = controller->getDadeStatus();
+    readings.dadeDelay = controller->getDadeDelay();
+    readings.calibrationData = controller->getCalibrationData();
+}
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readPpfLock(std::uint32_t channel,
+                                                                                Readings& readings)
+{
+    IDspChannelApi* const channelApi = m_dspApi[channel].getDspChannelApi();
+    if (channelApi == nullptr) {
+        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
+    }
+    bool locked = false;
+    const ETIResult result = channelApi->getPpfLockStatus(locked);
+    if (failed(result)) {
+        return failureText("CRI.GetRadioChannelStatus failed to get PPF locked status from DSP");
+    }
+    if (result != kNotSupported) {
+        readings.ppfLocked = locked ? PpfLockedStatus::locked : PpfLockedStatus::unlocked;
+    }
+    return {};
+}
+
+void CriGetRadioChannelStatusImpl::readFrequencies(std::uint32_t channel, Readings& readings)
+{
+    if (IFrequencyController* const frequencyController = m_frequencyController.find(channel)) {
+        readings.txFrequency = frequencyController->getTxFrequency();
+        readings.rxFrequency = frequencyController->getRxFrequency();
+    }
+}
+
+CriGetRadioChannelStatusImpl::Failure
+CriGetRadioChannelStatusImpl::readHopLengthLatency(std::uint32_t channel, Readings& readings)
+{
+    nord::zyr::pps::IPpsController* const ppsController = m_ppsController.find(channel);
+    if (ppsController != nullptr && failed(ppsController->getHopLengthLatency(readings.hopLengthLatency))) {
+        return failureText("CRI.GetRadioChannelStatus failed to get hopLengthLatency from PPS");
+    }
+    return {};
+}
+
+} // namespace zyr_top_api

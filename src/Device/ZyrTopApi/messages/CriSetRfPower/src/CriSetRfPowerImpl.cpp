@@ -1,0 +1,202 @@
+#include "CriSetRfPowerImpl.h"
+
+#include "FailureText.h"
+#include "IDspChannelApi.h"
+#include "IDspControlApi.h"
+#include "Initialise.h"
+#include "Log.h"
+#include "ResultLaw.h"
+#include "ZyrApiHandler.h"
+
+namespace zyr_top_api
+{
+
+namespace
+{
+
+constinit TylTrace trace{CriSetRfPower::identity.traceChannel, 3, TylTraceHdrOption_Default};
+
+// What these select inside the power controller isn't known here.
+constexpr int kPowerSettingsOptions[] = {0, 1};
+constexpr int kAdminStateOption = 0;
+
+template <class T>
+void printIfPresent(TextWriter& text, const char* label, const general_classes::Optional<T>& value)
+{
+    if (value.hasValue()) {
+        text << label << value.value();
+    }
+}
+
+StandardResponse failure(std::string_view logged, const std::string& answered)
+{
+    log(trace, 1, logged);
+    return {eTI_E_FAILED, answered};
+}
+
+StandardResponse failure(const std::string& text)
+{
+    return failure(text, text);
+}
+
+} // namespace
+
+std::string CriSetRfPower::Command::toString() const
+{
+    return printed(*this);
+}
+
+void CriSetRfPower::Command::print(TextWriter& text) const
+{
+    text << "RadioChannelID: " << RadioChannelID
+         << ", txRequestedStatus: " << txRequestedStatusToString(txRequestedStatus)
+         << ", targetRfInputPower: " << targetRfInputPower
+         << ", targetRfInputPowerFarEnd: " << targetRfInputPowerFarEnd
+         << ", minRfOutputPower: " << minRfOutputPower << ", maxRfOutputPower: " << maxRfOutputPower
+         << ", availableMaxPowerCutback: " << availableMaxPowerCutback;
+    printIfPresent(text, ", tapsEnable: ", tapsEnable);
+    printIfPresent(text, ", hrlbEnabled: ", hrlbEnabled);
+    printIfPresent(text, ", atpcFallbackEnable: ", atpcFallbackEnable);
+    printIfPresent(text, ", atpcFallbackOutputPower: ", atpcFallbackOutputPower);
+    printIfPresent(text, ", atpcFallbackTimer: ", atpcFallbackTimer);
+    text << "\n";
+}
+
+ETIResult CriSetRfPowerImpl::initialize(unsigned numberOfChannels)
+{
+    return initialise(
+        trace,
+        family::classGuarded(SecondCallRule::Guard::AfterRange, "CriSetRfPowerImpl already initialized"),
+        numberOfChannels, &m_numberOfChannels,
+        {
+            perChannel("ISystemPowerController", m_systemPowerController,
+                       plainText("Could not find the System Power Controller interface")),
+            perChannel("IOutputPowerCalculator", m_outputPowerCalculator,
+                       plainText("Could not find the Output Power Calculator interface")),
+            perChannel("IDspApi", m_dspApi, plainText("Could not find the DSP API interface")),
+            perChannel("ITapsController", m_tapsController),
+            perChannel("IAcmHandler", m_acmHandler),
+        });
+}
+
+StandardResponse CriSetRfPowerImpl::execute(const Command& command)
+{
+    logEnter(trace, [&](TextWriter& text) {
+        text << "command.channelId=" << command.RadioChannelID
+             << ", command.txRequestedStatus=" << txRequestedStatusToString(command.txRequestedStatus)
+             << ", command.targetRfInputPower=" << command.targetRfInputPower
+             << ", command.targetRfInputPowerFarEnd=" << command.targetRfInputPowerFarEnd
+             << ", command.minRfOutputPower=" << command.minRfOutputPower
+             << ", command.maxRfOutputPower=" << command.maxRfOutputPower
+             << ", command.availableMaxPowerCutback=" << command.availableMaxPowerCutback;
+    });
+    log(trace, 3, [&](TextWriter& text) { command.print(text); });
+
+    if (m_numberOfChannels < command.RadioChannelID) {
+        return {eTI_E_FAILED, "command.channelId > m_numberOfChannels"};
+    }
+    if (!m_dspApi[command.RadioChannelID].getDspChannelApi()->isConfigured()) {
+        return answerUnconfigured(command);
+    }
+    return setPower(command);
+}
+
+StandardResponse CriSetRfPowerImpl::answerUnconfigured(const Command& command)
+{
+    if (command.txRequestedStatus == TxRequestedStatus::Off) {
+        log(trace, 3, [&](TextWriter& text) {
+            text << command.RadioChannelID.logString()
+                 << "SetRfPower with txRequestedStatus Off is ignored, due to that DSP is not configured";
+        });
+        return {};
+    }
+    log(trace, 1, [&](TextWriter& text) {
+        text << command.RadioChannelID.logString() << "DSP needs to be configured before SetRfPower";
+    });
+    // Asked whether or not the trace shows them: what the DSP sees doesn't depend on trace levels.
+    IDspApi& dspApi = m_dspApi[command.RadioChannelID];
+    const bool isAccessible = dspApi.getDspControlApi()->isAccessible();
+    log(trace, 4, isAccessible ? "DSP is accessible" : "DSP is  not accessible"); // sic: two blanks
+    const EDspChannelState state = dspApi.getDspChannelApi()->getChannelState();
+    log(trace, 4, [&](TextWriter& text) { text << "DSP channel state: " << dspChannelStateToString(state); });
+    return {eTI_E_OPERATION_NOT_ALLOWED, "DSP needs to be configured before SetRfPower"};
+}
+
+// ACM is muted around exactly the changes of power; a failure among them leaves it muted.
+StandardResponse CriSetRfPowerImpl::setPower(const Command& command)
+{
+    ISystemPowerController& powerController = m_systemPowerController[command.RadioChannelID];
+    IAcmHandler& acmHandler = m_acmHandler[command.RadioChannelID];
+
+    const ESPCResult cutback =
+        m_outputPowerCalculator[command.RadioChannelID].setPowerCutBack(command.availableMaxPowerCutback);
+    if (failed(cutback)) {
+        return failure("Failed to set max power cutback",
+                       failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")"));
+    }
+    const EACMHResult muted = acmHandler.muteAcm();
+    if (failed(muted)) {
+        return failure(failureText("IAcmHandler->muteAcm() failed (EACMHResult = ", muted, ")"));
+    }
+    const ESPCResult notified = notifyFallback(command);
+    if (failed(notified)) {
+        return failure("Failed to notify SPC about changes in ATPC fallback settings",
+                       failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")"));
+    }
+    const ESPCResult configured = powerController.configurePowerSettings(
+        command.txRequestedStatus, command.targetRfInputPowerFarEnd, command.minRfOutputPower,
+        command.maxRfOutputPower, kPowerSettingsOptions[0], kPowerSettingsOptions[1]);
+    if (failed(configured)) {
+        return failure("Failed to notify SPC about changes in power settings",
+                       failureText("configurePowerSettings failed(ESPCResult = ", configured, ")"));
+    }
+    const ESPCResult adminState =
+        powerController.setAdminRequestedTxPowerState(command.txRequestedStatus, kAdminStateOption);
+    if (failed(adminState)) {
+        return failure("Failed to set Tx Admin Power State",
+                       failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")"));
+    }
+    const EACMHResult restored = acmHandler.restoreAcm();
+    if (failed(restored)) {
+        return failure(failureText("IAcmHandler->restoreAcm() failed (EACMHResult = ", restored, ")"));
+    }
+    return setOptions(command, adminState);
+}
+
+ESPCResult CriSetRfPowerImpl::notifyFallback(const Command& command)
+{
+    if (!command.atpcFallbackEnable.hasValue() || !command.atpcFallbackOutputPower.hasValue() ||
+        !command.atpcFallbackTimer.hasValue()) {
+        return eSPC_S_OK;
+    }
+    const bool enable =
+        command.minRfOutputPower != command.maxRfOutputPower && command.atpcFallbackEnable.value();
+    return m_systemPowerController[command.RadioChannelID].notifyRequestedPowerSettings(
+        enable, command.atpcFallbackOutputPower.value(), command.atpcFallbackTimer.value());
+}
+
+StandardResponse CriSetRfPowerImpl::setOptions(const Command& command, ESPCResult adminStateResult)
+{
+    ITapsController* const tapsController = m_tapsController.find(command.RadioChannelID);
+    if (command.tapsEnable.hasValue()) {
+        if (tapsController == nullptr) {
+            return {};
+        }
+        if (failed(tapsController->setTapsEnable(command.tapsEnable.value()))) {
+            // sic: the result of the transmitter's state, which succeeded, not that of TAPS
+            return failure(failureText("Failed to set TAPS enable for channel ", command.RadioChannelID,
+                                       " (ESPCResult = ", adminStateResult, ")"));
+        }
+    }
+    if (command.hrlbEnabled.hasValue() && tapsController != nullptr) {
+        tapsController->setHrlbEnabled(command.hrlbEnabled.value());
+    }
+    return {};
+}
+
+StandardResponse criSetRfPower(const CriSetRfPower::Command& command)
+{
+    return ZyrApiHandler::executeCommand(CriSetRfPowerImpl(), command);
+}
+
+} // namespace zyr_top_api
