@@ -1,0 +1,20 @@
+#include "FileSink.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace zyr_platform
+{
+
+FileSink::FileSink(const std::string& path)
+    : OwnedDescriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0640)),
+      DescriptorSink(OwnedDescriptor::number())
+{
+    if (!isOpen()) {
+        throw std::system_error(errno, std::generic_category(), "can't open the trace file " + path);
+    }
+}
+
+} // namespace zyr_platform
