@@ -1,0 +1,21 @@
+#include "ChannelState.h"
+
+namespace zyr_simulation
+{
+
+using zyr_top_api::EDspChannelState;
+
+EDspChannelState ChannelState::configuration() const
+{
+    const bool hasFrame = radioFrameId != 0;
+    const bool hasFrequencies = txFrequency_kHz != 0 && rxFrequency_kHz != 0;
+    if (!hasFrame && !hasFrequencies && !acmConfigured) {
+        return EDspChannelState::Blocked;
+    }
+    if (!hasFrame || !hasFrequencies || !acmConfigured) {
+        return EDspChannelState::IncompleteConfiguration;
+    }
+    return closingPhasesRun ? EDspChannelState::Configured : EDspChannelState::AcmConfigured;
+}
+
+} // namespace zyr_simulation

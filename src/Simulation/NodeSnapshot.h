@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+#include "AlarmEvent.h"
+#include "ChannelState.h"
+#include "FaultInjector.h"
+#include "NodeState.h"
+#include "SimulatedNodeOptions.h"
+
+namespace zyr_simulation
+{
+
+/// The whole state of a simulated node at one moment, for people and tests.
+struct NodeSnapshot
+{
+    SimulatedNodeOptions settings; ///< As they are now.
+    DspState dsp;
+    Routes routes;
+    std::vector<ChannelState> channels;          ///< Channel 1 first.
+    std::vector<zyr_top_api::AlarmEvent> alarms; ///< All known alarms, active or not.
+    std::vector<Fault> faults;                   ///< The orders to fail that aren't used up.
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,63 @@
+#include "SimulatedMimoController.h"
+
+#include "DualStream.h"
+
+namespace zyr_simulation
+{
+
+using general_classes::Optional;
+using zyr_top_api::ETIResult;
+using zyr_top_api::LinkType;
+using zyr_top_api::MimoLockStatus;
+
+ETIResult SimulatedMimoController::setLinkType(LinkType linkType)
+{
+    return perform<ETIResult>("setLinkType", [&] { channel().mimo.linkType = linkType; });
+}
+
+bool SimulatedMimoController::isStarted()
+{
+    return locked([&] { return channel().mimo.isStarted(); });
+}
+
+ETIResult SimulatedMimoController::stop()
+{
+    return perform<ETIResult>("stop", [&] { channel().mimo.linkType = LinkType::Disable; });
+}
+
+Optional<std::int32_t> SimulatedMimoController::getEta()
+{
+    return locked([&] {
+        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
+        return isLocked ? Optional(eta_tenThousandths(node(), channel())) : Optional<std::int32_t>();
+    });
+}
+
+MimoLockStatus SimulatedMimoController::getStatus()
+{
+    return locked([&] { return mimoLock(channel()); });
+}
+
+Optional<std::int32_t> SimulatedMimoController::getXpi()
+{
+    return locked([&] {
+        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
+        return isLocked ? Optional(crossPolarIsolation(node(), channel())) : Optional<std::int32_t>();
+    });
+}
+
+Optional<MimoLockStatus> SimulatedMimoController::getXpicStatus()
+{
+    return locked([&] {
+        constexpr int fourByFour = 9;
+        return mimoMode(node(), channel()) == fourByFour ? Optional(xpicLock(node(), channel()))
+                                                         : Optional<MimoLockStatus>();
+    });
+}
+
+ETIResult SimulatedMimoController::mimoSpatialMute(bool mute)
+{
+    return perform<ETIResult>("mimoSpatialMute", [&] { channel().mimo.isSpatialMuted = mute; });
+}
+
+} // namespace zyr_simulation

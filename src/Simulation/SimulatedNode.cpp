@@ -1,0 +1,208 @@
+#include "SimulatedNode.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "ModuleManager.h"
+#include "SimulatedAcmHandler.h"
+#include "SimulatedAtpcController.h"
+#include "SimulatedBasebandSdcController.h"
+#include "SimulatedCapabilityHandler.h"
+#include "SimulatedCcdpController.h"
+#include "SimulatedDspApi.h"
+#include "SimulatedFrequencyController.h"
+#include "SimulatedHardwareConfigurationHandler.h"
+#include "SimulatedIfLoopDriver.h"
+#include "SimulatedLoopController.h"
+#include "SimulatedMimoController.h"
+#include "SimulatedOutputPowerCalculator.h"
+#include "SimulatedOutputPowerController.h"
+#include "SimulatedOutputPowerHandler.h"
+#include "SimulatedPpsController.h"
+#include "SimulatedRadioCapability.h"
+#include "SimulatedRauHandler.h"
+#include "SimulatedRauLatencyCalculator.h"
+#include "SimulatedRecoveryController.h"
+#include "SimulatedRouteUpdater.h"
+#include "SimulatedRssiHandler.h"
+#include "SimulatedSpaceDiversityCombinerController.h"
+#include "SimulatedSpcSimulator.h"
+#include "SimulatedSpectrumDiagnosticsController.h"
+#include "SimulatedSystemPowerController.h"
+#include "SimulatedTapsController.h"
+#include "SimulatedTapsControllerLog.h"
+#include "SimulatedTxIQImbalanceHandler.h"
+#include "SimulatedZyrRleHandler.h"
+
+namespace zyr_simulation
+{
+
+namespace
+{
+
+/// The phase that closes a configuration: the module manager's group, and its name among the faults.
+constexpr std::uint32_t closingGroup = 5;
+constexpr std::string_view closingPhaseOwner = "CModuleManager";
+constexpr std::array<std::string_view, 1> closingPhaseOperations{"RunGroup"};
+
+} // namespace
+
+SimulatedNode::SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time)
+    : m_state(std::make_shared<NodeState>(options, time))
+{
+    addCollaborators();
+    addClosingPhase();
+    m_hardwareVariables.emplace();
+    m_state->start();
+}
+
+SimulatedNode::~SimulatedNode()
+{
+    shutdown();
+}
+
+void SimulatedNode::addCollaborators()
+{
+    m_alarmHandler = &add<SimulatedAlarmHandler>("IAlarmHandlerTopApi");
+    add<SimulatedHardwareConfigurationHandler>("IHardwareConfigurationHandler");
+    add<SimulatedRecoveryController>("RecoveryController");
+    add<SimulatedLoopController>("ILoopController");
+    add<SimulatedRouteUpdater>("IRouteUpdater");
+    // sic: one handler, with a full stop in its name
+    add<SimulatedOutputPowerHandler>("IOutputPowerHandler.1", 1);
+    for (const auto& channel : m_state->channels) {
+        addChannel(channel.number);
+    }
+}
+
+void SimulatedNode::addChannel(unsigned number)
+{
+    const auto name = [number](const char* base) { return IInterface::interfaceName(base, number); };
+    add<SimulatedAcmHandler>(name("IAcmHandler"), number);
+    add<SimulatedDspApi>(name("IDspApi"), number);
+    add<SimulatedSystemPowerController>(name("ISystemPowerController"), number);
+    add<SimulatedOutputPowerController>(name("IOutputPowerController"), number);
+    add<SimulatedOutputPowerCalculator>(name("IOutputPowerCalculator"), number);
+    add<SimulatedTapsController>(name("ITapsController"), number);
+    add<SimulatedFrequencyController>(name("IFrequencyController"), number);
+    add<SimulatedTxIQImbalanceHandler>(name("ITxIQImbalanceHandler"), number);
+    add<SimulatedRssiHandler>(name("IRssiHandler"), number);
+    add<SimulatedCapabilityHandler>(name("ICapabilityHandler"), number);
+    add<SimulatedRadioCapability>(name("IRadioCapability"), number);
+    add<SimulatedCcdpController>(name("ICcdpController"), number);
+    add<SimulatedMimoController>(name("IMimoController"), number);
+    add<SimulatedBasebandSdcController>(name("IBasebandSdcController"), number);
+    add<SimulatedZyrRleHandler>(name("IZyrRleHandler"), number);
+    add<SimulatedAtpcController>(name("IAtpcController"), number);
+    add<SimulatedSpcSimulator>(name("ISpcSimulator"), number);
+    add<SimulatedTapsControllerLog>(name("ITapsControllerLog"), number);
+    add<SimulatedRauLatencyCalculator>(name("IRauLatencyCalculator"), number);
+    add<SimulatedSpaceDiversityCombinerController>(name("ISpaceDiversityCombinerController"), number);
+    add<SimulatedSpectrumDiagnosticsController>(name("ISpectrumDiagnosticsController"), number);
+    add<SimulatedIfLoopDriver>(name("IIfLoopDriver"), number);
+    // sic: no "_" in this name
+    add<SimulatedPpsController>("IPpsController" + std::to_string(number), number);
+    auto& rauHandler = add<SimulatedRauHandler>(name("IRauHandler"), number);
+    m_publications.emplace_back(name("IRadio"), rauHandler);
+}
+
+template <class Collaborator>
+Collaborator& SimulatedNode::add(const std::string& name, unsigned channel)
+{
+    auto owned = std::make_unique<Collaborator>(*m_state, channel);
+    auto& collaborator = *owned;
+    m_collaborators.push_back(std::move(owned));
+    m_publications.emplace_back(name, collaborator);
+    return collaborator;
+}
+
+void SimulatedNode::addClosingPhase()
+{
+    m_state->faults.registerCollaborator(closingPhaseOwner, closingPhaseOperations, true);
+    auto phase = [state = m_state.get()](std::uint32_t channel) -> std::uint32_t {
+        if (const auto code = state->faults.take(closingPhaseOwner, closingPhaseOperations[0], channel)) {
+            return *code;
+        }
+        const std::scoped_lock lock(state->mutex);
+        state->channel(channel).closingPhasesRun = true;
+        state->settle();
+        return 0;
+    };
+    m_closingPhase =
+        zyr_platform::ModuleManager::get().registerPhase(closingGroup, "simulated channel", std::move(phase));
+}
+
+NodeSnapshot SimulatedNode::snapshot() const
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    return {m_state->settings, m_state->dsp,          m_state->routes,
+            m_state->channels, m_state->alarms.all(), m_state->faults.list()};
+}
+
+ChannelState SimulatedNode::channel(unsigned number) const
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    return m_state->channel(number);
+}
+
+void SimulatedNode::shutdown()
+{
+    m_alarmHandler->shutdown();
+}
+
+template <class Value>
+void SimulatedNode::set(Value SimulatedNodeOptions::*setting, Value value)
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->settings.*setting = value;
+    m_state->settle();
+}
+
+void SimulatedNode::setCarrierAggregation(bool active)
+{
+    set(&SimulatedNodeOptions::carrierAggregation, active);
+}
+
+void SimulatedNode::setDuplexType(std::uint32_t duplexType)
+{
+    set(&SimulatedNodeOptions::duplexType, duplexType);
+}
+
+void SimulatedNode::setLongHaul(bool longHaul)
+{
+    set(&SimulatedNodeOptions::longHaul, longHaul);
+}
+
+void SimulatedNode::setTwoTransmitters(bool twoTransmitters)
+{
+    set(&SimulatedNodeOptions::twoTransmitters, twoTransmitters);
+}
+
+void SimulatedNode::setConfigurationBypassed(bool bypassed)
+{
+    set(&SimulatedNodeOptions::configurationBypassed, bypassed);
+}
+
+void SimulatedNode::setPathLoss_dBTenths(std::int32_t pathLoss)
+{
+    set(&SimulatedNodeOptions::pathLoss_dBTenths, pathLoss);
+}
+
+void SimulatedNode::setFarEndTransmits(bool transmits)
+{
+    set(&SimulatedNodeOptions::farEndTransmits, transmits);
+}
+
+void SimulatedNode::setRadioAvailable(unsigned channel, bool available)
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->channel(channel).radio.isAvailable = available;
+    m_state->settle();
+}
+
+} // namespace zyr_simulation

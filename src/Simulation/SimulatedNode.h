@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "FaultInjector.h"
+#include "HardwareVariables.h"
+#include "IInterface.h"
+#include "NodeSnapshot.h"
+#include "NodeState.h"
+#include "Publication.h"
+#include "Registration.h"
+#include "SimulatedAlarmHandler.h"
+#include "SimulatedNodeOptions.h"
+#include "TimeSource.h"
+
+namespace zyr_simulation
+{
+
+/// A radio-link node without hardware: it publishes every collaborator of the command layer, over one state,
+/// so that what one command sets another command sees.
+///
+/// It simulates the collaborators' contracts, not radio physics. Under a virtual time source its behaviour
+/// follows from the options and from what is called alone. All operations may be called from any thread; the
+/// node must outlive all calls of its collaborators, and the time source must outlive the node.
+class SimulatedNode
+{
+  public:
+    /// Builds the node and publishes its collaborators.
+    /// @throws std::invalid_argument if the options can't be
+    /// @throws std::runtime_error if a name is taken in the broker; nothing stays published then
+    SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time);
+
+    /// Releases the long polls and withdraws the collaborators.
+    ~SimulatedNode();
+
+    SimulatedNode(const SimulatedNode&) = delete;
+    SimulatedNode& operator=(const SimulatedNode&) = delete;
+
+    /// Lets operations of the collaborators fail.
+    FaultInjector& faults() { return m_state->faults; }
+
+    /// The node's alarm handler, for its count of hanging long polls.
+    const SimulatedAlarmHandler& alarmHandler() const { return *m_alarmHandler; }
+
+    /// The state of the whole node at this moment.
+    NodeSnapshot snapshot() const;
+
+    /// The state of one channel at this moment.
+    /// @throws std::out_of_range if the node has no such channel
+    ChannelState channel(unsigned number) const;
+
+    /// Releases all long polls, and lets none hang any more.
+    void shutdown();
+
+    // Settings, in force at once. Levels are in tenths of a dB.
+
+    void setCarrierAggregation(bool active);
+    void setDuplexType(std::uint32_t duplexType);
+    void setLongHaul(bool longHaul);
+    void setTwoTransmitters(bool twoTransmitters);
+    void setConfigurationBypassed(bool bypassed);
+    void setPathLoss_dBTenths(std::int32_t pathLoss);
+    void setFarEndTransmits(bool transmits);
+
+    /// Takes a channel's radio unit away, or brings it back.
+    /// @throws std::out_of_range if the node has no such channel
+    void setRadioAvailable(unsigned channel, bool available);
+
+  private:
+    void addCollaborators();
+    void addChannel(unsigned number);
+    void addClosingPhase();
+    template <class Collaborator>
+    Collaborator& add(const std::string& name, unsigned channel = 0);
+    template <class Value>
+    void set(Value SimulatedNodeOptions::*setting, Value value);
+
+    std::shared_ptr<NodeState> m_state;
+    std::vector<std::unique_ptr<IInterface>> m_collaborators;
+    // Withdrawn before the collaborators go.
+    std::list<zyr_platform::Publication> m_publications;
+    zyr_platform::Registration m_closingPhase;
+    std::optional<HardwareVariables> m_hardwareVariables;
+    SimulatedAlarmHandler* m_alarmHandler{nullptr};
+};
+
+} // namespace zyr_simulation

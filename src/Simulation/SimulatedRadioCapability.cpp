@@ -1,0 +1,26 @@
+#include "SimulatedRadioCapability.h"
+
+#include "RadioType.h"
+
+namespace zyr_simulation
+{
+
+zyr_top_api::FrequencyCapability SimulatedRadioCapability::getFrequencyCapability()
+{
+    return locked([&] {
+        auto capability = radioType(node().settings.radioType).frequencies;
+        capability.DuplexType = node().settings.duplexType;
+        return capability;
+    });
+}
+
+zyr_top_api::FeatureCapability SimulatedRadioCapability::getFeatureCapability()
+{
+    return locked([&] {
+        auto capability = radioType(node().settings.radioType).features;
+        capability.Is2T2R = node().settings.twoTransmitters;
+        return capability;
+    });
+}
+
+} // namespace zyr_simulation

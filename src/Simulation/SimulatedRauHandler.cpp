@@ -1,0 +1,134 @@
+#include "SimulatedRauHandler.h"
+
+#include "Processes.h"
+
+namespace zyr_simulation
+{
+
+using zyr_top_api::ERAUHResult;
+using zyr_top_api::ETIResult;
+using zyr_top_api::RadioRestartStatus;
+using zyr_top_api::RauPowerMode;
+
+namespace
+{
+
+constexpr unsigned first = 1;
+constexpr unsigned second = 2;
+constexpr unsigned both = 255;
+
+// A power mode has two bits for each transmitter.
+constexpr unsigned firstBits = 0x3;
+constexpr unsigned secondBits = 0xC;
+
+/// The bits of a transmitter's power mode, 0 for a number that names none.
+unsigned bitsOf(unsigned transmitter)
+{
+    switch (transmitter) {
+    case first:
+        return firstBits;
+    case second:
+        return secondBits;
+    case both:
+        return firstBits | secondBits;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+bool SimulatedRauHandler::isAvailable()
+{
+    return locked([&] { return radio().isUp(); });
+}
+
+ERAUHResult SimulatedRauHandler::triggerRestart(unsigned /*restartType*/)
+{
+    return perform<ERAUHResult>("triggerRestart", [&] {
+        radio().restart = RadioRestartStatus::Restarting;
+        radio().restartEndsAt = node().settleAfter(radioRestartTime);
+    });
+}
+
+RadioRestartStatus SimulatedRauHandler::getRestartStatus()
+{
+    return locked([&] { return radio().restart; });
+}
+
+ERAUHResult SimulatedRauHandler::endRestart()
+{
+    return perform<ERAUHResult>("endRestart", [&] { radio().restart = RadioRestartStatus::Idle; });
+}
+
+bool SimulatedRauHandler::isPowerSupplied()
+{
+    return locked([&] { return radio().isPowerSupplied; });
+}
+
+ERAUHResult SimulatedRauHandler::setPowerSupplied(std::uint32_t value)
+{
+    return perform<ERAUHResult>("setPowerSupplied", [&] { radio().isPowerSupplied = value != 0; });
+}
+
+ETIResult SimulatedRauHandler::setActiveSubBand(unsigned char subBand)
+{
+    return perform<ETIResult>("setActiveSubBand", [&] {
+        if (!radio().isUp()) {
+            return zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED;
+        }
+        radio().subBand = subBand;
+        return zyr_top_api::eTI_S_OK;
+    });
+}
+
+ERAUHResult SimulatedRauHandler::setTxIfSwitch2T2R(unsigned mode, unsigned channelIndex)
+{
+    return perform<ERAUHResult>("setTxIfSwitch2T2R", [&] {
+        if (!radio().isUp()) {
+            return zyr_top_api::eRAUH_E_RADIO_NOT_UP;
+        }
+        if (!node().settings.twoTransmitters) {
+            return zyr_top_api::eRAUH_E_NOT_IMPLEMENTED;
+        }
+        radio().ifSwitchModes[channelIndex] = mode;
+        return zyr_top_api::eRAUH_S_OK;
+    });
+}
+
+ERAUHResult SimulatedRauHandler::setPowerMode(RauPowerMode mode)
+{
+    return perform<ERAUHResult>("setPowerMode", [&] {
+        const auto bits = bitsOf(mode.trxId);
+        if (bits == 0) {
+            return zyr_top_api::eRAUH_E_OUT_OF_RANGE;
+        }
+        if (!radio().isUp()) {
+            return zyr_top_api::eRAUH_E_RADIO_NOT_UP;
+        }
+        radio().powerMode = (radio().powerMode & ~bits) | (mode.powerMode & bits);
+        return zyr_top_api::eRAUH_S_OK;
+    });
+}
+
+ERAUHResult SimulatedRauHandler::getPowerMode(unsigned char trxId, unsigned char& powerMode)
+{
+    return perform<ERAUHResult>("getPowerMode", [&] {
+        const auto bits = bitsOf(trxId);
+        if (bits == 0) {
+            return zyr_top_api::eRAUH_E_OUT_OF_RANGE;
+        }
+        if (!radio().isUp()) {
+            return zyr_top_api::eRAUH_E_RADIO_NOT_UP;
+        }
+        powerMode = static_cast<unsigned char>(radio().powerMode & bits);
+        return zyr_top_api::eRAUH_S_OK;
+    });
+}
+
+bool SimulatedRauHandler::isRau2T2R()
+{
+    return locked([&] { return node().settings.twoTransmitters; });
+}
+
+} // namespace zyr_simulation

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "IInterface.h"
+#include "RecoveryController.h"
+#include "SimulatedCollaborator.h"
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations recoveryControllerOperations{"RecoveryController",
+                                                                     "startDspRecovery"};
+
+/// A recovery controller as it is published: the collaborator's interface has no common root.
+class PublishedRecoveryController : public IInterface,
+                                    public nord::zyr::services::recovery::RecoveryController
+{};
+
+/// Restarts the node's DSP.
+///
+/// The pending frame format type comes into force at once. The restart itself goes on behind the call, for
+/// `dspRecoveryWithoutConfigTime` or `dspRecoveryTime`; until it is over all links are down and the alarm
+/// "DspRecovery" is active. A full restart also begins all counts of received blocks anew. A start during a
+/// recovery begins the restart again.
+class SimulatedRecoveryController final
+    : public SimulatedCollaborator<PublishedRecoveryController, recoveryControllerOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    /// Refuses what is no recovery.
+    zyr_top_api::ETIResult startDspRecovery(zyr_top_api::Recover recover) override;
+};
+
+} // namespace zyr_simulation

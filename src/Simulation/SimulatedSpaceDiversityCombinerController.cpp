@@ -1,0 +1,109 @@
+#include "SimulatedSpaceDiversityCombinerController.h"
+
+#include "Processes.h"
+#include "RadioType.h"
+
+namespace zyr_simulation
+{
+
+using zyr_top_api::eTI_E_FAILED;
+using zyr_top_api::eTI_S_OK;
+using zyr_top_api::ETIResult;
+using zyr_top_api::SdcPath;
+using zyr_top_api::SdcStatus;
+
+namespace
+{
+
+constexpr char noHardwareError = '0';
+
+// In tenths of a dB; the delay is in samples.
+constexpr std::int32_t diversityLoss = 15;
+constexpr std::int32_t combiningGain = 25;
+constexpr std::int32_t calibratedDelay = 12;
+
+} // namespace
+
+bool SimulatedSpaceDiversityCombinerController::isThere() const
+{
+    return radioType(node().settings.radioType).features.SpaceDiversityCombinerCapable;
+}
+
+ETIResult SimulatedSpaceDiversityCombinerController::setSdcEnable(bool enable)
+{
+    return change("setSdcEnable", [&] {
+        sdc().operation = enable ? SdcStatus::InProgress : SdcStatus::Inactive;
+        sdc().operationEndsAt = node().settleAfter(sdcSwitchTime);
+        return eTI_S_OK;
+    });
+}
+
+SdcStatus SimulatedSpaceDiversityCombinerController::getSdcOperStatus()
+{
+    return locked([&] { return isThere() ? sdc().operation : SdcStatus::NoAnswer; });
+}
+
+ETIResult SimulatedSpaceDiversityCombinerController::setDadeCalibration(bool start)
+{
+    return change("setDadeCalibration", [&] {
+        sdc().dade = start ? SdcStatus::InProgress : SdcStatus::Inactive;
+        sdc().dadeEndsAt = node().settleAfter(dadeCalibrationTime);
+        return eTI_S_OK;
+    });
+}
+
+SdcStatus SimulatedSpaceDiversityCombinerController::getSdcDadeStatus()
+{
+    return locked([&] { return isThere() ? sdc().dade : SdcStatus::NoAnswer; });
+}
+
+ETIResult SimulatedSpaceDiversityCombinerController::setSdcPath(SdcPath path)
+{
+    return change("setSdcPath", [&] {
+        if (path != SdcPath::Main && path != SdcPath::Diversity && path != SdcPath::Auto) {
+            return eTI_E_FAILED;
+        }
+        sdc().path = path;
+        return eTI_S_OK;
+    });
+}
+
+SdcPath SimulatedSpaceDiversityCombinerController::getSdcActualPath()
+{
+    return locked([&] { return isThere() ? sdc().path : SdcPath::Invalid; });
+}
+
+void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwErrorSdcMain,
+                                                                   char& hwErrorSdcDiversity,
+                                                                   std::int32_t& sdcInputPowerMain,
+                                                                   std::int32_t& sdcInputPowerDiversity,
+                                                                   std::int32_t& sdcGain)
+{
+    locked([&] {
+        hwErrorSdcMain = noHardwareError;
+        hwErrorSdcDiversity = noHardwareError;
+        sdcInputPowerMain = channel().receiver.level;
+        sdcInputPowerDiversity = channel().receiver.level - diversityLoss;
+        const bool combines = sdc().operation == SdcStatus::Active && sdc().path == SdcPath::Auto;
+        sdcGain = combines ? combiningGain : 0;
+    });
+}
+
+ETIResult SimulatedSpaceDiversityCombinerController::setRlConfiguration(zyr_top_api::Modulation modulation,
+                                                                        std::int32_t spacingCode,
+                                                                        bool xpicEnabled)
+{
+    return change("setRlConfiguration", [&] {
+        sdc().maxModulation = modulation;
+        sdc().spacingCode = spacingCode;
+        sdc().xpicEnabled = xpicEnabled;
+        return eTI_S_OK;
+    });
+}
+
+std::int32_t SimulatedSpaceDiversityCombinerController::getSdcDadeDelay()
+{
+    return locked([&] { return sdc().dade == SdcStatus::Active ? calibratedDelay : 0; });
+}
+
+} // namespace zyr_simulation

@@ -1,0 +1,38 @@
+#include "SimulatedZyrRleHandler.h"
+
+namespace zyr_simulation
+{
+
+namespace
+{
+
+constexpr std::int32_t notEncrypted = 0;
+constexpr std::int32_t encrypted = 1;
+constexpr std::int32_t encryptedWithoutLink = 2;
+
+} // namespace
+
+std::int32_t SimulatedZyrRleHandler::getRleStatus()
+{
+    return locked([&] {
+        if (!channel().encryption.isEnabled) {
+            return notEncrypted;
+        }
+        return channel().receiver.isLinkUp ? encrypted : encryptedWithoutLink;
+    });
+}
+
+bool SimulatedZyrRleHandler::setRadioLinkEncryption(const std::string& masterKey,
+                                                    std::uint32_t txFrequency_kHz,
+                                                    std::uint32_t rxFrequency_kHz, bool enableRle)
+{
+    return perform<bool>("setRadioLinkEncryption", [&] {
+        if (enableRle && masterKey.empty()) {
+            return false;
+        }
+        channel().encryption = {enableRle, txFrequency_kHz, rxFrequency_kHz};
+        return true;
+    });
+}
+
+} // namespace zyr_simulation

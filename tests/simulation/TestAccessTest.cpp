@@ -1,0 +1,371 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "IAtpcController.h"
+#include "IIfLoopDriver.h"
+#include "ILoopController.h"
+#include "IOutputPowerHandler.h"
+#include "IRauLatencyCalculator.h"
+#include "IRouteUpdater.h"
+#include "ISpaceDiversityCombinerController.h"
+#include "ISpcSimulator.h"
+#include "ISpectrumDiagnosticsController.h"
+#include "ITapsControllerLog.h"
+#include "RecoveryController.h"
+#include "SimulationFixture.h"
+
+namespace
+{
+
+using namespace std::chrono_literals;
+using nord::zyr::loops::ILoopController;
+using zyr_top_api::RouteType;
+using zyr_top_api::SdcPath;
+using zyr_top_api::SdcStatus;
+using zyr_top_api::SpectrumDiagnosticsResult;
+using zyr_top_api::TapsLogData;
+using enum zyr_top_api::ModulationAndCoding;
+
+class TestAccessTest : public SimulationFixture
+{
+  protected:
+    static ILoopController& loops() { return require<ILoopController>("ILoopController"); }
+    static ITapsControllerLog& tapsLog() { return require<ITapsControllerLog>("ITapsControllerLog", 1); }
+    static IOutputPowerHandler& chain() { return require<IOutputPowerHandler>("IOutputPowerHandler.1"); }
+    static ISpaceDiversityCombinerController& combiner()
+    {
+        return require<ISpaceDiversityCombinerController>("ISpaceDiversityCombinerController", 1);
+    }
+    static ISpectrumDiagnosticsController& spectrum()
+    {
+        return require<ISpectrumDiagnosticsController>("ISpectrumDiagnosticsController", 1);
+    }
+
+    /// All loops with their state, one in a line.
+    static std::string loopStates()
+    {
+        std::vector<zyr_top_api::LoopStatePair> states;
+        EXPECT_EQ(loops().getLoops(states), 0U);
+        std::string text;
+        for (const auto& state : states) {
+            text += state.loopName + (state.closed ? " closed\n" : " open\n");
+        }
+        return text;
+    }
+
+    static std::vector<SpectrumDiagnosticsResult> scanned(int capacity = 500)
+    {
+        std::vector<SpectrumDiagnosticsResult> results(500);
+        EXPECT_EQ(spectrum().getResult(capacity, results.data()), 0U);
+        results.resize(static_cast<std::size_t>(capacity));
+        return results;
+    }
+};
+
+TEST_F(TestAccessTest, loopsAreSetByNameAndCutTheFarEndOff)
+{
+    configure(1);
+    EXPECT_EQ(loopStates(), "IfLoop1 open\nRfLoop1 open\nIfLoop2 open\nRfLoop2 open\n");
+    EXPECT_EQ(loops().setLoop("RfLoop1", true), 0U);
+    EXPECT_EQ(loopStates(), "IfLoop1 open\nRfLoop1 closed\nIfLoop2 open\nRfLoop2 open\n");
+    EXPECT_FALSE(dspStatus(1).isLinkUp());
+    EXPECT_EQ(loops().setLoop("RfLoop1", false), 0U);
+    EXPECT_TRUE(dspStatus(1).isLinkUp());
+    EXPECT_EQ(loops().setLoop("RfLoop3", true), 0x8008U);
+    startNode({.channels = 1, .radioType = 3});
+    EXPECT_EQ(loopStates(), "IfLoop1 open\n");
+    EXPECT_EQ(loops().setLoop("RfLoop1", true), 0x8008U);
+}
+
+TEST_F(TestAccessTest, ifLoopIsTheSameForDriverAndController)
+{
+    auto& driver = require<IIfLoopDriver>("IIfLoopDriver", 2);
+    unsigned char loop = 9;
+    EXPECT_EQ(driver.getIfLoop(loop), 0);
+    EXPECT_EQ(loop, 0);
+    EXPECT_EQ(driver.setIfLoop(true), 0);
+    EXPECT_EQ(loopStates(), "IfLoop1 open\nRfLoop1 open\nIfLoop2 closed\nRfLoop2 open\n");
+    EXPECT_EQ(driver.getIfLoop(loop), 0);
+    EXPECT_EQ(loop, 1);
+}
+
+TEST_F(TestAccessTest, routesAreKeptByTypeAndChannel)
+{
+    auto& updater = require<IRouteUpdater>("IRouteUpdater");
+    EXPECT_EQ(updater.updateRoute({{1, 7}}, RouteType::RcchToPhyRccMap), 0U);
+    EXPECT_EQ(updater.updateRoute({{1, 8}}, RouteType::RcchToRfPortMap), 0U);
+    EXPECT_EQ(updater.updateRoute({{1, 9}}, RouteType::RcchToPhyRccMap), 0U);
+    const auto routes = node().snapshot().routes;
+    ASSERT_EQ(routes.size(), 2U);
+    EXPECT_EQ(routes.at({RouteType::RcchToPhyRccMap, 1}), 9U);
+    EXPECT_EQ(routes.at({RouteType::RcchToRfPortMap, 1}), 8U);
+}
+
+TEST_F(TestAccessTest, tapsLogTakesASampleInEachPeriod)
+{
+    configure(1);
+    transmit(1, 50, 100);
+    TapsLogData sample;
+    EXPECT_EQ(tapsLog().readSample(sample), 0x8000U) << "nothing was logged";
+    EXPECT_EQ(tapsLog().setLogPeriod(0), 0x8000U);
+    EXPECT_EQ(tapsLog().setLogPeriod(5), 0U);
+    EXPECT_EQ(tapsLog().startLog(), 0U);
+    EXPECT_TRUE(tapsLog().isLogActive());
+    time().advance(14s);
+    EXPECT_EQ(tapsLog().stopLog(), 0U);
+    time().advance(1min);
+    EXPECT_EQ(tapsLog().readSample(sample), 0U);
+    EXPECT_EQ(sample.samplesRemaining, 2);
+    EXPECT_EQ(sample.timeStamp, "300 ms");
+    EXPECT_EQ(sample.minPowerOut, 50);
+    EXPECT_EQ(sample.maxPowerOut, 100);
+    EXPECT_TRUE(sample.atpcEnabled);
+    EXPECT_EQ(sample.dspMaxRateMbit, 571);
+    EXPECT_EQ(sample.dspMinRateMbit, 95);
+    EXPECT_EQ(tapsLog().readSample(sample), 0U);
+    EXPECT_EQ(sample.timeStamp, "5300 ms");
+    unsigned period = 0;
+    EXPECT_EQ(tapsLog().getLogPeriod(period), 0U);
+    EXPECT_EQ(period, 5U);
+    EXPECT_EQ(tapsLog().dumpLogToFile(), 0x8000U);
+    EXPECT_EQ(tapsLog().startLog(), 0U);
+    EXPECT_EQ(tapsLog().readSample(sample), 0U);
+    EXPECT_EQ(sample.samplesRemaining, 0) << "the earlier samples are dropped";
+}
+
+TEST_F(TestAccessTest, simulatorKeepsTheObjectUntilItIsReleased)
+{
+    auto& simulator = require<ISpcSimulator>("ISpcSimulator", 1);
+    auto& atpc = require<IAtpcController>("IAtpcController", 1);
+    EXPECT_NE(atpc.getSimulatedObject(), nullptr);
+    EXPECT_NE(atpc.getSimulatedObject(), require<IAtpcController>("IAtpcController", 2).getSimulatedObject());
+    EXPECT_EQ(simulator.simulate(3, 0, 1, 0, 1), 0x8000U);
+    EXPECT_EQ(simulator.simulate(0, -800, -300, -800, 6), 0U);
+    EXPECT_FALSE(simulator.isSimulating());
+    simulator.setSimulated(atpc.getSimulatedObject(), true);
+    EXPECT_EQ(simulator.simulate(2, -100000, -100000, -100000.0, -100000.0), 0U);
+    EXPECT_TRUE(simulator.isSimulating());
+    EXPECT_EQ(simulator.getSimulatedObject(), atpc.getSimulatedObject());
+    atpc.release(simulator.getSimulatedObject());
+    EXPECT_FALSE(simulator.isSimulating());
+    simulator.setSimulated(atpc.getSimulatedObject(), false);
+    EXPECT_EQ(simulator.getSimulatedObject(), nullptr);
+}
+
+TEST_F(TestAccessTest, atpcKeepsItsGainsAndKnowsTheTarget)
+{
+    auto& atpc = require<IAtpcController>("IAtpcController", 1);
+    atpc.setGain(3, 1200.0);
+    EXPECT_EQ(atpc.getGain(3), 1200.0);
+    EXPECT_EQ(atpc.getGain(4), 0.0);
+    transmit(1, 0, 100, -450);
+    EXPECT_EQ(atpc.getTargetInputPower(), -450);
+}
+
+TEST_F(TestAccessTest, secondCompensationNeedsARecoveryBefore)
+{
+    configure(1);
+    auto& calculator = require<IRauLatencyCalculator>("IRauLatencyCalculator", 1);
+    zyr_top_api::RauLatencyRequest request;
+    request.group2 = {.value = 40, .hasValue = 1};
+    request.group5 = {.value = 100, .hasValue = 1};
+    request.group6 = {.value = 900, .hasValue = 0};
+    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0U);
+    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0x8013U);
+    EXPECT_EQ(require<nord::zyr::services::recovery::RecoveryController>("RecoveryController")
+                  .startDspRecovery(zyr_top_api::Recover::Dsp),
+              0U);
+    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0U);
+
+    bool first = false;
+    bool isValid = true;
+    std::uint32_t third = 0;
+    std::uint32_t latency = 1;
+    EXPECT_EQ(calculator.getCurrentLatency(first, isValid, third, latency), 0U);
+    EXPECT_FALSE(isValid) << "the DSP recovers";
+    EXPECT_EQ(latency, 0U);
+    time().advance(5s);
+    EXPECT_EQ(calculator.getCurrentLatency(first, isValid, third, latency), 0U);
+    EXPECT_TRUE(isValid);
+    EXPECT_EQ(latency, 26'778U);
+}
+
+TEST_F(TestAccessTest, compensationIsRefusedByARadioThatCannot)
+{
+    startNode({.radioType = 3});
+    EXPECT_EQ(
+        require<IRauLatencyCalculator>("IRauLatencyCalculator", 1).calculateAndSetDspDelayCompensation({}),
+        0x8000U);
+}
+
+TEST_F(TestAccessTest, transmitterChainKeepsWhatATestSets)
+{
+    std::int32_t value = 0;
+    EXPECT_EQ(chain().setTxRfGain(301), 0xA100U);
+    EXPECT_EQ(chain().setTxRfGain(120), 0U);
+    EXPECT_EQ(chain().getTxRfGain(value), 0U);
+    EXPECT_EQ(value, 120);
+    EXPECT_EQ(chain().getReducedGain(6, value), 0U);
+    EXPECT_EQ(value, 60);
+    EXPECT_EQ(chain().getReducedGain(0, value), 0xA100U);
+    EXPECT_EQ(chain().getReducedGain(7, value), 0xA100U);
+    EXPECT_FALSE(chain().isBarOn());
+    EXPECT_EQ(chain().setBarOn(true), 0U);
+    EXPECT_TRUE(chain().isBarOn());
+    EXPECT_FALSE(chain().isTxIfBarOn());
+    EXPECT_EQ(chain().setTxIfBarOn(true), 0U);
+    EXPECT_TRUE(chain().isTxIfBarOn());
+    EXPECT_EQ(chain().setTxIfOutputPower(-48), 0U);
+    EXPECT_EQ(chain().getTxIfOutputPower(value), 0U);
+    EXPECT_EQ(value, -48);
+    EXPECT_EQ(chain().getDacValue(value), 0U);
+    EXPECT_EQ(value, 2000);
+    EXPECT_EQ(chain().setTxIfOutputPower(2'000'000'000), 0U);
+    EXPECT_EQ(chain().getDacValue(value), 0U);
+    EXPECT_EQ(value, 4095);
+}
+
+TEST_F(TestAccessTest, detectorsSeeThePowerThatIsSent)
+{
+    configure(1);
+    transmit(1, 0, 90);
+    std::int32_t detected = 0;
+    bool usingHigh = true;
+    std::int32_t toHigh = 0;
+    std::int32_t toLow = 0;
+    EXPECT_EQ(chain().testGetDetectedPower(detected), 0U);
+    EXPECT_EQ(detected, 90);
+    EXPECT_EQ(chain().testGetDetectorInUse(usingHigh, toHigh, toLow), 0U);
+    EXPECT_FALSE(usingHigh);
+    EXPECT_EQ(toHigh, 100);
+    EXPECT_EQ(toLow, 80);
+    transmit(1, 0, 100);
+    EXPECT_EQ(chain().testGetDetectorInUse(usingHigh, toHigh, toLow), 0U);
+    EXPECT_TRUE(usingHigh);
+    zyr_top_api::TxDetectorData data;
+    data.highDetector = 1;
+    EXPECT_EQ(chain().testGetDetectorData(data), 0U);
+    EXPECT_EQ(data.highDetector, 1);
+    EXPECT_EQ(data.detectedPower, 100);
+    EXPECT_EQ(data.adcValue, 2148);
+}
+
+TEST_F(TestAccessTest, radioWithoutCombinerAnswersNothing)
+{
+    EXPECT_EQ(combiner().setSdcEnable(true), 0x8000U);
+    EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::NoAnswer);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::NoAnswer);
+    EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Invalid);
+}
+
+TEST_F(TestAccessTest, combinerTakesItsTime)
+{
+    startNode({.radioType = 3});
+    EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::Inactive);
+    EXPECT_EQ(combiner().setSdcEnable(true), 0U);
+    EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::InProgress);
+    time().advance(500ms);
+    EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::Active);
+    EXPECT_EQ(combiner().setDadeCalibration(true), 0U);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::InProgress);
+    EXPECT_EQ(combiner().getSdcDadeDelay(), 0);
+    time().advance(2s);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Active);
+    EXPECT_EQ(combiner().getSdcDadeDelay(), 12);
+    EXPECT_EQ(combiner().setDadeCalibration(false), 0U);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Inactive);
+    EXPECT_EQ(combiner().setSdcEnable(false), 0U);
+    EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::Inactive);
+}
+
+TEST_F(TestAccessTest, combinerGainsOnTheAutomaticPathOnly)
+{
+    startNode({.radioType = 3});
+    const auto gain = [] {
+        char main = 'x';
+        char diversity = 'x';
+        std::int32_t powerMain = 0;
+        std::int32_t powerDiversity = 0;
+        std::int32_t value = -1;
+        combiner().getSdcSignalStatus(main, diversity, powerMain, powerDiversity, value);
+        EXPECT_EQ(main, '0');
+        EXPECT_EQ(diversity, '0');
+        EXPECT_EQ(powerMain - powerDiversity, 15);
+        return value;
+    };
+    EXPECT_EQ(combiner().setSdcEnable(true), 0U);
+    time().advance(500ms);
+    EXPECT_EQ(gain(), 0);
+    EXPECT_EQ(combiner().setSdcPath(SdcPath::Auto), 0U);
+    EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Auto);
+    EXPECT_EQ(gain(), 25);
+    EXPECT_EQ(combiner().setSdcPath(SdcPath::Invalid), 0x8000U);
+    EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Auto);
+    EXPECT_EQ(combiner().setRlConfiguration(zyr_top_api::Modulation::QAM_256, 28, true), 0U);
+    EXPECT_EQ(node().channel(1).sdc.spacingCode, 28);
+}
+
+TEST_F(TestAccessTest, channelScanProgressesAndFindsTheFarEnd)
+{
+    startNode({.pathLoss_dBTenths = 600, .fading_dBTenths = 0});
+    EXPECT_EQ(spectrum().scanControl(0, 0), 0x8000U) << "no frequency yet";
+    configure(1, 102);
+    EXPECT_EQ(spectrum().getStatus(), 0);
+    EXPECT_EQ(spectrum().scanControl(0, 15), 0U);
+    EXPECT_EQ(spectrum().getStatus(), 2);
+    EXPECT_TRUE(scanned().empty());
+    time().advance(250ms);
+    EXPECT_EQ(scanned().size(), 10U);
+    EXPECT_EQ(spectrum().getProgress(), 24);
+    time().advance(1s);
+    EXPECT_EQ(spectrum().getStatus(), 4);
+    EXPECT_EQ(spectrum().getProgress(), 100);
+    const auto results = scanned();
+    ASSERT_EQ(results.size(), 41U);
+    EXPECT_EQ(results.front().Frequency, 14'966'000U);
+    EXPECT_EQ(results.back().Frequency, 14'994'000U);
+    EXPECT_EQ(results[20].Rssi, -400);
+    EXPECT_EQ(scanned(7).size(), 7U);
+    EXPECT_TRUE(scanned(-1).empty());
+    EXPECT_EQ(spectrum().scanControl(2, 0), 0U);
+    EXPECT_EQ(spectrum().getStatus(), 0);
+    EXPECT_EQ(spectrum().scanControl(3, 0), 0xA100U);
+}
+
+TEST_F(TestAccessTest, subBandScanFindsTheForeignCarrierToo)
+{
+    startNode({.pathLoss_dBTenths = 600, .fading_dBTenths = 0});
+    configure(1, 101);
+    EXPECT_EQ(spectrum().scanControl(1, 0), 0U);
+    EXPECT_EQ(spectrum().getStatus(), 1);
+    time().advance(2010ms);
+    EXPECT_EQ(spectrum().getStatus(), 3);
+    const auto results = scanned();
+    ASSERT_EQ(results.size(), 201U);
+    const auto count = [&](std::int32_t level) {
+        return std::ranges::count(results, level, &SpectrumDiagnosticsResult::Rssi);
+    };
+    EXPECT_EQ(count(-400), 23) << "14 MHz in steps of 600 kHz";
+    EXPECT_GT(count(-620), 0);
+    EXPECT_EQ(count(-400) + count(-620) + count(-965), 201);
+}
+
+TEST_F(TestAccessTest, scanPropertiesFollowTheRadio)
+{
+    EXPECT_FALSE(spectrum().getProperties().isSdcSupported);
+    node().setLongHaul(true);
+    EXPECT_TRUE(spectrum().getProperties().isLongHaul);
+    startNode({.radioType = 2});
+    EXPECT_TRUE(spectrum().getProperties().isRadioCarrierAggrCapable);
+    startNode({.radioType = 3});
+    EXPECT_TRUE(spectrum().getProperties().isSdcSupported);
+    node().setRadioAvailable(1, false);
+    EXPECT_EQ(spectrum().scanControl(1, 0), 0x8000U);
+}
+
+} // namespace
