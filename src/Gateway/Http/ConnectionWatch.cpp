@@ -1,0 +1,224 @@
+#include "ConnectionWatch.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+// Not netinet/tcp.h: its tcp_info ends before the count of bytes received.
+#include <linux/tcp.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace zyr_gateway
+{
+
+namespace
+{
+
+using Phase = ConnectionWatch::Connection::Phase;
+
+constexpr std::chrono::milliseconds lingerTime{2000};
+constexpr std::size_t maxLingering = 64;
+
+std::uint64_t bytesReceived(int socket)
+{
+    tcp_info info{};
+    socklen_t size = sizeof info;
+    const int result = getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size);
+    return result == 0 ? info.tcpi_bytes_received : 0;
+}
+
+/// Reads and throws away what has come, a megabyte at the most, so that a busy sender holds up nobody else.
+/// False when the other side has ended, or the connection is broken.
+bool discardInput(int socket)
+{
+    std::array<char, 16384> buffer; // NOLINT(*-member-init): nobody reads it
+    for (int round = 0; round < 64; ++round) {
+        const ssize_t count = recv(socket, buffer.data(), buffer.size(), MSG_DONTWAIT);
+        if (count <= 0) {
+            return count < 0 && (errno == EAGAIN || errno == EINTR);
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+ConnectionWatch::ConnectionWatch(const Limits& limits)
+    : limits_(limits), wakeEvent_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    if (wakeEvent_ < 0) {
+        throw std::system_error(errno, std::generic_category(), "eventfd");
+    }
+    thread_ = std::thread([this] { run(); });
+}
+
+ConnectionWatch::~ConnectionWatch()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    wake();
+    thread_.join();
+    for (const Lingering& lingering : lingering_) {
+        close(lingering.socket);
+    }
+    close(wakeEvent_);
+}
+
+ConnectionWatch::Connection* ConnectionWatch::opened(int socket)
+{
+    const std::lock_guard lock(mutex_);
+    const bool excess = connections_.size() >= limits_.maxConnections;
+    Connection* connection = &connections_.emplace_back(Connection{socket, excess});
+    wake();
+    return connection;
+}
+
+void ConnectionWatch::closing(Connection* connection)
+{
+    const std::lock_guard lock(mutex_);
+    if (connection->linger && lingering_.size() < maxLingering) {
+        // A second descriptor keeps the connection when the first is closed.
+        const int socket = fcntl(connection->socket, F_DUPFD_CLOEXEC, 0);
+        if (socket >= 0) {
+            shutdown(socket, SHUT_WR);
+            lingering_.push_back({socket, Clock::now() + lingerTime});
+            wake();
+        }
+    }
+    connections_.remove_if([&](const Connection& candidate) { return &candidate == connection; });
+}
+
+void ConnectionWatch::receiving(Connection& connection)
+{
+    const std::lock_guard lock(mutex_);
+    if (connection.phase == Phase::silent) {
+        enter(connection, Phase::receiving);
+    }
+}
+
+void ConnectionWatch::working(Connection& connection)
+{
+    const std::lock_guard lock(mutex_);
+    enter(connection, Phase::working);
+}
+
+void ConnectionWatch::answering(Connection& connection)
+{
+    const std::lock_guard lock(mutex_);
+    enter(connection, Phase::answering);
+}
+
+void ConnectionWatch::answered(Connection& connection, std::size_t requestSize)
+{
+    const std::lock_guard lock(mutex_);
+    connection.consumed =
+        limits_.encrypted ? bytesReceived(connection.socket) : connection.consumed + requestSize;
+    enter(connection, Phase::silent);
+}
+
+void ConnectionWatch::lingerAfter(Connection& connection)
+{
+    const std::lock_guard lock(mutex_);
+    connection.linger = !limits_.encrypted;
+}
+
+void ConnectionWatch::enter(Connection& connection, Phase phase)
+{
+    if (connection.phase != Phase::cut) {
+        connection.phase = phase;
+        connection.since = Clock::now();
+    }
+}
+
+void ConnectionWatch::run()
+{
+    std::vector<pollfd> list = waitList();
+    while (poll(list.data(), list.size(), waitTime()) >= 0 || errno == EINTR) {
+        std::uint64_t count = 0;
+        (void)!read(wakeEvent_, &count, sizeof count);
+        const std::lock_guard lock(mutex_);
+        if (ending_) {
+            return;
+        }
+        const Clock::time_point now = Clock::now();
+        sweep(now);
+        drain(now);
+        list = waitList();
+    }
+}
+
+/// To be called under the lock, or before the thread has company.
+std::vector<pollfd> ConnectionWatch::waitList()
+{
+    std::vector<pollfd> list{{wakeEvent_, POLLIN, 0}};
+    for (const Lingering& lingering : lingering_) {
+        list.push_back({lingering.socket, POLLIN, 0});
+    }
+    return list;
+}
+
+/// How long to sleep, in milliseconds: an eighth of the shorter limit, for ever when there is nothing to
+/// watch.
+int ConnectionWatch::waitTime()
+{
+    const std::lock_guard lock(mutex_);
+    if (connections_.empty() && lingering_.empty()) {
+        return -1;
+    }
+    const auto shorter = std::min(limits_.requestDeadline, limits_.idleTimeout).count();
+    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(shorter / 8, 5, 250));
+}
+
+void ConnectionWatch::sweep(Clock::time_point now)
+{
+    for (Connection& connection : connections_) {
+        if (isOverdue(connection, now)) {
+            shutdown(connection.socket, SHUT_RDWR);
+            connection.phase = Phase::cut;
+        }
+    }
+}
+
+bool ConnectionWatch::isOverdue(Connection& connection, Clock::time_point now) const
+{
+    if (connection.phase == Phase::silent && bytesReceived(connection.socket) > connection.consumed) {
+        connection.phase = Phase::receiving;
+        connection.since = now;
+    }
+    switch (connection.phase) {
+    case Phase::silent:
+        return now - connection.since > limits_.idleTimeout;
+    case Phase::receiving:
+    case Phase::answering:
+        return now - connection.since > limits_.requestDeadline;
+    default:
+        return false;
+    }
+}
+
+void ConnectionWatch::drain(Clock::time_point now)
+{
+    const auto done = [&](const Lingering& lingering) {
+        const bool over = !discardInput(lingering.socket) || now >= lingering.until;
+        if (over) {
+            close(lingering.socket);
+        }
+        return over;
+    };
+    lingering_.erase(std::remove_if(lingering_.begin(), lingering_.end(), done), lingering_.end());
+}
+
+void ConnectionWatch::wake() const
+{
+    const std::uint64_t one = 1;
+    (void)!write(wakeEvent_, &one, sizeof one);
+}
+
+} // namespace zyr_gateway

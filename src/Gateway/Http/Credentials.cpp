@@ -1,0 +1,193 @@
+#include "Credentials.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <crypt.h>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <openssl/crypto.h>
+#include <openssl/evp.h>
+#include <openssl/hmac.h>
+#include <openssl/rand.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace zyr_gateway
+{
+
+namespace
+{
+
+constexpr std::size_t maxFileSize = 1024UL * 1024UL;
+
+/// An open file; closes itself.
+class File
+{
+  public:
+    explicit File(const std::string& path) : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~File()
+    {
+        if (descriptor_ >= 0) {
+            close(descriptor_);
+        }
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    [[nodiscard]] int descriptor() const { return descriptor_; }
+
+  private:
+    int descriptor_;
+};
+
+/// Looks at the open file, not at its path, so that nobody can change it in between.
+void requirePrivate(const File& file, const std::string& path)
+{
+    struct stat status
+    {};
+    if (fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        throw CredentialsError("the credentials file " + path + " is not a regular file");
+    }
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        throw CredentialsError("the credentials file " + path +
+                               " can be read or written by others than its owner; run: chmod 600 " + path);
+    }
+}
+
+std::string contentOf(const std::string& path)
+{
+    const File file(path);
+    if (file.descriptor() < 0) {
+        throw CredentialsError("cannot open the credentials file " + path + ": " + std::strerror(errno));
+    }
+    requirePrivate(file, path);
+    std::string content;
+    std::array<char, 4096> buffer{};
+    ssize_t count = 0;
+    while ((count = read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
+        content.append(buffer.data(), static_cast<std::size_t>(count));
+        if (content.size() > maxFileSize) {
+            throw CredentialsError("the credentials file " + path + " is longer than 1 MiB");
+        }
+    }
+    if (count < 0) {
+        throw CredentialsError("cannot read the credentials file " + path + ": " + std::strerror(errno));
+    }
+    return content;
+}
+
+/// Takes the first line off the text.
+std::string_view nextLine(std::string_view& text)
+{
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
+}
+
+/// The crypt(3) hash of the password with the method and salt of `setting`; empty when there is none.
+std::string hashOf(std::string_view password, const std::string& setting)
+{
+    // 32 KiB: not for the stack. crypt_r wants it zeroed.
+    const auto work = std::make_unique<crypt_data>();
+    const char* hash = crypt_r(std::string(password).c_str(), setting.c_str(), work.get());
+    return hash == nullptr || hash[0] == '*' ? std::string() : std::string(hash);
+}
+
+bool equalInConstantTime(std::string_view a, std::string_view b)
+{
+    return a.size() == b.size() && CRYPTO_memcmp(a.data(), b.data(), a.size()) == 0;
+}
+
+} // namespace
+
+Credentials Credentials::fromFile(const std::string& path)
+{
+    const std::string content = contentOf(path);
+    std::string_view rest = content;
+    std::vector<User> users;
+    for (int number = 1; !rest.empty(); ++number) {
+        const std::string_view line = nextLine(rest);
+        if (line.empty() || line.starts_with('#')) {
+            continue;
+        }
+        const std::string where = "line " + std::to_string(number) + " of the credentials file " + path;
+        const std::size_t colon = line.find(':');
+        if (colon == 0 || colon == std::string_view::npos) {
+            throw CredentialsError(where + " is not of the form user:hash");
+        }
+        User user{std::string(line.substr(0, colon)), std::string(line.substr(colon + 1)), std::nullopt};
+        if (crypt_checksalt(user.hash.c_str()) != CRYPT_SALT_OK) {
+            throw CredentialsError(where + " holds no salted hash of a strong method; make one with: "
+                                           "mkpasswd --method=yescrypt, or openssl passwd -6");
+        }
+        if (std::any_of(users.begin(), users.end(), [&](const User& u) { return u.name == user.name; })) {
+            throw CredentialsError(where + " names a user for the second time");
+        }
+        users.push_back(std::move(user));
+    }
+    if (users.empty()) {
+        throw CredentialsError("the credentials file " + path + " names no user; add a line user:hash");
+    }
+    return Credentials(std::move(users));
+}
+
+Credentials::Credentials(std::vector<User> users) : users_(std::move(users))
+{
+    if (RAND_bytes(key_.data(), static_cast<int>(key_.size())) != 1) {
+        throw CredentialsError("the system gives no random numbers for the credentials");
+    }
+}
+
+Credentials::Credentials(Credentials&& other) noexcept : users_(std::move(other.users_)), key_(other.key_) {}
+
+Credentials::~Credentials()
+{
+    OPENSSL_cleanse(key_.data(), key_.size());
+}
+
+bool Credentials::isRemembered(std::string_view user, std::string_view password) const
+{
+    const Digest digest = digestOf(user, password);
+    const std::lock_guard lock(mutex_);
+    return std::any_of(users_.begin(), users_.end(), [&](const User& known) {
+        return known.accepted && CRYPTO_memcmp(known.accepted->data(), digest.data(), digest.size()) == 0;
+    });
+}
+
+bool Credentials::accepts(std::string_view user, std::string_view password) const
+{
+    const auto known =
+        std::find_if(users_.begin(), users_.end(), [&](const User& u) { return u.name == user; });
+    // Somebody's hash is computed for unknown users too, so that time does not tell which users exist.
+    const std::string& hash = known == users_.end() ? users_.front().hash : known->hash;
+    const bool same = equalInConstantTime(hashOf(password, hash), hash);
+    // crypt(3) would stop reading at a zero byte.
+    const bool whole = password.find('\0') == std::string_view::npos;
+    if (known == users_.end() || !same || !whole) {
+        return false;
+    }
+    const Digest digest = digestOf(user, password);
+    const std::lock_guard lock(mutex_);
+    known->accepted = digest;
+    return true;
+}
+
+Credentials::Digest Credentials::digestOf(std::string_view user, std::string_view password) const
+{
+    std::string text(user);
+    text += '\0';
+    text += password;
+    Digest digest{};
+    unsigned length = 0;
+    HMAC(EVP_sha256(), key_.data(), static_cast<int>(key_.size()),
+         reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data(), &length);
+    OPENSSL_cleanse(text.data(), text.size());
+    return digest;
+}
+
+} // namespace zyr_gateway

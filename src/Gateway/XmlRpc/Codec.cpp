@@ -1,0 +1,243 @@
+#include "Codec.h"
+
+#include "DocumentReader.h"
+#include "Scalars.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+namespace zyr_gateway
+{
+
+namespace
+{
+
+constexpr std::string_view declaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
+
+/// A character of UTF-8: how many bytes it takes, 0 when they are not valid, and which it is.
+struct Character
+{
+    std::size_t length = 0;
+    char32_t code = 0;
+};
+
+/// The length that the first byte announces, 0 when it cannot be a first byte.
+std::size_t announcedLength(unsigned char first)
+{
+    if (first < 0x80) {
+        return 1;
+    }
+    if (first >= 0xC2 && first <= 0xDF) {
+        return 2;
+    }
+    if (first >= 0xE0 && first <= 0xEF) {
+        return 3;
+    }
+    return first >= 0xF0 && first <= 0xF4 ? 4 : 0;
+}
+
+Character firstCharacter(std::string_view text)
+{
+    const auto first = static_cast<unsigned char>(text.front());
+    const std::size_t length = announcedLength(first);
+    if (length == 0 || length > text.size()) {
+        return {};
+    }
+    char32_t code = length == 1 ? first : first & (0x7FU >> length);
+    for (const char c : text.substr(1, length - 1)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xC0U) != 0x80U) {
+            return {};
+        }
+        code = (code << 6U) | (byte & 0x3FU);
+    }
+    const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+    return overlong ? Character{} : Character{length, code};
+}
+
+/// The characters that an XML 1.0 document can hold; surrogates are none of them.
+bool isXmlCharacter(char32_t code)
+{
+    return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
+           (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
+}
+
+void writeText(std::string& out, std::string_view text)
+{
+    for (const char c : carriableText(text)) {
+        switch (c) {
+        case '&':
+            out += "&amp;";
+            break;
+        case '<':
+            out += "&lt;";
+            break;
+        case '>':
+            out += "&gt;";
+            break;
+        case '\r':
+            out += "&#13;"; // raw, a reader would take it for a line feed
+            break;
+        default:
+            out += c;
+        }
+    }
+}
+
+void writeElement(std::string& out, std::string_view tag, std::string_view text)
+{
+    out.append("<").append(tag).append(">");
+    writeText(out, text);
+    out.append("</").append(tag).append(">");
+}
+
+void writeInteger(std::string& out, const Value& value)
+{
+    if (value.is_number_unsigned()) {
+        const auto number = value.get<std::uint64_t>();
+        writeElement(out, number <= INT32_MAX ? "int" : "i8", std::to_string(number));
+        return;
+    }
+    const auto number = value.get<std::int64_t>();
+    writeElement(out, number >= INT32_MIN && number <= INT32_MAX ? "int" : "i8", std::to_string(number));
+}
+
+void writeReal(std::string& out, double number)
+{
+    if (std::isfinite(number)) {
+        writeElement(out, "double", scalars::text(number));
+    } else {
+        out += "<nil/>";
+    }
+}
+
+void writeValue(std::string& out, const Value& value, std::size_t depth);
+
+void writeArray(std::string& out, const Value& array, std::size_t depth)
+{
+    out += "<array><data>";
+    for (const Value& element : array) {
+        writeValue(out, element, depth + 1);
+    }
+    out += "</data></array>";
+}
+
+void writeStruct(std::string& out, const Value& object, std::size_t depth)
+{
+    out += "<struct>";
+    for (const auto& [name, member] : object.get_ref<const Value::object_t&>()) {
+        out += "<member>";
+        writeElement(out, "name", name);
+        writeValue(out, member, depth + 1);
+        out += "</member>";
+    }
+    out += "</struct>";
+}
+
+void writeValue(std::string& out, const Value& value, std::size_t depth)
+{
+    if (depth > maxValueDepth) {
+        throw std::invalid_argument("values are nested deeper than " + std::to_string(maxValueDepth) +
+                                    " levels");
+    }
+    out += "<value>";
+    switch (value.type()) {
+    case Value::value_t::boolean:
+        writeElement(out, "boolean", value.get<bool>() ? "1" : "0");
+        break;
+    case Value::value_t::number_integer:
+    case Value::value_t::number_unsigned:
+        writeInteger(out, value);
+        break;
+    case Value::value_t::number_float:
+        writeReal(out, value.get<double>());
+        break;
+    case Value::value_t::string:
+        writeElement(out, "string", value.get_ref<const std::string&>());
+        break;
+    case Value::value_t::array:
+        writeArray(out, value, depth);
+        break;
+    case Value::value_t::object:
+        writeStruct(out, value, depth);
+        break;
+    default:
+        out += "<nil/>";
+    }
+    out += "</value>";
+}
+
+} // namespace
+
+MethodCall parseMethodCall(std::string_view xml)
+{
+    DocumentReader reader(DocumentReader::Element::methodCall);
+    reader.read(xml);
+    return std::move(reader.call);
+}
+
+MethodResponse parseMethodResponse(std::string_view xml)
+{
+    DocumentReader reader(DocumentReader::Element::methodResponse);
+    reader.read(xml);
+    return std::move(reader.response);
+}
+
+std::string writeMethodCall(const MethodCall& call)
+{
+    std::string out(declaration);
+    out += "<methodCall>";
+    writeElement(out, "methodName", call.method);
+    out += "<params>";
+    for (const Value& param : call.params) {
+        out += "<param>";
+        writeValue(out, param, 1);
+        out += "</param>";
+    }
+    out += "</params></methodCall>";
+    return out;
+}
+
+std::string writeResponse(const Value& value)
+{
+    std::string out(declaration);
+    out += "<methodResponse><params><param>";
+    writeValue(out, value, 1);
+    out += "</param></params></methodResponse>";
+    return out;
+}
+
+std::string writeFault(int code, std::string_view text)
+{
+    Value fault = Value::object();
+    fault["faultCode"] = code;
+    fault["faultString"] = std::string(text);
+    std::string out(declaration);
+    out += "<methodResponse><fault>";
+    writeValue(out, fault, 1);
+    out += "</fault></methodResponse>";
+    return out;
+}
+
+std::string carriableText(std::string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        const Character character = firstCharacter(text);
+        const std::size_t length = character.length == 0 ? 1 : character.length;
+        if (character.length == 0 || !isXmlCharacter(character.code)) {
+            out += replacementCharacter;
+        } else {
+            out += text.substr(0, length);
+        }
+        text.remove_prefix(length);
+    }
+    return out;
+}
+
+} // namespace zyr_gateway

@@ -1,0 +1,455 @@
+#include "DocumentReader.h"
+
+#include "Scalars.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <expat.h>
+#include <limits>
+#include <memory>
+#include <strings.h>
+#include <utility>
+
+namespace zyr_gateway
+{
+
+namespace
+{
+
+using Element = DocumentReader::Element;
+using Kind = XmlRpcError::Kind;
+
+constexpr std::size_t anywhere = std::numeric_limits<std::size_t>::max();
+
+/// Which element may stand in which, and after how many brothers.
+struct Place
+{
+    Element parent;
+    std::string_view tag;
+    Element element;
+    std::size_t position;
+};
+
+constexpr std::array places{
+    Place{Element::document, "methodCall", Element::methodCall, 0},
+    Place{Element::document, "methodResponse", Element::methodResponse, 0},
+    Place{Element::methodCall, "methodName", Element::methodName, 0},
+    Place{Element::methodCall, "params", Element::params, 1},
+    Place{Element::methodResponse, "params", Element::params, 0},
+    Place{Element::methodResponse, "fault", Element::fault, 0},
+    Place{Element::params, "param", Element::param, anywhere},
+    Place{Element::param, "value", Element::value, 0},
+    Place{Element::fault, "value", Element::value, 0},
+    Place{Element::data, "value", Element::value, anywhere},
+    Place{Element::array, "data", Element::data, 0},
+    Place{Element::structure, "member", Element::member, anywhere},
+    Place{Element::member, "name", Element::name, 0},
+    Place{Element::member, "value", Element::value, 1},
+    Place{Element::value, "int", Element::integer, 0},
+    Place{Element::value, "i4", Element::integer, 0},
+    Place{Element::value, "i8", Element::integer, 0},
+    Place{Element::value, "i2", Element::integer, 0},
+    Place{Element::value, "i1", Element::integer, 0},
+    Place{Element::value, "ex:i8", Element::integer, 0},
+    Place{Element::value, "boolean", Element::boolean, 0},
+    Place{Element::value, "string", Element::string, 0},
+    Place{Element::value, "double", Element::real, 0},
+    Place{Element::value, "dateTime.iso8601", Element::date, 0},
+    Place{Element::value, "base64", Element::base64, 0},
+    Place{Element::value, "nil", Element::nil, 0},
+    Place{Element::value, "ex:nil", Element::nil, 0},
+    Place{Element::value, "array", Element::array, 0},
+    Place{Element::value, "struct", Element::structure, 0},
+};
+
+/// What an element is called in messages, and what it must hold at its end.
+struct Trait
+{
+    std::string_view tag;
+    std::size_t minChildren;
+    bool takesText;
+    std::string_view wanted; ///< what is missing when there are too few children
+};
+
+/// In the order of `Element`.
+constexpr std::array<Trait, 20> traits{{
+    {"document", 1, false, "a root"},
+    {"methodCall", 1, false, "<methodName>"},
+    {"methodResponse", 1, false, "<params> or <fault>"},
+    {"methodName", 0, true, ""},
+    {"params", 0, false, ""},
+    {"param", 1, false, "<value>"},
+    {"fault", 1, false, "<value>"},
+    {"value", 0, true, ""},
+    {"array", 1, false, "<data>"},
+    {"data", 0, false, ""},
+    {"struct", 0, false, ""},
+    {"member", 2, false, "<name> and <value>"},
+    {"name", 0, true, ""},
+    {"int", 0, true, ""},
+    {"boolean", 0, true, ""},
+    {"double", 0, true, ""},
+    {"string", 0, true, ""},
+    {"dateTime.iso8601", 0, true, ""},
+    {"base64", 0, true, ""},
+    {"nil", 0, true, ""},
+}};
+
+constexpr const Trait& traitOf(Element element)
+{
+    return traits.at(static_cast<std::size_t>(element));
+}
+
+/// A name out of the document, fit for a message.
+std::string forMessage(std::string_view name)
+{
+    constexpr std::size_t longest = 64;
+    const bool whole = name.size() <= longest;
+    return carriableText(name.substr(0, longest)) + (whole ? "" : "...");
+}
+
+bool isBlank(std::string_view text)
+{
+    return scalars::trimmed(text).empty();
+}
+
+/// The tags that may stand in the parent, for a message.
+std::string acceptedIn(Element parent)
+{
+    std::string text;
+    for (const Place& place : places) {
+        if (place.parent == parent) {
+            text += (text.empty() ? "<" : ", <") + std::string(place.tag) + ">";
+        }
+    }
+    return text;
+}
+
+struct ParserDeleter
+{
+    void operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
+};
+
+} // namespace
+
+DocumentReader::DocumentReader(Element root) : root_(root)
+{
+    open(Element::document);
+}
+
+void DocumentReader::read(std::string_view xml)
+{
+    refuseOtherEncodings(xml);
+    const std::unique_ptr<XML_ParserStruct, ParserDeleter> parser(XML_ParserCreate(nullptr));
+    if (!parser) {
+        throw std::bad_alloc();
+    }
+    parser_ = parser.get();
+    connectHandlers();
+    const XML_Status status = XML_Parse(parser_, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
+    if (error_) {
+        std::rethrow_exception(error_);
+    }
+    if (status != XML_STATUS_OK) {
+        fail(Kind::malformed,
+             std::string("not well-formed XML: ") + XML_ErrorString(XML_GetErrorCode(parser_)));
+    }
+    parser_ = nullptr;
+}
+
+/// expat recognises UTF-16 by its first bytes, whatever the document declares.
+void DocumentReader::refuseOtherEncodings(std::string_view xml) const
+{
+    if (xml.size() > INT_MAX) {
+        fail(Kind::malformed, "the document is longer than 2 GiB");
+    }
+    const std::string_view start = xml.substr(0, 4);
+    const bool wideMark = start.starts_with("\xFE\xFF") || start.starts_with("\xFF\xFE");
+    if (wideMark || start.find('\0') != std::string_view::npos) {
+        fail(Kind::unsupportedEncoding, "the document is not in UTF-8 or US-ASCII");
+    }
+}
+
+/// An exception must not pass through expat, which is C: it waits here until the parser has returned.
+template <typename Step>
+void DocumentReader::guarded(Step step) noexcept
+{
+    // A stopped parser may still report an event or two.
+    if (error_) {
+        return;
+    }
+    try {
+        step();
+    } catch (...) {
+        error_ = std::current_exception();
+        XML_StopParser(parser_, XML_FALSE);
+    }
+}
+
+void DocumentReader::connectHandlers()
+{
+    XML_SetUserData(parser_, this);
+    XML_SetXmlDeclHandler(parser_, [](void* self, const char*, const char* encoding, int) {
+        auto& reader = *static_cast<DocumentReader*>(self);
+        reader.guarded([&] { reader.declared(encoding); });
+    });
+    XML_SetStartDoctypeDeclHandler(parser_, [](void* self, const char*, const char*, const char*, int) {
+        auto& reader = *static_cast<DocumentReader*>(self);
+        reader.guarded([&] {
+            reader.fail(Kind::dtdRefused, "a document type declaration is refused; XML-RPC needs none");
+        });
+    });
+    XML_SetElementHandler(
+        parser_,
+        [](void* self, const char* tag, const char**) {
+            auto& reader = *static_cast<DocumentReader*>(self);
+            reader.guarded([&] { reader.started(tag); });
+        },
+        [](void* self, const char*) {
+            auto& reader = *static_cast<DocumentReader*>(self);
+            reader.guarded([&] { reader.ended(); });
+        });
+    XML_SetCharacterDataHandler(parser_, [](void* self, const char* text, int length) {
+        auto& reader = *static_cast<DocumentReader*>(self);
+        reader.guarded([&] { reader.characters({text, static_cast<std::size_t>(length)}); });
+    });
+}
+
+void DocumentReader::declared(const char* encoding)
+{
+    if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0 || strcasecmp(encoding, "US-ASCII") == 0) {
+        return;
+    }
+    fail(Kind::unsupportedEncoding,
+         "the encoding " + forMessage(encoding) + " is not supported; UTF-8 and US-ASCII are");
+}
+
+void DocumentReader::started(const char* tag)
+{
+    Frame& parent = open_.back();
+    const std::string_view wantedTag = tag;
+    const auto* const place = std::find_if(places.begin(), places.end(), [&](const Place& candidate) {
+        return candidate.parent == parent.element && candidate.tag == wantedTag;
+    });
+    if (place == places.end() || (place->parent == Element::document && place->element != root_)) {
+        failUnexpected(parent.element, wantedTag);
+    }
+    if (place->position != anywhere && place->position != parent.children) {
+        fail(Kind::malformed, "<" + std::string(place->tag) + "> stands twice or in the wrong place in <" +
+                                  std::string(traitOf(parent.element).tag) + ">");
+    }
+    if (parent.element == Element::value && !isBlank(parent.text)) {
+        fail(Kind::malformed, "<value> holds both text and <" + std::string(place->tag) + ">");
+    }
+    ++parent.children;
+    open(place->element);
+}
+
+void DocumentReader::open(Element element)
+{
+    if (element == Element::value) {
+        if (++depth_ > maxValueDepth) {
+            fail(Kind::tooDeep, "values are nested deeper than " + std::to_string(maxValueDepth) + " levels");
+        }
+        if (++valueCount_ > maxValueCount) {
+            fail(Kind::tooManyValues, "there are more than " + std::to_string(maxValueCount) + " values");
+        }
+    }
+    Frame& frame = open_.emplace_back();
+    frame.element = element;
+    if (element == Element::data) {
+        frame.value = Value::array();
+    } else if (element == Element::structure) {
+        frame.value = Value::object();
+    }
+}
+
+void DocumentReader::characters(std::string_view text)
+{
+    Frame& frame = open_.back();
+    const bool typedValue = frame.element == Element::value && frame.children > 0;
+    if (traitOf(frame.element).takesText && !typedValue) {
+        frame.text += text;
+    } else if (!isBlank(text)) {
+        fail(Kind::malformed,
+             "text between the elements of <" + std::string(traitOf(frame.element).tag) + ">");
+    }
+}
+
+void DocumentReader::ended()
+{
+    Frame frame = std::move(open_.back());
+    open_.pop_back();
+    Frame& parent = open_.back();
+    const Trait& trait = traitOf(frame.element);
+    if (frame.children < trait.minChildren) {
+        fail(Kind::malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
+    }
+    switch (frame.element) {
+    case Element::methodName:
+        call.method = scalars::trimmed(frame.text);
+        if (call.method.empty()) {
+            fail(Kind::malformed, "<methodName> is empty; it must name a method");
+        }
+        break;
+    case Element::params:
+        if (root_ == Element::methodResponse && frame.children != 1) {
+            fail(Kind::malformed, "a response has exactly one <param>");
+        }
+        break;
+    case Element::fault:
+        endedFault(frame);
+        break;
+    case Element::value:
+        endedValue(frame, parent);
+        break;
+    case Element::data:
+    case Element::array:
+    case Element::structure:
+        parent.value = std::move(frame.value);
+        break;
+    case Element::name:
+        parent.memberName = std::move(frame.text);
+        break;
+    case Element::member:
+        endedMember(frame, parent);
+        break;
+    case Element::document:
+    case Element::methodCall:
+    case Element::methodResponse:
+    case Element::param:
+        break;
+    default:
+        endedScalar(frame, parent);
+        break;
+    }
+}
+
+void DocumentReader::endedValue(Frame& frame, Frame& parent)
+{
+    --depth_;
+    if (frame.children == 0) {
+        frame.value = std::move(frame.text);
+    }
+    deliverValue(frame, parent);
+}
+
+void DocumentReader::deliverValue(Frame& frame, Frame& parent)
+{
+    if (parent.element == Element::data) {
+        parent.value.push_back(std::move(frame.value));
+    } else if (parent.element == Element::param && root_ == Element::methodCall) {
+        call.params.push_back(std::move(frame.value));
+    } else if (parent.element == Element::param) {
+        response.value = std::move(frame.value);
+    } else {
+        parent.value = std::move(frame.value);
+    }
+}
+
+/// The names are kept in a set of their own, because looking a name up in the object takes as long as the
+/// object has members.
+void DocumentReader::endedMember(Frame& frame, Frame& parent)
+{
+    if (!parent.memberNames.insert(frame.memberName).second) {
+        fail(Kind::doubledMember,
+             "the member \"" + forMessage(frame.memberName) + "\" stands twice in one struct");
+    }
+    parent.value.get_ref<Value::object_t&>().emplace_back(std::move(frame.memberName),
+                                                          std::move(frame.value));
+}
+
+void DocumentReader::endedScalar(const Frame& frame, Frame& parent)
+{
+    parent.value = scalarOf(frame);
+}
+
+Value DocumentReader::scalarOf(const Frame& frame) const
+{
+    const std::string_view text = scalars::trimmed(frame.text);
+    const auto badValue = [&](const std::string& wanted) {
+        fail(Kind::badValue,
+             "the text of <" + std::string(traitOf(frame.element).tag) + "> is not " + wanted);
+    };
+    switch (frame.element) {
+    case Element::integer: {
+        const auto number = scalars::integer(text);
+        if (!number) {
+            badValue("a whole number from -9223372036854775808 to 9223372036854775807");
+        }
+        return *number;
+    }
+    case Element::boolean:
+        if (text != "0" && text != "1") {
+            badValue("0 or 1");
+        }
+        return text == "1";
+    case Element::real: {
+        double number = 0;
+        const scalars::RealOutcome outcome = scalars::real(text, number);
+        if (outcome == scalars::RealOutcome::notFinite) {
+            fail(Kind::notFinite, "the text of <double> is not a finite number that a double can hold");
+        }
+        if (outcome == scalars::RealOutcome::notANumber) {
+            badValue("a decimal number");
+        }
+        return number;
+    }
+    case Element::base64: {
+        auto bytes = scalars::base64(text);
+        if (!bytes) {
+            badValue("base64 with its padding");
+        }
+        return *std::move(bytes);
+    }
+    case Element::nil:
+        if (!text.empty()) {
+            badValue("empty");
+        }
+        return nullptr;
+    case Element::date:
+        return std::string(text);
+    default:
+        return frame.text;
+    }
+}
+
+void DocumentReader::endedFault(const Frame& frame)
+{
+    const Value& value = frame.value;
+    const bool shaped = value.is_object() && value.size() == 2 && value.contains("faultCode") &&
+                        value.contains("faultString") && value["faultCode"].is_number_integer() &&
+                        value["faultString"].is_string();
+    if (!shaped) {
+        fail(Kind::malformed, "a fault is a struct of an integer faultCode and a string faultString");
+    }
+    const auto code = value["faultCode"].get<std::int64_t>();
+    if (code < INT_MIN || code > INT_MAX) {
+        fail(Kind::badValue, "the faultCode is not a number of 32 bits");
+    }
+    response.fault = Fault{static_cast<int>(code), value["faultString"].get<std::string>()};
+}
+
+std::size_t DocumentReader::line() const
+{
+    return parser_ == nullptr ? 1 : static_cast<std::size_t>(XML_GetCurrentLineNumber(parser_));
+}
+
+void DocumentReader::fail(XmlRpcError::Kind kind, const std::string& text) const
+{
+    throw XmlRpcError(kind, line(), text);
+}
+
+void DocumentReader::failUnexpected(Element parent, std::string_view tag) const
+{
+    const std::string found = "<" + forMessage(tag) + ">";
+    if (parent == Element::document) {
+        fail(Kind::malformed, found + " is the root; it must be <" + std::string(traitOf(root_).tag) + ">");
+    }
+    const std::string accepted = acceptedIn(parent);
+    fail(Kind::malformed, found + " cannot stand in <" + std::string(traitOf(parent).tag) + ">" +
+                              (accepted.empty() ? "; only text can" : "; accepted: " + accepted));
+}
+
+} // namespace zyr_gateway

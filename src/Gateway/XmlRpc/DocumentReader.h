@@ -1,0 +1,103 @@
+#pragma once
+
+#include "Codec.h"
+
+#include <cstddef>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+struct XML_ParserStruct;
+
+namespace zyr_gateway
+{
+
+/// Reads one XML-RPC document as a stream of XML events.
+///
+/// The grammar is a table of which element may stand in which; everything open is on a stack whose height the
+/// grammar and `maxValueDepth` bound, so that no document can exhaust memory or the call stack.
+///
+/// An object reads one document and is then spent. The outcome is in `call` or `response`.
+class DocumentReader
+{
+  public:
+    /// The elements of the grammar. `document` is what holds the root.
+    enum class Element : unsigned char
+    {
+        document,
+        methodCall,
+        methodResponse,
+        methodName,
+        params,
+        param,
+        fault,
+        value,
+        array,
+        data,
+        structure,
+        member,
+        name,
+        integer,
+        boolean,
+        real,
+        string,
+        date,
+        base64,
+        nil
+    };
+
+    /// \param root the root that is wanted, `methodCall` or `methodResponse`
+    explicit DocumentReader(Element root);
+
+    /// Reads the whole document.
+    /// \throws XmlRpcError when it is not acceptable
+    void read(std::string_view xml);
+
+    MethodCall call;         ///< the outcome for the root `methodCall`
+    MethodResponse response; ///< the outcome for the root `methodResponse`
+
+  private:
+    /// An element that is open.
+    struct Frame // NOLINT(bugprone-exception-escape): moving a value does not throw
+    {
+        Element element;
+        std::size_t children = 0;
+        std::string text;
+        std::string memberName;
+        Value value;
+        std::unordered_set<std::string> memberNames;
+    };
+
+    void refuseOtherEncodings(std::string_view xml) const;
+    void connectHandlers();
+    template <typename Step>
+    void guarded(Step step) noexcept;
+
+    void declared(const char* encoding);
+    void started(const char* tag);
+    void characters(std::string_view text);
+    void ended();
+
+    void open(Element element);
+    void endedValue(Frame& frame, Frame& parent);
+    void deliverValue(Frame& frame, Frame& parent);
+    void endedMember(Frame& frame, Frame& parent);
+    void endedScalar(const Frame& frame, Frame& parent);
+    void endedFault(const Frame& frame);
+    [[nodiscard]] Value scalarOf(const Frame& frame) const;
+
+    [[nodiscard]] std::size_t line() const;
+    [[noreturn]] void fail(XmlRpcError::Kind kind, const std::string& text) const;
+    [[noreturn]] void failUnexpected(Element parent, std::string_view tag) const;
+
+    Element root_;
+    XML_ParserStruct* parser_ = nullptr;
+    std::vector<Frame> open_;
+    std::size_t depth_ = 0;
+    std::size_t valueCount_ = 0;
+    std::exception_ptr error_;
+};
+
+} // namespace zyr_gateway

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+namespace zyr_gateway
+{
+
+/// A document that is not acceptable XML-RPC.
+///
+/// The text says what was found, in which line, and what would have been right; it is fit for a fault. It
+/// quotes names out of the document, cut to a bearable length, but no values.
+class XmlRpcError : public std::runtime_error
+{
+  public:
+    /// What was wrong, for a caller that treats one cause differently from another.
+    enum class Kind
+    {
+        malformed,           ///< not well-formed XML, or not the shape of an XML-RPC document
+        badValue,            ///< the text of a scalar is not of the scalar's type, or outside 64 bits
+        notFinite,           ///< a double that is NaN, infinite, or beyond the range of a double
+        doubledMember,       ///< a struct with two members of one name
+        tooDeep,             ///< values nested deeper than `maxValueDepth`
+        tooManyValues,       ///< more than `maxValueCount` values
+        unsupportedEncoding, ///< neither UTF-8 nor US-ASCII
+        dtdRefused           ///< a document type declaration
+    };
+
+    /// \param line line in the document, counted from 1
+    XmlRpcError(Kind kind, std::size_t line, const std::string& text)
+        : std::runtime_error("line " + std::to_string(line) + ": " + text), kind_(kind), line_(line)
+    {}
+
+    /// The cause.
+    [[nodiscard]] Kind kind() const noexcept { return kind_; }
+
+    /// The line in the document, counted from 1.
+    [[nodiscard]] std::size_t line() const noexcept { return line_; }
+
+  private:
+    Kind kind_;
+    std::size_t line_;
+};
+
+} // namespace zyr_gateway

@@ -1,0 +1,707 @@
+#include "HttpServer.h"
+
+#include "HttpTestClient.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <gtest/gtest.h>
+#include <list>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+using namespace zyr_gateway;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+/// A request that is in order.
+std::string post(const std::string& body, const std::string& moreFields = "")
+{
+    return "POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n" + moreFields +
+           "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+}
+
+/// A request with the given request line and fields, without a body.
+std::string head(const std::string& line, const std::string& fields = "")
+{
+    return line + "\r\nHost: localhost\r\n" + fields + "\r\n";
+}
+
+HttpOptions quickOptions()
+{
+    HttpOptions options;
+    options.requestDeadline = 100ms;
+    options.idleTimeout = 300ms;
+    return options;
+}
+
+/// Answers at once: the method, the path, the media type and the body.
+void echo(const HttpRequest& request, const HttpServer::Answer& answer)
+{
+    answer({200, "text/xml",
+            request.method + " " + request.path + " " + request.contentType + " " + request.body});
+}
+
+/// Keeps requests and their answers for the test to give.
+class Desk
+{
+  public:
+    HttpServer::Handler handler()
+    {
+        return [this](HttpRequest request, HttpServer::Answer answer) {
+            const std::lock_guard lock(mutex_);
+            waiting_.emplace_back(std::move(request), std::move(answer));
+            changed_.notify_all();
+        };
+    }
+
+    /// Waits until so many requests are here.
+    bool waitFor(std::size_t count)
+    {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, 10s, [&] { return waiting_.size() >= count; });
+    }
+
+    std::size_t size()
+    {
+        const std::lock_guard lock(mutex_);
+        return waiting_.size();
+    }
+
+    /// Takes the oldest request's answer.
+    HttpServer::Answer take()
+    {
+        const std::lock_guard lock(mutex_);
+        HttpServer::Answer answer = std::move(waiting_.front().second);
+        waiting_.pop_front();
+        return answer;
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<std::pair<HttpRequest, HttpServer::Answer>> waiting_;
+};
+
+/// A server that answers at once.
+class HttpServerTest : public testing::Test
+{
+  protected:
+    HttpServerTest() { server_.start(); }
+
+    HttpTestClient::Answer ask(const std::string& request)
+    {
+        return HttpTestClient(server_.port()).ask(request);
+    }
+
+    HttpServer server_{HttpOptions{}, &echo};
+};
+
+} // namespace
+
+TEST_F(HttpServerTest, PostToBothPathsReachesTheHandler)
+{
+    const auto answer = ask(post("<x/>"));
+    EXPECT_EQ(answer.status, "200");
+    EXPECT_EQ(answer.body, "POST /RPC2 text/xml <x/>");
+    EXPECT_NE(answer.head.find("Content-Type: text/xml\r\n"), std::string::npos);
+    EXPECT_EQ(
+        ask("POST / HTTP/1.1\r\nHost: 127.0.0.1:99\r\nContent-Type: Application/XML; charset=\"UTF-8\"\r\n"
+            "Content-Length: 1\r\n\r\nx")
+            .body,
+        "POST / application/xml x");
+}
+
+TEST_F(HttpServerTest, EmptyBodyReachesTheHandler)
+{
+    EXPECT_EQ(ask(post("")).body, "POST /RPC2 text/xml ");
+}
+
+TEST_F(HttpServerTest, LongestBodyReachesTheHandlerWhole)
+{
+    const std::string body(524288, 'b');
+    EXPECT_EQ(ask(post(body)).body, "POST /RPC2 text/xml " + body);
+}
+
+TEST_F(HttpServerTest, OtherPathIs404)
+{
+    const auto answer = ask("POST /other HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
+                            "Content-Length: 1\r\n\r\nx");
+    EXPECT_EQ(answer.status, "404");
+    EXPECT_EQ(answer.body, "Nothing is served here; call /RPC2.\n");
+}
+
+TEST_F(HttpServerTest, OtherMethodIs405WithAllow)
+{
+    for (const std::string method : {"GET", "PUT", "DELETE", "OPTIONS"}) {
+        const auto answer = ask(head(method + " /RPC2 HTTP/1.1"));
+        EXPECT_EQ(answer.status, "405") << method;
+        EXPECT_NE(answer.head.find("Allow: POST\r\n"), std::string::npos) << method;
+    }
+}
+
+TEST_F(HttpServerTest, MissingLengthAndChunksAre411)
+{
+    EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\n")).status, "411");
+    EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nTransfer-Encoding: chunked\r\n") +
+                  "1\r\nx\r\n0\r\n\r\n")
+                  .status,
+              "411");
+}
+
+TEST_F(HttpServerTest, TooLongBodyIs413WithoutWaitingForIt)
+{
+    const auto answer =
+        ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nContent-Length: 524289\r\n"));
+    EXPECT_EQ(answer.status, "413");
+    EXPECT_EQ(answer.body, "The body is longer than 524288 bytes.\n");
+    EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nContent-Length: 99999999999999\r\n"))
+                  .status,
+              "413");
+}
+
+TEST_F(HttpServerTest, WhoSendsATooLongBodyWholeCanDoSoAndSeesTheAnswer)
+{
+    for (int round = 0; round < 5; ++round) {
+        HttpTestClient client(server_.port());
+        ASSERT_TRUE(client.send(
+            head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nContent-Length: 2000000\r\n")));
+        for (int piece = 0; piece < 200; ++piece) {
+            ASSERT_TRUE(client.send(std::string(10'000, 'b'))) << "round " << round << " piece " << piece;
+        }
+        EXPECT_EQ(client.answer().status, "413");
+        EXPECT_TRUE(client.readToEnd());
+    }
+}
+
+TEST_F(HttpServerTest, MissingOrOtherContentTypeIs415)
+{
+    EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Length: 0\r\n")).status, "415");
+    for (const std::string type :
+         {"text/plain", "application/json", "application/x-www-form-urlencoded", "text/xmlx",
+          "text/xml; charset=iso-8859-1", "text/xml;a=b; Charset=\"UTF-16\""}) {
+        EXPECT_EQ(
+            ask(head("POST /RPC2 HTTP/1.1", "Content-Type: " + type + "\r\nContent-Length: 0\r\n")).status,
+            "415")
+            << type;
+    }
+    for (const std::string type :
+         {"text/xml;charset=utf-8", "TEXT/XML ; charset=US-ASCII", "text/xml; a=b"}) {
+        EXPECT_EQ(
+            ask(head("POST /RPC2 HTTP/1.1", "Content-Type: " + type + "\r\nContent-Length: 0\r\n")).status,
+            "200")
+            << type;
+    }
+}
+
+TEST_F(HttpServerTest, HeaderUpTo8KibIsTakenAndMoreIs431)
+{
+    const std::string rest = post("");
+    const std::string pad(8192 - rest.size() - std::string("X-Pad: \r\n").size(), 'p');
+    EXPECT_EQ(ask(post("", "X-Pad: " + pad + "\r\n")).status, "200");
+    EXPECT_EQ(ask(post("", "X-Pad: " + pad + "p\r\n")).status, "431");
+    EXPECT_EQ(ask(post("", "X-Pad: " + std::string(20'000, 'p') + "\r\n")).status, "431");
+}
+
+TEST_F(HttpServerTest, HeaderWithoutEndIsRefused)
+{
+    HttpTestClient client(server_.port());
+    client.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nX-Pad: " + std::string(100'000, 'p'));
+    EXPECT_EQ(client.answer().status, "431");
+}
+
+TEST_F(HttpServerTest, HostOfAnotherNameIs400OnLoopback)
+{
+    const auto statusFor = [&](const std::string& fields) {
+        return ask("POST /RPC2 HTTP/1.1\r\n" + fields + "Content-Type: text/xml\r\nContent-Length: 0\r\n\r\n")
+            .status;
+    };
+    for (const std::string host :
+         {"localhost", "LOCALHOST:80", "127.0.0.1", "127.1.2.3:8080", "[::1]", "[::1]:1"}) {
+        EXPECT_EQ(statusFor("Host: " + host + "\r\n"), "200") << host;
+    }
+    for (const std::string host : {"evil.example", "localhost.evil.example", "10.0.0.1", "[::2]", "[::1",
+                                   "localhost:x", "localhost:", ""}) {
+        EXPECT_EQ(statusFor("Host: " + host + "\r\n"), "400") << host;
+    }
+    EXPECT_EQ(statusFor(""), "400");
+    EXPECT_EQ(statusFor("Host: localhost\r\nHost: localhost\r\n"), "400");
+}
+
+TEST_F(HttpServerTest, OldHttpNeedsNoHost)
+{
+    HttpTestClient client(server_.port());
+    EXPECT_EQ(
+        client.ask("POST /RPC2 HTTP/1.0\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n\r\nx").status,
+        "200");
+    EXPECT_TRUE(client.readToEnd());
+}
+
+TEST_F(HttpServerTest, DoubledContentLengthIs400)
+{
+    for (const std::string second : {"1", "2"}) {
+        HttpTestClient client(server_.port());
+        const auto answer = client.ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\n"
+                                                                   "Content-Length: 1\r\nContent-Length: " +
+                                                                       second + "\r\n") +
+                                       "xx");
+        EXPECT_EQ(answer.status, "400") << second;
+        EXPECT_TRUE(client.readToEnd());
+    }
+}
+
+TEST_F(HttpServerTest, AmbiguousOrMalformedLengthIs400)
+{
+    for (const std::string fields :
+         {"Content-Length: 1\r\nTransfer-Encoding: chunked\r\n", "Content-Length: x\r\n",
+          "Content-Length: -1\r\n", "Content-Length: +1\r\n", "Content-Length: 1, 1\r\n",
+          "Content-Length: \r\n"}) {
+        EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\n" + fields) + "x").status, "400")
+            << fields;
+    }
+}
+
+TEST_F(HttpServerTest, WhatIsNotHttpIsRefusedAndClosed)
+{
+    for (const std::string bytes : {"\r\n\r\nnonsense\r\n\r\n", "POST\r\n\r\n", "\x16\x03\x01\x02\r\n\r\n"}) {
+        HttpTestClient client(server_.port());
+        client.send(bytes);
+        const auto answer = client.answer();
+        EXPECT_TRUE(answer.status.empty() || answer.status[0] == '4' || answer.status[0] == '5')
+            << answer.status;
+        EXPECT_TRUE(client.readToEnd());
+    }
+    EXPECT_EQ(ask(post("x")).status, "200") << "the server lives";
+}
+
+TEST_F(HttpServerTest, ConnectionIsKeptForFurtherRequests)
+{
+    HttpTestClient client(server_.port());
+    for (const std::string body : {"a", "bb", "ccc"}) {
+        EXPECT_EQ(client.ask(post(body)).body, "POST /RPC2 text/xml " + body);
+    }
+}
+
+TEST_F(HttpServerTest, ConnectionFieldIsAList)
+{
+    for (const std::string list : {"close", "foo, Close", "keep-alive, close, x"}) {
+        HttpTestClient client(server_.port());
+        EXPECT_EQ(client.ask(post("x", "Connection: " + list + "\r\n")).status, "200") << list;
+        EXPECT_TRUE(client.readToEnd()) << list;
+        EXPECT_EQ(client.pending(), "") << list;
+    }
+    HttpTestClient client(server_.port());
+    EXPECT_EQ(client.ask(post("x", "Connection: foo, keep-alive\r\n")).status, "200");
+    EXPECT_EQ(client.ask(post("x")).status, "200");
+}
+
+TEST_F(HttpServerTest, ContinueIsSentToWhoAsksForIt)
+{
+    HttpTestClient client(server_.port());
+    client.send(head("POST /RPC2 HTTP/1.1",
+                     "Content-Type: text/xml\r\nExpect: 100-continue\r\nContent-Length: 1\r\n"));
+    EXPECT_EQ(client.answer().status, "100");
+    EXPECT_EQ(client.ask("x").status, "200");
+}
+
+TEST_F(HttpServerTest, BodyInManyPiecesIsPutTogether)
+{
+    HttpTestClient client(server_.port());
+    for (const char c : post("<methodCall/>")) {
+        ASSERT_TRUE(client.send(std::string(1, c)));
+    }
+    EXPECT_EQ(client.answer().body, "POST /RPC2 text/xml <methodCall/>");
+}
+
+TEST(HttpServerPipeliningTest, AnswersComeInTheOrderOfTheRequests)
+{
+    Desk desk;
+    HttpServer server(HttpOptions{}, desk.handler());
+    server.start();
+    HttpTestClient client(server.port());
+    client.send(post("1") + post("2") + post("3"));
+    for (const std::string body : {"one", "two", "three"}) {
+        ASSERT_TRUE(desk.waitFor(1));
+        EXPECT_EQ(desk.size(), 1U);
+        desk.take()({200, "text/xml", body});
+        EXPECT_EQ(client.answer().body, body);
+    }
+}
+
+TEST(HttpServerDeadlineTest, SlowHeaderIsCut)
+{
+    HttpOptions options = quickOptions();
+    options.idleTimeout = 60s;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    HttpTestClient client(server.port());
+    const auto start = std::chrono::steady_clock::now();
+    client.send("P");
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 100ms);
+    EXPECT_EQ(client.pending(), "");
+}
+
+TEST(HttpServerDeadlineTest, SlowBodyIsCut)
+{
+    HttpOptions options = quickOptions();
+    options.idleTimeout = 60s;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    HttpTestClient client(server.port());
+    const std::string request = post("0123456789");
+    client.send(request.substr(0, request.size() - 1));
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_EQ(client.pending(), "");
+}
+
+TEST(HttpServerDeadlineTest, WhoSendsByteAfterByteIsCutToo)
+{
+    HttpServer server(quickOptions(), &echo);
+    server.start();
+    HttpTestClient slow(server.port());
+    std::string request = post(std::string(100'000, 'x'));
+    std::size_t sent = 0;
+    // Another client's answer is the pause between two bytes.
+    while (sent < request.size() && slow.send(request.substr(sent, 1))) {
+        ++sent;
+        EXPECT_EQ(HttpTestClient(server.port()).ask(post("x")).status, "200");
+    }
+    EXPECT_LT(sent, request.size());
+}
+
+TEST(HttpServerDeadlineTest, BeginningOfASecondRequestHasTheDeadlineNotTheIdleTime)
+{
+    HttpOptions options = quickOptions();
+    options.idleTimeout = 60s;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    HttpTestClient together(server.port());
+    together.send(post("x") + "POST /RPC2 HT");
+    EXPECT_EQ(together.answer().status, "200");
+    EXPECT_TRUE(together.readToEnd());
+    HttpTestClient apart(server.port());
+    EXPECT_EQ(apart.ask(post("x")).status, "200");
+    apart.send("POST /RPC2 HT");
+    EXPECT_TRUE(apart.readToEnd());
+}
+
+TEST(HttpServerDeadlineTest, SilentConnectionHasTheIdleTime)
+{
+    HttpOptions options = quickOptions();
+    options.requestDeadline = 60s;
+    options.idleTimeout = 100ms;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    HttpTestClient fresh(server.port());
+    EXPECT_TRUE(fresh.readToEnd());
+    HttpTestClient used(server.port());
+    EXPECT_EQ(used.ask(post("x")).status, "200");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(used.readToEnd());
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 90ms);
+}
+
+TEST(HttpServerDeadlineTest, IdleTimeIsNotTheDeadline)
+{
+    HttpServer server(quickOptions(), &echo);
+    server.start();
+    HttpTestClient client(server.port());
+    EXPECT_EQ(client.ask(post("x")).status, "200");
+    HttpTestClient clock(server.port());
+    clock.send("P");
+    EXPECT_TRUE(clock.readToEnd()) << "the deadline has passed";
+    EXPECT_EQ(client.ask(post("y")).status, "200");
+}
+
+TEST(HttpServerDeadlineTest, AnswerMayTakeLongerThanAnyLimit)
+{
+    Desk desk;
+    HttpServer server(quickOptions(), desk.handler());
+    server.start();
+    HttpTestClient client(server.port());
+    client.send(post("x"));
+    ASSERT_TRUE(desk.waitFor(1));
+    HttpTestClient clock(server.port());
+    EXPECT_TRUE(clock.readToEnd()) << "the idle time has passed";
+    desk.take()({200, "text/xml", "late"});
+    EXPECT_EQ(client.answer().body, "late");
+}
+
+TEST(HttpServerDeadlineTest, WhoDoesNotTakeTheAnswerIsCut)
+{
+    constexpr std::size_t size = 64UL * 1024UL * 1024UL;
+    HttpServer server(quickOptions(), [&](const HttpRequest&, const HttpServer::Answer& answer) {
+        answer({200, "text/xml", std::string(size, 'x')});
+    });
+    server.start();
+    HttpTestClient client(server.port());
+    client.send(post("x"));
+    HttpTestClient clock(server.port());
+    EXPECT_TRUE(clock.readToEnd()) << "the idle time, three times the deadline, has passed";
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_LT(client.pending().size(), size);
+}
+
+TEST(HttpServerLimitTest, ConnectionOverTheLimitIsAnswered503)
+{
+    HttpOptions options;
+    options.maxConnections = 3;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    std::list<HttpTestClient> clients;
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(clients.emplace_back(server.port()).ask(post("x")).status, "200");
+    }
+    HttpTestClient excess(server.port());
+    const auto answer = excess.ask(post("x"));
+    EXPECT_EQ(answer.status, "503");
+    EXPECT_EQ(answer.body, "There are too many connections.\n");
+    EXPECT_TRUE(excess.readToEnd());
+    EXPECT_EQ(clients.front().ask(post("x")).status, "200");
+}
+
+TEST(HttpServerLimitTest, ThereAre128ConnectionsByDefault)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    server.start();
+    std::list<HttpTestClient> clients;
+    for (int i = 0; i < 128; ++i) {
+        ASSERT_EQ(clients.emplace_back(server.port()).ask(post("x")).status, "200") << i;
+    }
+    EXPECT_EQ(HttpTestClient(server.port()).ask(post("x")).status, "503");
+}
+
+TEST(HttpServerLimitTest, SixtyFourHangingRequestsHoldNobodyUp)
+{
+    Desk desk;
+    const auto hang = desk.handler();
+    HttpServer server(HttpOptions{}, [&](HttpRequest request, HttpServer::Answer answer) {
+        if (request.body == "hang") {
+            hang(std::move(request), std::move(answer));
+        } else {
+            echo(request, answer);
+        }
+    });
+    server.start();
+    std::list<HttpTestClient> hanging;
+    for (int i = 0; i < 64; ++i) {
+        hanging.emplace_back(server.port()).send(post("hang"));
+    }
+    ASSERT_TRUE(desk.waitFor(64));
+    std::list<HttpTestClient> others;
+    for (int i = 0; i < 64; ++i) {
+        others.emplace_back(server.port());
+    }
+    for (int round = 0; round < 5; ++round) {
+        for (HttpTestClient& other : others) {
+            ASSERT_EQ(other.ask(post("now")).body, "POST /RPC2 text/xml now");
+        }
+    }
+    for (HttpTestClient& client : hanging) {
+        desk.take()({200, "text/xml", "freed"});
+        EXPECT_EQ(client.answer().body, "freed");
+    }
+}
+
+TEST(HttpServerAnswerTest, AnswerMayComeFromAnyThreadWhileTheHandlerReturns)
+{
+    std::vector<std::thread> threads;
+    HttpServer server(HttpOptions{}, [&](HttpRequest request, HttpServer::Answer answer) {
+        threads.emplace_back([body = std::move(request.body), answer = std::move(answer)] {
+            answer({200, "text/xml", body});
+        });
+    });
+    server.start();
+    {
+        HttpTestClient client(server.port());
+        for (int i = 0; i < 500; ++i) {
+            ASSERT_EQ(client.ask(post(std::to_string(i))).body, std::to_string(i));
+        }
+    }
+    server.stop(0ms);
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+}
+
+TEST(HttpServerAnswerTest, OnlyTheFirstAnswerCounts)
+{
+    HttpServer server(HttpOptions{}, [](const HttpRequest&, const HttpServer::Answer& answer) {
+        answer({200, "text/xml", "first"});
+        answer({200, "text/xml", "second"});
+    });
+    server.start();
+    HttpTestClient client(server.port());
+    EXPECT_EQ(client.ask(post("x")).body, "first");
+    EXPECT_EQ(client.ask(post("x")).body, "first");
+}
+
+TEST(HttpServerAnswerTest, HandlerThatThrowsOrForgetsIs500)
+{
+    HttpServer server(HttpOptions{}, [](const HttpRequest& request, const HttpServer::Answer&) {
+        if (request.body == "throw") {
+            throw std::runtime_error("secret reason");
+        }
+    });
+    server.start();
+    HttpTestClient client(server.port());
+    const auto thrown = client.ask(post("throw"));
+    EXPECT_EQ(thrown.status, "500");
+    EXPECT_EQ(thrown.body, "The request has failed.\n");
+    const auto forgotten = client.ask(post("forget"));
+    EXPECT_EQ(forgotten.status, "500");
+    EXPECT_EQ(forgotten.body, "The request was not answered.\n");
+}
+
+TEST(HttpServerAnswerTest, ClientThatLeavesBeforeItsAnswerDoesNoHarm)
+{
+    Desk desk;
+    HttpServer server(HttpOptions{}, desk.handler());
+    server.start();
+    {
+        HttpTestClient client(server.port());
+        client.send(post("x"));
+        ASSERT_TRUE(desk.waitFor(1));
+    }
+    desk.take()({200, "text/xml", "for nobody"});
+    HttpTestClient client(server.port());
+    client.send(post("x"));
+    ASSERT_TRUE(desk.waitFor(1));
+    desk.take()({200, "text/xml", "here"});
+    EXPECT_EQ(client.answer().body, "here");
+}
+
+TEST(HttpServerStopTest, RunningRequestIsAnsweredWithinTheGrace)
+{
+    Desk desk;
+    HttpServer server(HttpOptions{}, desk.handler());
+    server.start();
+    HttpTestClient client(server.port());
+    client.send(post("x"));
+    ASSERT_TRUE(desk.waitFor(1));
+    std::thread stopper([&] { server.stop(10s); });
+    while (HttpTestClient(server.port()).connected()) {
+    }
+    desk.take()({200, "text/xml", "in time"});
+    const auto answer = client.answer();
+    EXPECT_EQ(answer.body, "in time");
+    EXPECT_NE(answer.head.find("Connection: close\r\n"), std::string::npos) << answer.head;
+    EXPECT_TRUE(client.readToEnd());
+    stopper.join();
+}
+
+TEST(HttpServerStopTest, StopEndsAsSoonAsAllIsAnswered)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    server.start();
+    HttpTestClient client(server.port());
+    EXPECT_EQ(client.ask(post("x")).status, "200");
+    const auto start = std::chrono::steady_clock::now();
+    server.stop(60s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+    EXPECT_TRUE(client.readToEnd());
+}
+
+TEST(HttpServerStopTest, RequestBeyondTheGraceIs503AndItsLateAnswerHarmless)
+{
+    Desk desk;
+    std::optional<HttpServer> server(std::in_place, HttpOptions{}, desk.handler());
+    server->start();
+    HttpTestClient client(server->port());
+    client.send(post("x"));
+    ASSERT_TRUE(desk.waitFor(1));
+    server->stop(0ms);
+    EXPECT_EQ(client.answer().status, "503");
+    const HttpServer::Answer late = desk.take();
+    late({200, "text/xml", "too late"});
+    server.reset();
+    late({200, "text/xml", "much too late"});
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_EQ(client.pending(), "");
+}
+
+TEST(HttpServerStopTest, AfterStopAcceptingOpenConnectionsGet503)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    server.start();
+    HttpTestClient client(server.port());
+    EXPECT_EQ(client.ask(post("x")).status, "200");
+    server.stopAccepting();
+    EXPECT_FALSE(HttpTestClient(server.port()).connected());
+    const auto answer = client.ask(post("x"));
+    EXPECT_EQ(answer.status, "503");
+    EXPECT_EQ(answer.body, "The server is stopping.\n");
+}
+
+TEST(HttpServerStopTest, StopIsHarmlessTwiceAndBeforeStart)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    server.stop(0ms);
+    HttpServer another(HttpOptions{}, &echo);
+    another.start();
+    another.stop(0ms);
+    another.stop(0ms);
+}
+
+TEST(HttpServerStartTest, BeyondLoopbackNeedsCredentials)
+{
+    for (const std::string address : {"0.0.0.0", "::", "192.0.2.1", "128.0.0.1", "::ffff:127.0.0.1"}) {
+        HttpOptions options;
+        options.address = address;
+        try {
+            const HttpServer server(std::move(options), &echo);
+            ADD_FAILURE() << address;
+        } catch (const HttpServerError& error) {
+            EXPECT_EQ(std::string(error.what()),
+                      "listening on " + address +
+                          " is open to other machines and needs --credentials FILE; TLS is recommended too: "
+                          "a TLS proxy, or --tls-cert FILE and --tls-key FILE");
+        }
+    }
+}
+
+TEST(HttpServerStartTest, AnyLoopbackAddressIsTaken)
+{
+    for (const std::string address : {"127.0.0.1", "127.0.0.2", "localhost", "::1"}) {
+        HttpOptions options;
+        options.address = address;
+        EXPECT_NO_THROW(HttpServer(std::move(options), &echo)) << address;
+    }
+}
+
+TEST(HttpServerStartTest, AddressMustBeNumeric)
+{
+    for (const std::string address : {"", "example.org", "127.0.0.1:80", "1.2.3"}) {
+        HttpOptions options;
+        options.address = address;
+        EXPECT_THROW(HttpServer(std::move(options), &echo), HttpServerError) << address;
+    }
+}
+
+TEST(HttpServerStartTest, TakenPortIsNamed)
+{
+    HttpServer first(HttpOptions{}, &echo);
+    first.start();
+    HttpOptions options;
+    options.port = first.port();
+    HttpServer second(std::move(options), &echo);
+    try {
+        second.start();
+        ADD_FAILURE();
+    } catch (const HttpServerError& error) {
+        EXPECT_EQ(std::string(error.what()), "cannot listen on 127.0.0.1 port " +
+                                                 std::to_string(first.port()) + ": Address already in use");
+    }
+}
+
+TEST(HttpServerStartTest, PortIsKnownAfterStart)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    EXPECT_EQ(server.port(), 0);
+    server.start();
+    EXPECT_NE(server.port(), 0);
+}

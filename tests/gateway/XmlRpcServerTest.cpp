@@ -1,0 +1,439 @@
+#include "XmlRpcServer.h"
+#include "AcmHandlerDouble.h"
+#include "Client.h"
+#include "CommandTest.h"
+#include "HttpTestClient.h"
+#include "IAlarmHandlerTopApi.h"
+#include "RecordError.h"
+#include "RegisteringModule.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace
+{
+
+using zyr_gateway::MethodResponse;
+using zyr_gateway::Value;
+using zyr_gateway::XmlRpcClient;
+using zyr_gateway::XmlRpcServer;
+
+constexpr ResultCode kReleased = 0x8015;
+
+// Its long polls hang until they are released.
+class HangingAlarmHandler : public IAlarmHandlerTopApi
+{
+  public:
+    ResultCode getAlarms(std::vector<zyr_top_api::AlarmEvent>& alarms) override
+    {
+        alarms = {{"LinkDown", true, 1, 2}};
+        return 0;
+    }
+    ResultCode getFastAlarms(std::vector<zyr_top_api::AlarmEvent>&) override
+    {
+        std::unique_lock lock(m_mutex);
+        const unsigned release = m_releases;
+        ++m_hanging;
+        m_changed.notify_all();
+        m_changed.wait(lock, [&] { return m_releases != release; });
+        --m_hanging;
+        return kReleased;
+    }
+    ResultCode releaseFastAlarmRequests() override
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_releases;
+        m_changed.notify_all();
+        return 0;
+    }
+    ResultCode getAlarmsByOption(std::int32_t, std::vector<zyr_top_api::AlarmEvent>&) override { return 0; }
+    ResultCode setAlarmEvents(const zyr_top_api::TiSetEventsCommand&) override { return 0; }
+
+    void waitForHanging(unsigned count)
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_hanging == count; });
+    }
+
+  private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    unsigned m_hanging = 0;
+    unsigned m_releases = 0;
+};
+
+class XmlRpcServerTest : public zyr_test::CommandTest
+{
+  protected:
+    XmlRpcServerTest()
+    {
+        publish("IAlarmHandlerTopApi", alarms);
+        publish(acm1);
+        publish(acm2);
+        open(false);
+    }
+
+    // Opens the commands and the server anew.
+    void open(bool enableTi)
+    {
+        server.reset();
+        module.reset();
+        module.emplace(zyr_registration::RegistrationOptions{.numberOfChannels = 2, .enableTi = enableTi});
+        server.emplace(zyr_gateway::HttpOptions{}, *module);
+    }
+
+    XmlRpcClient client() const
+    {
+        zyr_gateway::ClientOptions options;
+        options.url = "http://127.0.0.1:" + std::to_string(server->port()) + "/RPC2";
+        return XmlRpcClient(options);
+    }
+
+    MethodResponse call(const std::string& method, const std::vector<Value>& params = {}) const
+    {
+        return client().call({method, params});
+    }
+
+    // The value of a call that must succeed, as JSON.
+    std::string answer(const std::string& method, const std::vector<Value>& params = {}) const
+    {
+        const MethodResponse response = call(method, params);
+        return response.fault ? "fault " + response.fault->text : response.value.dump();
+    }
+
+    // The fault of a call: "<code> <text>".
+    std::string fault(const std::string& method, const std::vector<Value>& params = {}) const
+    {
+        const MethodResponse response = call(method, params);
+        return response.fault ? std::to_string(response.fault->code) + " " + response.fault->text
+                              : "no fault";
+    }
+
+    HangingAlarmHandler alarms;
+    zyr_test::AcmHandlerDouble acm1{transcript, "IAcmHandler_1"};
+    zyr_test::AcmHandlerDouble acm2{transcript, "IAcmHandler_2"};
+    std::optional<zyr_registration::RegisteringModule> module;
+    std::optional<XmlRpcServer> server;
+};
+
+// Long polls that hang in threads of their own, and what they brought.
+class LongPolls
+{
+  public:
+    template <class Call>
+    LongPolls(unsigned count, const Call& call) : outcomes(count)
+    {
+        for (unsigned index = 0; index < count; ++index) {
+            m_threads.emplace_back([this, index, call] { outcomes[index] = call(); });
+        }
+    }
+    ~LongPolls() { join(); }
+    LongPolls(const LongPolls&) = delete;
+    LongPolls& operator=(const LongPolls&) = delete;
+
+    void join()
+    {
+        for (std::thread& thread : m_threads) {
+            thread.join();
+        }
+        m_threads.clear();
+    }
+
+    std::vector<std::string> outcomes; // to be read after `join`
+
+  private:
+    std::vector<std::thread> m_threads;
+};
+
+TEST_F(XmlRpcServerTest, CommandIsCalledByItsWireName)
+{
+    server->start();
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}), R"({"tiResult":0})");
+    EXPECT_EQ(transcript.lines().back(), "IAcmHandler_2.enableAcm(true)");
+}
+
+TEST_F(XmlRpcServerTest, CommandWithoutFieldsTakesNothingOrAnEmptyStruct)
+{
+    server->start();
+    const std::string events = R"({"tiResult":0,"events":[{"eventName":"LinkDown","isActive":true,)"
+                               R"("numberOfTimesEventHasBeenActive":1,"radioChannelId":2}]})";
+    EXPECT_EQ(answer("CI.GetEvents"), events);
+    EXPECT_EQ(answer("CI.GetEvents", {Value::object()}), events);
+}
+
+TEST_F(XmlRpcServerTest, FailureOfACommandIsItsFault)
+{
+    acm1.onEnableAcm = 0x8000;
+    server->start();
+    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}),
+              "4 CRI.EnableAcm failed to enable ACM");
+}
+
+TEST_F(XmlRpcServerTest, RefusalsTellResultMethodAndMember)
+{
+    server->start();
+    EXPECT_EQ(fault("CRI.NoSuch"),
+              "1 eTI_E_METHOD_UNKNOWN: CRI.NoSuch: no such method, system.listMethods tells all of them");
+    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 1}}}),
+              "2 eTI_E_REQUIRED_INPUT_MISSING: CRI.EnableAcm: enable is missing, it takes a boolean");
+    EXPECT_EQ(fault("CRI.EnableAcm"), "2 eTI_E_REQUIRED_INPUT_MISSING: CRI.EnableAcm: channelId is missing, "
+                                      "it takes an integer from 1 to 2");
+    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 1}, {"enable", 1}}}),
+              "3 eTI_E_PARAMETER_TYPE_INVALID: CRI.EnableAcm: enable is 1, it takes a boolean");
+    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 3}, {"enable", true}}}),
+              "3 eTI_E_PARAMETER_INVALID: CRI.EnableAcm: channelId is 3, it takes an integer from 1 to 2");
+    EXPECT_EQ(fault("CI.GetEvents", {{{"all", true}}}),
+              "3 eTI_E_PARAMETER_INVALID: CI.GetEvents: all is not a member, accepted are: none");
+    EXPECT_EQ(
+        fault("CI.GetEvents", {1}),
+        "3 eTI_E_PARAMETER_TYPE_INVALID: CI.GetEvents: the parameter is no struct, it takes one struct");
+    EXPECT_EQ(fault("CI.GetEvents", {Value::object(), Value::object()}),
+              "3 eTI_E_PARAMETER_INVALID: CI.GetEvents: 2 parameters are given, it takes one struct");
+}
+
+TEST_F(XmlRpcServerTest, MalformedDocumentIsAFault)
+{
+    server->start();
+    const std::string body = "<methodCall>\n<methodName>CI.GetEvents</methodNam></methodCall>";
+    HttpTestClient raw(server->port());
+    const auto response = raw.ask(
+        "POST /RPC2 HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(server->port()) +
+        "\r\nContent-Type: text/xml\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
+    EXPECT_EQ(response.status, "200");
+    const MethodResponse parsed = zyr_gateway::parseMethodResponse(response.body);
+    ASSERT_TRUE(parsed.fault);
+    EXPECT_EQ(parsed.fault->code, 2);
+    EXPECT_TRUE(parsed.fault->text.starts_with("eTI_E_MALFORMED_REQUEST: line 2: ")) << parsed.fault->text;
+}
+
+TEST_F(XmlRpcServerTest, TestCommandsAreRefusedUntilTheirFamilyIsOpen)
+{
+    server->start();
+    EXPECT_EQ(fault("TI.GetEvents", {{{"requestOption", 0}}}), "4 Error: Command not available");
+    open(true);
+    server->start();
+    EXPECT_EQ(answer("TI.GetEvents", {{{"requestOption", 0}}}),
+              R"({"tiResult":0,"events":[],"requestOption":0})");
+}
+
+TEST_F(XmlRpcServerTest, MethodsAreListed)
+{
+    server->addMethod({.name = "SIM.Test", .help = "Tests."}, [](const Value&) { return Value::object(); });
+    server->start();
+    EXPECT_EQ(
+        answer("system.listMethods"),
+        R"(["CI.GetEvents","CI.GetFastEvents","CI.ReleaseFastEventsRequests","CRI.EnableAcm","SIM.Test",)"
+        R"("TI.GetAllCommandsData","TI.GetEvents","TI.SetEvents","system.getCapabilities",)"
+        R"("system.listMethods","system.methodHelp","system.methodSignature","system.multicall",)"
+        R"("zyr.describe"])");
+}
+
+TEST_F(XmlRpcServerTest, SignaturesAndHelpComeFromTheDescriptions)
+{
+    server->start();
+    EXPECT_EQ(answer("system.methodSignature", {"CRI.EnableAcm"}), R"([["struct","struct"]])");
+    EXPECT_EQ(answer("system.methodSignature", {"CI.GetEvents"}), R"([["struct"],["struct","struct"]])");
+    EXPECT_EQ(answer("system.methodSignature", {"system.methodHelp"}), R"([["string","string"]])");
+    EXPECT_EQ(
+        call("system.methodHelp", {"CI.ReleaseFastEventsRequests"}).value,
+        "Releases all hanging CI.GetFastEvents requests.\n"
+        "Faults:\n"
+        "  4 \"CI.ReleaseFastEventsRequestsImpl failed to release hanging GetFastAlarm requests\": The alarm "
+        "handler failed.\n");
+    EXPECT_EQ(fault("system.methodHelp", {"CRI.Nothing"}),
+              "1 eTI_E_METHOD_UNKNOWN: CRI.Nothing: no such method, system.listMethods tells all of them");
+    EXPECT_EQ(fault("system.methodHelp"),
+              "3 eTI_E_PARAMETER_TYPE_INVALID: system.methodHelp: it takes one string, the name of a method");
+    EXPECT_EQ(fault("system.listMethods", {1}),
+              "3 eTI_E_PARAMETER_INVALID: system.listMethods: it takes no parameters");
+}
+
+TEST_F(XmlRpcServerTest, CapabilitiesAreTold)
+{
+    server->start();
+    const Value capabilities = call("system.getCapabilities").value;
+    for (const char* const name : {"xmlrpc", "nil", "introspection", "system.multicall"}) {
+        EXPECT_EQ(capabilities[name]["specVersion"], 1) << name;
+        EXPECT_TRUE(capabilities[name]["specUrl"].get<std::string>().starts_with("http://")) << name;
+    }
+}
+
+TEST_F(XmlRpcServerTest, MethodsAreDescribedForPrograms)
+{
+    server->start();
+    const Value all = call("zyr.describe").value;
+    ASSERT_EQ(all.size(), 7U);
+    EXPECT_EQ(all[3]["name"], "CRI.EnableAcm");
+    EXPECT_EQ(call("zyr.describe", {"CRI.EnableAcm"}).value, all[3]);
+    EXPECT_EQ(all[3]["request"][0]["maximum"], 2);
+    EXPECT_EQ(
+        fault("zyr.describe", {"system.listMethods"}),
+        "3 eTI_E_PARAMETER_INVALID: zyr.describe: system.listMethods takes no struct, system.methodHelp "
+        "tells of it");
+}
+
+TEST_F(XmlRpcServerTest, MulticallAnswersInOrder)
+{
+    server->start();
+    const Value calls = Value::parse(R"([
+        {"methodName": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": true}]},
+        {"methodName": "CRI.NoSuch", "params": []},
+        {"methodName": "system.multicall", "params": [[]]},
+        {"methodName": "CI.GetFastEvents", "params": [{"events": []}]},
+        {"methodName": "CRI.EnableAcm"},
+        {"methodName": "CRI.EnableAcm", "params": [{"channelId": 2, "enable": false}]}])");
+    transcript.clear();
+    EXPECT_EQ(
+        answer("system.multicall", {calls}),
+        R"([[{"tiResult":0}],)"
+        R"({"faultCode":1,"faultString":"eTI_E_METHOD_UNKNOWN: CRI.NoSuch: no such method, )"
+        R"(system.listMethods tells all of them"},)"
+        R"({"faultCode":3,"faultString":"eTI_E_PARAMETER_INVALID: system.multicall: not to be called by )"
+        R"(system.multicall"},)"
+        R"({"faultCode":3,"faultString":"eTI_E_PARAMETER_INVALID: CI.GetFastEvents: not to be called by )"
+        R"(system.multicall"},)"
+        R"({"faultCode":3,"faultString":"eTI_E_PARAMETER_TYPE_INVALID: system.multicall: a call is no struct )"
+        R"(of methodName, a string, and params, an array"},)"
+        R"([{"tiResult":0}]])");
+    std::vector<std::string> calledHandlers;
+    for (const std::string& line : transcript.lines()) {
+        if (line.starts_with("IAcmHandler")) {
+            calledHandlers.push_back(line);
+        }
+    }
+    EXPECT_EQ(calledHandlers,
+              (std::vector<std::string>{"IAcmHandler_1.enableAcm(true)", "IAcmHandler_2.enableAcm(false)"}));
+}
+
+TEST_F(XmlRpcServerTest, MulticallTakesAHundredCalls)
+{
+    server->start();
+    const Value one = Value::parse(R"({"methodName": "CI.ReleaseFastEventsRequests", "params": []})");
+    Value calls = Value::array();
+    calls.insert(calls.end(), 100, one);
+    EXPECT_EQ(call("system.multicall", {calls}).value.size(), 100U);
+    calls.push_back(one);
+    EXPECT_EQ(fault("system.multicall", {calls}),
+              "3 eTI_E_PARAMETER_INVALID: system.multicall: 101 calls are given, it takes at most 100");
+    EXPECT_EQ(fault("system.multicall", {1}),
+              "3 eTI_E_PARAMETER_TYPE_INVALID: system.multicall: it takes one array, of calls");
+}
+
+TEST_F(XmlRpcServerTest, WhatAMethodThrowsIsAFaultAndTheServerGoesOn)
+{
+    server->addMethod({.name = "SIM.Throw", .help = "Throws."},
+                      [](const Value&) -> Value { throw std::runtime_error("out of luck"); });
+    server->addMethod({.name = "SIM.ThrowNumber", .help = "Throws."}, [](const Value&) -> Value { throw 7; });
+    server->addMethod({.name = "SIM.Deep", .help = "Answers what can't be written."}, [](const Value&) {
+        Value value = 1;
+        for (int depth = 0; depth < 40; ++depth) {
+            value = Value::array({value});
+        }
+        return value;
+    });
+    server->start();
+    EXPECT_EQ(fault("SIM.Throw"), "4 eTI_E_FAILED: SIM.Throw: internal error: out of luck");
+    EXPECT_EQ(fault("SIM.ThrowNumber"),
+              "4 eTI_E_FAILED: SIM.ThrowNumber: internal error: an exception of unknown type");
+    EXPECT_TRUE(fault("SIM.Deep").starts_with("4 eTI_E_FAILED: SIM.Deep: internal error: "));
+    EXPECT_EQ(answer("CI.ReleaseFastEventsRequests"), R"({"tiResult":0})");
+}
+
+TEST_F(XmlRpcServerTest, DoubledMethodIsRefused)
+{
+    try {
+        server->addMethod({.name = "CI.GetEvents", .help = "Again."}, [](const Value&) { return Value(); });
+        FAIL() << "a doubled method was accepted";
+    } catch (const std::invalid_argument& error) {
+        EXPECT_STREQ(error.what(), "there is already a method CI.GetEvents");
+    }
+}
+
+TEST_F(XmlRpcServerTest, HangingLongPollsHoldUpNobody)
+{
+    server->start();
+    LongPolls polls(64, [this] { return fault("CI.GetFastEvents", {{{"events", Value::array()}}}); });
+    alarms.waitForHanging(64);
+    LongPolls others(64, [this] { return answer("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}); });
+    others.join();
+    for (const std::string& outcome : others.outcomes) {
+        EXPECT_EQ(outcome, R"({"tiResult":0})");
+    }
+    EXPECT_EQ(answer("CI.ReleaseFastEventsRequests"), R"({"tiResult":0})");
+    polls.join();
+    for (const std::string& outcome : polls.outcomes) {
+        EXPECT_EQ(outcome, "4 CI.GetFastEvents has been terminated");
+    }
+}
+
+TEST_F(XmlRpcServerTest, StopReleasesAndAnswersLongPolls)
+{
+    server->start();
+    LongPolls polls(8, [this] { return fault("CI.GetFastEvents"); });
+    alarms.waitForHanging(8);
+    const std::uint16_t port = server->port();
+    server->stop();
+    polls.join();
+    for (const std::string& outcome : polls.outcomes) {
+        EXPECT_EQ(outcome, "4 CI.GetFastEvents has been terminated");
+    }
+    EXPECT_FALSE(HttpTestClient(port).connected());
+}
+
+TEST_F(XmlRpcServerTest, StopWaitsForTheCommandThatRunsAndAnswersIt)
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isRunning = false;
+    bool mayEnd = false;
+    server->addMethod({.name = "SIM.Wait", .help = "Waits."}, [&](const Value&) {
+        std::unique_lock lock(mutex);
+        isRunning = true;
+        changed.notify_all();
+        changed.wait(lock, [&] { return mayEnd; });
+        return Value("done");
+    });
+    server->start();
+    LongPolls waiting(1, [this] { return answer("SIM.Wait"); });
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [&] { return isRunning; });
+    std::thread stopping([this] { server->stop(); });
+    mayEnd = true;
+    changed.notify_all();
+    lock.unlock();
+    stopping.join();
+    waiting.join();
+    EXPECT_EQ(waiting.outcomes.front(), R"("done")");
+}
+
+TEST_F(XmlRpcServerTest, CallsFromManyThreadsAreAllAnswered)
+{
+    server->start();
+    std::atomic<unsigned> answered{0};
+    LongPolls callers(16, [&] {
+        XmlRpcClient own = client();
+        for (int round = 0; round < 20; ++round) {
+            const auto channel = 1 + round % 2;
+            const MethodResponse response =
+                own.call({"CRI.EnableAcm", {{{"channelId", channel}, {"enable", true}}}});
+            if (!response.fault) {
+                ++answered;
+            }
+        }
+        return std::string();
+    });
+    callers.join();
+    EXPECT_EQ(answered, 320U);
+}
+
+} // namespace
