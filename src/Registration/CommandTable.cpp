@@ -1,0 +1,129 @@
+#include "CommandEntry.h"
+
+#include "CommandList.h"
+#include "CommandMessageBase.h"
+#include "ZyrApiHandler.h"
+
+#include <algorithm>
+#include <concepts>
+
+namespace zyr_registration
+{
+
+namespace
+{
+
+using zyr_top_api::CmdWrapper;
+using zyr_top_api::Route;
+using zyr_top_api::ZyrApiHandler;
+
+template <class XImpl>
+LiveCommand create()
+{
+    if constexpr (XImpl::identity.isDispatched()) {
+        const auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
+        return {wrapper, std::shared_ptr<void>(wrapper, &wrapper->impl())};
+    } else {
+        return {nullptr, std::make_shared<XImpl>()};
+    }
+}
+
+template <class XImpl>
+zyr_top_api::ETIResult initialize(void* implementation, unsigned numberOfChannels)
+{
+    return static_cast<XImpl*>(implementation)->initialize(numberOfChannels);
+}
+
+template <class XImpl>
+constexpr auto selfDescription() -> std::string (*)(void*)
+{
+    if constexpr (std::derived_from<XImpl, zyr_top_api::CommandMessageBase>) {
+        return
+            [](void* implementation) { return static_cast<XImpl*>(implementation)->getCommandDescription(); };
+    } else {
+        return nullptr;
+    }
+}
+
+template <class XImpl>
+void run(void* implementation, Exchange& exchange)
+{
+    typename XImpl::Command command{};
+    exchange.fill(&command);
+    if constexpr (XImpl::identity.isDispatched()) {
+        const auto response = ZyrApiHandler::executeCommand(XImpl(), command);
+        exchange.take(response, &response);
+    } else {
+        const auto response = static_cast<XImpl*>(implementation)->execute(command);
+        exchange.take(response, &response);
+    }
+}
+
+template <class XImpl>
+constexpr CommandEntry entryOf()
+{
+    using Notes = Description<XImpl>;
+    static_assert(memberCount<typename XImpl::Command>() == Notes::request.size(),
+                  "a field of the command's record is not described");
+    constexpr const zyr_top_api::CommandIdentity& identity = XImpl::identity;
+    return {.identity = &identity,
+            .notes = {.name = identity.wireName,
+                      .help = Notes::help,
+                      .request = Notes::request,
+                      .response = Notes::response,
+                      .faults = Notes::faults,
+                      .isTest = identity.isGated() || !identity.isDispatched(),
+                      .isLongPoll = identity.route == Route::DispatchedUnlocked,
+                      .disturbsTraffic = Notes::disturbsTraffic},
+            .create = &create<XImpl>,
+            .initialize = &initialize<XImpl>,
+            .describeItself = selfDescription<XImpl>(),
+            .run = &run<XImpl>};
+}
+
+template <class... XImpl>
+constexpr std::array<CommandEntry, sizeof...(XImpl)> entriesOf(TypeList<XImpl...>)
+{
+    return {entryOf<XImpl>()...};
+}
+
+constexpr auto kCommands = entriesOf(CommandList());
+
+// The wire names ascend without a doubled one.
+constexpr bool areNamesInOrder()
+{
+    return std::ranges::adjacent_find(kCommands, [](const CommandEntry& one, const CommandEntry& next) {
+               return one.name() >= next.name();
+           }) == kCommands.end();
+}
+
+constexpr bool areTraceChannelsUnique()
+{
+    std::array<std::string_view, kCommands.size()> channels;
+    std::ranges::transform(kCommands, channels.begin(),
+                           [](const CommandEntry& entry) { return entry.identity->traceChannel; });
+    std::ranges::sort(channels);
+    return std::ranges::adjacent_find(channels) == channels.end();
+}
+
+template <class Predicate>
+constexpr auto countOf(Predicate predicate)
+{
+    return std::ranges::count_if(kCommands, predicate);
+}
+
+static_assert(areNamesInOrder());
+static_assert(areTraceChannelsUnique());
+static_assert(countOf([](const CommandEntry& entry) { return !entry.isDirect(); }) <= 52);
+static_assert(countOf([](const CommandEntry& entry) { return entry.isDirect(); }) <= 20);
+static_assert(countOf([](const CommandEntry& entry) { return entry.identity->isGated(); }) <= 6);
+static_assert(countOf([](const CommandEntry& entry) { return entry.notes.isLongPoll; }) == 1);
+
+} // namespace
+
+std::span<const CommandEntry> allCommands()
+{
+    return kCommands;
+}
+
+} // namespace zyr_registration

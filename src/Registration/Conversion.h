@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ValueType.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zyr_registration
+{
+
+/// Fills a record from the members of a request. Members that may be left out keep the record's defaults.
+/// @param method            the command's wire name, for the error texts
+/// @param members           an object
+/// @param numberOfChannels  the radio channels of the node
+/// @throws RecordError for the first member that is missing, unknown, of the wrong type or out of its range
+void readRecord(std::string_view method, std::span<const Field> fields, const Value& members,
+                std::uint32_t numberOfChannels, void* record);
+
+/// Adds the fields of a record to an object, in their order. Absent optionals add nothing.
+void writeRecord(std::span<const Field> fields, const void* record, Value& members);
+
+/// What a field takes, for people: "an integer from 1 to 2", "a boolean", "one of \"Off\", \"On\"".
+/// @param numberOfChannels  the range of channels; 0: not known, told in words
+std::string acceptedText(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels);
+
+/// The numbers that an integer field takes.
+/// @param numberOfChannels  as above
+Range acceptedRange(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels);
+
+} // namespace zyr_registration

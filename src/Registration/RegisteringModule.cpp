@@ -1,0 +1,235 @@
+#include "RegisteringModule.h"
+
+#include "Conversion.h"
+#include "ResultLaw.h"
+#include "TiGetAllCommandsDataImpl.h"
+#include "ZyrApiHandler.h"
+
+#include <algorithm>
+#include <atomic>
+#include <iterator>
+
+namespace zyr_registration
+{
+
+namespace
+{
+
+using zyr_top_api::BaseResponse;
+using zyr_top_api::CmdDescription;
+using zyr_top_api::TiGetAllCommandsDataImpl;
+using zyr_top_api::ZyrApiHandler;
+
+// What the registration functions do: from then on the family's methods may be called.
+std::atomic<bool> controlFamilyOpen{false};
+std::atomic<bool> testFamilyOpen{false};
+
+void openControlFamily()
+{
+    controlFamilyOpen = true;
+}
+void openTestFamily()
+{
+    testFamilyOpen = true;
+}
+
+void emptyTables()
+{
+    ZyrApiHandler::setTiEnabled(false);
+    controlFamilyOpen = false;
+    testFamilyOpen = false;
+    ZyrApiHandler::m_cmds.clear();
+    ZyrApiHandler::m_registerInImFunctionsCri.clear();
+    ZyrApiHandler::m_registerInImFunctionsTi.clear();
+    ZyrApiHandler::m_allCommandsDescData.clear();
+}
+
+std::string joinedLines(const std::vector<std::string>& lines)
+{
+    std::string text = "the commands can't be registered:";
+    for (const std::string& line : lines) {
+        text += "\n  " + line;
+    }
+    return text;
+}
+
+Answer answerOf(const BaseResponse& outcome)
+{
+    Answer answer;
+    if (outcome.faultCode > 0) {
+        answer.faultCode = outcome.faultCode;
+        answer.faultText = outcome.faultString;
+    } else {
+        answer.value = Value::object();
+        answer.value["tiResult"] = static_cast<std::uint32_t>(outcome.tiResult);
+    }
+    return answer;
+}
+
+// A call from and to values.
+class ValueExchange : public Exchange
+{
+  public:
+    ValueExchange(const CommandEntry& entry, const Value& members, std::uint32_t numberOfChannels)
+        : m_entry(entry), m_members(members), m_numberOfChannels(numberOfChannels)
+    {}
+
+    void fill(void* command) const override
+    {
+        readRecord(m_entry.name(), m_entry.notes.request, m_members, m_numberOfChannels, command);
+    }
+
+    void take(const BaseResponse& outcome, const void* response) override
+    {
+        answer = answerOf(outcome);
+        if (answer.faultCode == 0) {
+            writeRecord(m_entry.notes.response, response, answer.value);
+        }
+    }
+
+    Answer answer;
+
+  private:
+    const CommandEntry& m_entry;
+    const Value& m_members;
+    std::uint32_t m_numberOfChannels;
+};
+
+bool isOpen(const CommandEntry& command)
+{
+    // The gated ones are let through: refusing them is the dispatcher's business.
+    return command.isDirect() ? testFamilyOpen : controlFamilyOpen;
+}
+
+const CommandEntry* commandNamed(std::string_view name)
+{
+    const auto commands = allCommands();
+    const auto found = std::ranges::lower_bound(commands, name, {}, &CommandEntry::name);
+    return found != commands.end() && found->name() == name ? &*found : nullptr;
+}
+
+} // namespace
+
+std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_api::CmdWrapperBase>> table)
+{
+    std::vector<std::string> defects;
+    std::vector<std::size_t> counts(allCommands().size());
+    for (const auto& entry : table) {
+        const CommandEntry* const command = entry == nullptr ? nullptr : commandNamed(entry->name());
+        if (entry == nullptr) {
+            defects.emplace_back("an entry is null");
+        } else if (command == nullptr || command->isDirect()) {
+            defects.push_back(entry->name() + ": no dispatched command");
+        } else {
+            ++counts[static_cast<std::size_t>(command - allCommands().data())];
+        }
+    }
+    for (std::size_t index = 0; index < counts.size(); ++index) {
+        const CommandEntry& command = allCommands()[index];
+        if (!command.isDirect() && counts[index] != 1) {
+            defects.push_back(std::string(command.name()) +
+                              (counts[index] == 0 ? ": missing" : ": more than one entry"));
+        }
+    }
+    return defects;
+}
+
+RegisteringModule::RegisteringModule(const RegistrationOptions& options)
+    : m_options(options), m_registered(commands().size())
+{
+    if (!ZyrApiHandler::m_cmds.empty()) {
+        throw RegistrationError("the commands can't be registered: the table of commands is already in use");
+    }
+    std::vector<std::string> defects;
+    createAll();
+    initialiseAll(defects);
+    fillTables();
+    std::ranges::move(tableDefects(ZyrApiHandler::m_cmds), std::back_inserter(defects));
+    if (!defects.empty()) {
+        emptyTables();
+        throw RegistrationError(joinedLines(defects));
+    }
+    fillCatalogue();
+    ZyrApiHandler::registerCriFunctionInIm();
+    if (m_options.enableTi) {
+        ZyrApiHandler::registerTiFunctionInIm();
+    }
+}
+
+RegisteringModule::~RegisteringModule()
+{
+    emptyTables();
+}
+
+const CommandEntry* RegisteringModule::find(std::string_view name) const
+{
+    return commandNamed(name);
+}
+
+Answer RegisteringModule::call(const CommandEntry& command, const Value& members)
+{
+    if (!isOpen(command)) {
+        return answerOf({zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available"});
+    }
+    ValueExchange exchange(command, members, m_options.numberOfChannels);
+    Registered& target = registered(command);
+    std::unique_lock<std::mutex> lock;
+    if (command.isDirect()) {
+        lock = std::unique_lock(target.oneCallAtATime);
+    }
+    command.run(target.live.implementation.get(), exchange);
+    return std::move(exchange.answer);
+}
+
+RegisteringModule::Registered& RegisteringModule::registered(const CommandEntry& command)
+{
+    return m_registered[static_cast<std::size_t>(&command - commands().data())];
+}
+
+void RegisteringModule::createAll()
+{
+    for (const CommandEntry& command : commands()) {
+        registered(command).live = command.create();
+    }
+}
+
+void RegisteringModule::initialiseAll(std::vector<std::string>& defects)
+{
+    for (const CommandEntry& command : commands()) {
+        const auto result =
+            command.initialize(registered(command).live.implementation.get(), m_options.numberOfChannels);
+        if (zyr_top_api::failed(result)) {
+            defects.push_back(std::string(command.name()) + ": initialize failed with " +
+                              std::string(zyr_top_api::etiResultToString(result)) + ", see the trace of " +
+                              command.identity->traceChannel);
+        }
+    }
+}
+
+void RegisteringModule::fillTables()
+{
+    for (const Registered& entry : m_registered) {
+        if (entry.live.wrapper != nullptr) {
+            ZyrApiHandler::m_cmds.push_back(entry.live.wrapper);
+        }
+    }
+    ZyrApiHandler::m_registerInImFunctionsCri.push_back(&openControlFamily);
+    ZyrApiHandler::m_registerInImFunctionsTi.push_back(&openTestFamily);
+}
+
+void RegisteringModule::fillCatalogue()
+{
+    auto* const catalogue = static_cast<TiGetAllCommandsDataImpl*>(
+        registered(*find(TiGetAllCommandsDataImpl::identity.wireName)).live.implementation.get());
+    for (const CommandEntry& command : commands()) {
+        const CmdDescription description{
+            std::string(command.name()),
+            command.describeItself != nullptr
+                ? command.describeItself(registered(command).live.implementation.get())
+                : std::string(command.notes.help)};
+        ZyrApiHandler::m_allCommandsDescData.push_back(description);
+        catalogue->addCmdData(description);
+    }
+}
+
+} // namespace zyr_registration

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zyr_registration
+{
+
+/// A value outside the library, whatever the wire form: null, bool, number, string, array or object.
+using Value = nlohmann::ordered_json;
+
+struct Field;
+
+/// The shapes that a value can have.
+enum class Kind
+{
+    Boolean,
+    Integer, ///< enumerations too
+    Double,
+    String,
+    Array,
+    Struct,
+    Optional, ///< a value of the element's type, or none
+};
+
+/// Numbers from `minimum` to `maximum`, both included.
+struct Range
+{
+    std::int64_t minimum;
+    std::int64_t maximum;
+};
+
+/// One row of the text table of an enumeration.
+struct EnumText
+{
+    std::int64_t number;
+    std::string_view text;
+};
+
+/// How a number is taken from and put into an object.
+struct NumberAccess
+{
+    std::int64_t (*get)(const void* object) = nullptr;
+    void (*set)(void* object, std::int64_t number) = nullptr;
+};
+
+/// How an object is taken for its text and made from one. `set` gives false if the text is none of the
+/// type's.
+struct TextAccess
+{
+    std::string (*get)(const void* object) = nullptr;
+    bool (*set)(void* object, const std::string& text) = nullptr;
+};
+
+/// How the elements of a container are reached; an optional is a container of at most one.
+struct SequenceAccess
+{
+    std::size_t (*size)(const void* container) = nullptr;
+    const void* (*at)(const void* container, std::size_t index) = nullptr;
+    void* (*append)(void* container) = nullptr; ///< a new element with its defaults
+    void (*clear)(void* container) = nullptr;
+};
+
+/// A type of the library's records as machines need it: what values it takes, and how they get in and out.
+/// One constant per type, `kValueType<T>`. Only the members that belong to the kind are set.
+struct ValueType
+{
+    Kind kind;
+    Range range{};              ///< of an integer
+    bool isChannel = false;     ///< an integer that is limited to the node's radio channels
+    std::string_view form = {}; ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
+    std::span<const EnumText> (*texts)() = nullptr; ///< of an enumeration
+    std::span<const Field> fields = {};             ///< of a struct
+    const ValueType* element = nullptr;             ///< of an array or an optional
+    NumberAccess number{};
+    TextAccess text{};
+    SequenceAccess sequence{};
+};
+
+/// Whether a request may leave a member out.
+enum class Presence
+{
+    ByType,    ///< optionals and arrays may be left out, all others must be there
+    Defaulted, ///< may be left out: the record's own default stands then
+};
+
+/// What people want to know of a field beside its type.
+struct FieldNotes
+{
+    std::string_view unit = {};
+    std::string_view help = {};
+    std::optional<Range> range =
+        {}; ///< narrower than the type's; for a channel instead of the node's channels
+    Presence presence = Presence::ByType;
+    bool isChannel = false; ///< a plain number that is a radio channel, limited like one
+    bool isSecret = false;  ///< its value is shown nowhere
+};
+
+/// One field of a record.
+struct Field
+{
+    std::string_view name;          ///< the member's, spelling and case included
+    const ValueType* type;          ///< what it holds
+    void* (*address)(void* record); ///< where it is in a record
+    FieldNotes notes{};
+
+    /// The type behind an optional, or the type itself.
+    const ValueType& valueType() const { return type->kind == Kind::Optional ? *type->element : *type; }
+
+    /// True if a request without it is refused.
+    bool isRequired() const
+    {
+        return notes.presence == Presence::ByType && type->kind != Kind::Optional &&
+               type->kind != Kind::Array;
+    }
+
+    bool isChannel() const { return valueType().isChannel || notes.isChannel; }
+};
+
+/// "boolean", "int", "double", "string", "array" or "struct": the kind as XML-RPC signatures name it; of an
+/// optional, that of its value.
+std::string_view kindName(const ValueType& type);
+
+} // namespace zyr_registration

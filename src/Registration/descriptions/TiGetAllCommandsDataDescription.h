@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Description.h"
+#include "TiGetAllCommandsDataImpl.h"
+
+namespace zyr_registration
+{
+
+template <>
+struct RecordFields<zyr_top_api::CmdDescription>
+{
+    using Record = zyr_top_api::CmdDescription;
+    static constexpr std::array fields{
+        field<&Record::name>("name", {.help = "the command's name"}),
+        field<&Record::description>("description", {.help = "what it does"}),
+    };
+};
+
+template <>
+struct Description<zyr_top_api::TiGetAllCommandsDataImpl> : DescriptionDefaults
+{
+    using Response = zyr_top_api::TiGetAllCommandsData::Response;
+
+    static constexpr std::string_view help = "Reports which commands exist.";
+    static constexpr std::array response{
+        field<&Response::commands>("commands", {.help = "all commands of the node"}),
+    };
+};
+
+} // namespace zyr_registration

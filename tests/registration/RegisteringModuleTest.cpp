@@ -1,0 +1,242 @@
+#include "RegisteringModule.h"
+#include "CommandTest.h"
+#include "NodeDoubles.h"
+#include "RecordError.h"
+#include "Storage.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using zyr_registration::Answer;
+using zyr_registration::RegisteringModule;
+using zyr_registration::RegistrationError;
+using zyr_registration::Value;
+using zyr_top_api::CmdWrapperBase;
+using zyr_top_api::ZyrApiHandler;
+
+class RegisteringModuleTest : public zyr_test::CommandTest
+{
+  protected:
+    RegisteringModuleTest()
+    {
+        zyr_platform::Storage::get().set("common.minTemp", -33);
+        zyr_platform::Storage::get().set("common.maxTemp", 55);
+    }
+    ~RegisteringModuleTest() override
+    {
+        zyr_platform::Storage::get().remove("common.minTemp");
+        zyr_platform::Storage::get().remove("common.maxTemp");
+    }
+
+    static Answer call(RegisteringModule& module, const char* name, const Value& members = Value::object())
+    {
+        return module.call(*module.find(name), members);
+    }
+
+    // Why the commands can't be registered, "" if they can.
+    static std::string refusalToOpen()
+    {
+        try {
+            const RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+            return {};
+        } catch (const RegistrationError& error) {
+            return error.what();
+        }
+    }
+
+    zyr_test::NodeDoubles node{transcript};
+};
+
+TEST_F(RegisteringModuleTest, CommandRunsOnTheRegisteredObject)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    transcript.clear();
+    const Answer answer = call(module, "CRI.EnableAcm", {{"channelId", 2}, {"enable", true}});
+    EXPECT_EQ(answer.faultCode, 0);
+    EXPECT_EQ(answer.value.dump(), R"({"tiResult":0})");
+    EXPECT_EQ(transcript.lines().back(), "IAcmHandler_2.enableAcm(true)");
+}
+
+TEST_F(RegisteringModuleTest, FailureOfACommandIsAFault)
+{
+    publishNode(node);
+    node.channel1.acmHandler.onEnableAcm = 0x8000;
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    const Answer answer = call(module, "CRI.EnableAcm", {{"channelId", 1}, {"enable", false}});
+    EXPECT_EQ(answer.faultCode, 4);
+    EXPECT_EQ(answer.faultText, "CRI.EnableAcm failed to disable ACM");
+}
+
+TEST_F(RegisteringModuleTest, ChannelBeyondTheNodesIsRefusedBeforeTheCommandRuns)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 1, .enableTi = false});
+    transcript.clear();
+    EXPECT_THROW(call(module, "CRI.EnableAcm", {{"channelId", 2}, {"enable", true}}),
+                 zyr_registration::RecordError);
+    EXPECT_EQ(transcript.text(), "\n");
+}
+
+TEST_F(RegisteringModuleTest, EventsOfAResponseBecomeStructs)
+{
+    publishNode(node);
+    node.alarmHandler.onGetAlarms = {0U, {{"LinkDown", true, 3, 2}}};
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    EXPECT_EQ(call(module, "CI.GetEvents").value.dump(),
+              R"({"tiResult":0,"events":[{"eventName":"LinkDown","isActive":true,)"
+              R"("numberOfTimesEventHasBeenActive":3,"radioChannelId":2}]})");
+}
+
+TEST_F(RegisteringModuleTest, DirectCommandIsRefusedWhileTheTestFamilyIsClosed)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    transcript.clear();
+    const Answer answer = call(module, "TI.GetEvents", {{"requestOption", 1}});
+    EXPECT_EQ(answer.faultCode, 4);
+    EXPECT_EQ(answer.faultText, "Error: Command not available");
+    EXPECT_EQ(transcript.text(), "\n");
+}
+
+TEST_F(RegisteringModuleTest, DirectCommandRunsWithoutTheFrame)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+    setTraceLevel("*", 6);
+    transcript.clear();
+    EXPECT_EQ(call(module, "TI.GetEvents", {{"requestOption", 1}}).value.dump(),
+              R"({"tiResult":0,"events":[],"requestOption":1})");
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiGetEvents:
+IAlarmHandlerTopApi.getAlarmsByOption(1)
+)");
+}
+
+TEST_F(RegisteringModuleTest, CatalogueHasEveryCommandInOrder)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+    const Value commands = call(module, "TI.GetAllCommandsData").value["commands"];
+    ASSERT_EQ(commands.size(), module.commands().size());
+    ASSERT_EQ(ZyrApiHandler::m_allCommandsDescData.size(), module.commands().size());
+    for (std::size_t index = 0; index < commands.size(); ++index) {
+        EXPECT_EQ(commands[index]["name"], std::string(module.commands()[index].name()));
+        EXPECT_EQ(ZyrApiHandler::m_allCommandsDescData[index].name, module.commands()[index].name());
+    }
+    const auto self = std::ranges::find(commands, "TI.ManageRadioChannelStatus",
+                                        [](const Value& row) { return row["name"].get<std::string>(); });
+    ASSERT_NE(self, commands.end());
+    EXPECT_EQ((*self)["description"], "This is a TI version of the CRI.GetRadioChannelStatus");
+    EXPECT_EQ(commands[3]["name"], "CRI.EnableAcm");
+    EXPECT_EQ(commands[3]["description"],
+              "Switches adaptive coding and modulation (ACM) of a radio channel on or off.");
+}
+
+TEST_F(RegisteringModuleTest, CommandWithNestedFieldsAndTextsRuns)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    setTraceLevel("ZYR.COMM", 5);
+    transcript.clear();
+    call(module, "CRI.SetRadioChannelNearEnd",
+         {{"RadioChannelID", 2},
+          {"radioFrameId", 101},
+          {"minModulation", "4QAM"},
+          {"maxModulation", 81},
+          {"referenceSec", "4L"},
+          {"txFrequency_kHz", 7125000},
+          {"rxFrequency_kHz", 7286000},
+          {"iduMacAddress", "01:02:03:04:05:06"},
+          {"rauMultiTrxConfig", {{"ifSwitchMode", 3}}}});
+    const auto lines = transcript.lines();
+    ASSERT_FALSE(lines.empty());
+    EXPECT_TRUE(lines.front().starts_with(
+        "5 ZYR.COMM: CRI.SetRadioChannelNearEnd Request: RadioChannelID: 2, radioFrameId: 101, "
+        "minModulation: 4QAM, "
+        "maxModulation: 256QAM, referenceSec: 4L, txFrequency_kHz: 7125000, rxFrequency_kHz: 7286000, "))
+        << lines.front();
+    EXPECT_NE(lines.front().find("iduMacAddress: 1:2:3:4:5:6"), std::string::npos) << lines.front();
+    EXPECT_NE(lines.front().find("rauMultiTrxConfig.ifSwitchMode: 3"), std::string::npos) << lines.front();
+}
+
+TEST_F(RegisteringModuleTest, CommandsAreFoundByTheirExactNames)
+{
+    publishNode(node);
+    const RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    EXPECT_EQ(module.find("CRI.EnableAcm")->name(), "CRI.EnableAcm");
+    EXPECT_EQ(module.find("CRI.enableAcm"), nullptr);
+    EXPECT_EQ(module.find(""), nullptr);
+    EXPECT_EQ(module.find("ZZ"), nullptr);
+}
+
+TEST_F(RegisteringModuleTest, EveryFailedInitialisationIsNamedAndNothingStaysOpen)
+{
+    publish(node.channel1.acmHandler);
+    const std::string refusal = refusalToOpen();
+    EXPECT_TRUE(refusal.starts_with("the commands can't be registered:\n")) << refusal;
+    for (const char* const line :
+         {"\n  CI.GetEvents: initialize failed with eTI_E_FAILED, see the trace of ZYR.TI.CiGetEvents",
+          "\n  CI.GetFastEvents: initialize failed with eTI_E_FAILED, see the trace of "
+          "ZYR.TI.CiGetFastEvents",
+          "\n  CRI.EnableAcm: initialize failed with eTI_E_FAILED, see the trace of ZYR.TI.CriEnableAcm",
+          "\n  TI.SetEvents: initialize failed with eTI_E_FAILED, see the trace of ZYR.TI.TiSetEvents"}) {
+        EXPECT_NE(refusal.find(line), std::string::npos) << line << "\nin\n" << refusal;
+    }
+    EXPECT_EQ(refusal.find("TI.GetAllCommandsData"), std::string::npos);
+    EXPECT_TRUE(ZyrApiHandler::m_cmds.empty());
+    EXPECT_TRUE(ZyrApiHandler::m_registerInImFunctionsCri.empty());
+    EXPECT_TRUE(ZyrApiHandler::m_registerInImFunctionsTi.empty());
+    EXPECT_TRUE(ZyrApiHandler::m_allCommandsDescData.empty());
+}
+
+TEST_F(RegisteringModuleTest, SecondModuleIsRefusedAndTheFirstStays)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    EXPECT_EQ(refusalToOpen(), "the commands can't be registered: the table of commands is already in use");
+    EXPECT_EQ(call(module, "CI.GetEvents").faultCode, 0);
+}
+
+TEST_F(RegisteringModuleTest, ClosingEmptiesTheTablesSoThatTheNextOneCanOpen)
+{
+    publishNode(node);
+    for (int round = 0; round < 2; ++round) {
+        const RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+        EXPECT_FALSE(ZyrApiHandler::m_cmds.empty());
+    }
+    EXPECT_TRUE(ZyrApiHandler::m_cmds.empty());
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    EXPECT_EQ(call(module, "TI.SetEvents").faultText, "Error: Command not available");
+}
+
+TEST_F(RegisteringModuleTest, TableDefectsAreAllNamed)
+{
+    const auto entry = [](const char* name) { return std::make_shared<CmdWrapperBase>(name); };
+    std::vector<std::shared_ptr<CmdWrapperBase>> table;
+    for (const auto& command : zyr_registration::allCommands()) {
+        if (!command.isDirect()) {
+            table.push_back(entry(std::string(command.name()).c_str()));
+        }
+    }
+    EXPECT_EQ(zyr_registration::tableDefects(table), std::vector<std::string>{});
+
+    std::erase_if(table, [](const auto& one) { return one->name() == "CI.GetEvents"; });
+    table.push_back(entry("CRI.EnableAcm"));
+    table.push_back(nullptr);
+    table.push_back(entry("TI.GetEvents"));
+    table.push_back(entry("CRI.enableAcm"));
+    EXPECT_EQ(zyr_registration::tableDefects(table),
+              (std::vector<std::string>{"an entry is null", "TI.GetEvents: no dispatched command",
+                                        "CRI.enableAcm: no dispatched command", "CI.GetEvents: missing",
+                                        "CRI.EnableAcm: more than one entry"}));
+}
+
+} // namespace
