@@ -1,0 +1,127 @@
+#include "Console.h"
+
+#include "Text.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <termios.h>
+#include <unistd.h>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+constexpr const char* kBold = "\x1b[1m";
+constexpr const char* kRed = "\x1b[31m";
+constexpr const char* kPlain = "\x1b[0m";
+
+bool mayColour(int descriptor)
+{
+    const char* const noColour = std::getenv("NO_COLOR");
+    const char* const terminal = std::getenv("TERM");
+    const bool isForbidden = noColour != nullptr && *noColour != '\0';
+    const bool isDumb = terminal != nullptr && std::string_view(terminal) == "dumb";
+    return !isForbidden && !isDumb && isatty(descriptor) == 1;
+}
+
+// Keeps a terminal from showing what is typed.
+class Unseen
+{
+  public:
+    Unseen()
+    {
+        m_isSet = tcgetattr(STDIN_FILENO, &m_before) == 0;
+        termios unseen = m_before;
+        unseen.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        m_isSet = m_isSet && tcsetattr(STDIN_FILENO, TCSAFLUSH, &unseen) == 0;
+    }
+    ~Unseen()
+    {
+        if (m_isSet) {
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+        }
+    }
+    Unseen(const Unseen&) = delete;
+    Unseen& operator=(const Unseen&) = delete;
+
+  private:
+    termios m_before{};
+    bool m_isSet;
+};
+
+} // namespace
+
+Console::Console() : m_colourOut(mayColour(STDOUT_FILENO)), m_colourError(mayColour(STDERR_FILENO)) {}
+
+void Console::print(const std::vector<std::string>& lines)
+{
+    for (const std::string& line : lines) {
+        std::cout << line << '\n';
+    }
+}
+
+void Console::printMarked(const std::vector<Line>& lines)
+{
+    for (const Line& line : lines) {
+        const bool isBold = line.isChanged && m_colourOut;
+        std::cout << (isBold ? kBold : "") << (line.isChanged ? "* " : "  ") << line.text
+                  << (isBold ? kPlain : "") << '\n';
+    }
+}
+
+void Console::write(std::string_view text)
+{
+    std::cout << text;
+}
+
+void Console::remark(const std::string& text)
+{
+    std::cerr << text << '\n';
+}
+
+void Console::report(const Failure& failure, bool asJson)
+{
+    if (asJson) {
+        std::cerr << indentedJson(failure.json()) << '\n';
+        return;
+    }
+    std::cerr << (m_colourError ? kRed : "") << "zyrctl:" << (m_colourError ? kPlain : "") << ' '
+              << printable(failure.line()) << '\n';
+}
+
+bool Console::canAsk() const
+{
+    return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1;
+}
+
+bool Console::isConfirmed(const std::string& question)
+{
+    std::cerr << question << " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    const std::string small = lowerCase(answer);
+    return small == "y" || small == "yes";
+}
+
+std::string Console::askSecretly(const std::string& question)
+{
+    std::cerr << question << ' ' << std::flush;
+    std::string answer;
+    {
+        const Unseen unseen;
+        std::getline(std::cin, answer);
+    }
+    std::cerr << '\n';
+    return answer;
+}
+
+void Console::flush()
+{
+    if (!std::cout.flush()) {
+        throw usageFailure("standard output does not take the data");
+    }
+}
+
+} // namespace zyr_ctl

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Failure.h"
+#include "Rendering.h"
+
+#include <string>
+#include <vector>
+
+namespace zyr_ctl
+{
+
+/// The terminal, or what stands in its place. Data goes to standard output, all else to standard error;
+/// colours only to a terminal, and not with NO_COLOR in the environment.
+class Console
+{
+  public:
+    Console();
+
+    /// Writes lines of data.
+    void print(const std::vector<std::string>& lines);
+
+    /// Writes lines of data with a mark before those that have changed.
+    void printMarked(const std::vector<Line>& lines);
+
+    /// Writes text as it is, as data.
+    void write(std::string_view text);
+
+    /// Writes a remark to standard error.
+    void remark(const std::string& text);
+
+    /// Writes a failure to standard error.
+    void report(const Failure& failure, bool asJson);
+
+    /// Whether there is somebody to ask: standard input and standard error are a terminal.
+    bool canAsk() const;
+
+    /// Asks a question that is answered with yes or no; everything but y and yes is no.
+    bool isConfirmed(const std::string& question);
+
+    /// Asks for a text that isn't shown as it is typed.
+    std::string askSecretly(const std::string& question);
+
+    /// Brings all data out.
+    /// @throws Failure (usage) if standard output did not take it
+    void flush();
+
+  private:
+    bool m_colourOut;
+    bool m_colourError;
+};
+
+} // namespace zyr_ctl

@@ -1,0 +1,96 @@
+#include "HelpText.h"
+#include "Subcommands.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+struct ListOptions
+{
+    std::string pattern;
+    bool all = false;
+};
+
+std::vector<CommandDescription> undescribed(Node& node, const std::vector<CommandDescription>& described,
+                                            const std::string& pattern)
+{
+    std::vector<CommandDescription> others;
+    for (const std::string& name : node.methods()) {
+        const bool isDescribed =
+            std::ranges::find(described, name, &CommandDescription::name) != described.end();
+        if (!isDescribed && fitsPattern(name, pattern)) {
+            CommandDescription other;
+            other.name = name;
+            other.help = node.methodHelp(name);
+            others.push_back(other);
+        }
+    }
+    return others;
+}
+
+std::vector<CommandDescription> listed(Node& node, const ListOptions& options)
+{
+    const std::vector<CommandDescription> described = node.describeAll();
+    std::vector<CommandDescription> found;
+    std::ranges::copy_if(described, std::back_inserter(found), [&](const CommandDescription& command) {
+        return fitsPattern(command.name, options.pattern);
+    });
+    if (options.all) {
+        std::ranges::copy(undescribed(node, described, options.pattern), std::back_inserter(found));
+    }
+    return found;
+}
+
+std::vector<Line> listLines(const std::vector<CommandDescription>& commands)
+{
+    std::size_t width = 0;
+    for (const CommandDescription& command : commands) {
+        width = std::max(width, widthOf(printable(command.name)));
+    }
+    std::vector<Line> lines;
+    for (const CommandDescription& command : commands) {
+        const std::vector<std::string> help = linesOf(command.help);
+        const std::string mark = command.isTest ? " [test]" : "";
+        const std::string line = padded(printable(command.name), width) + "  " +
+                                 (help.empty() ? "" : printable(help.front())) + mark;
+        lines.push_back({line.substr(0, line.find_last_not_of(' ') + 1)});
+    }
+    return lines;
+}
+
+Value listJson(const std::vector<CommandDescription>& commands)
+{
+    Value list = Value::array();
+    for (const CommandDescription& command : commands) {
+        list.push_back({{"name", command.name}, {"help", command.help}, {"test", command.isTest}});
+    }
+    return list;
+}
+
+void runList(Session& session, const ListOptions& options)
+{
+    const std::vector<CommandDescription> commands = listed(session.node(), options);
+    session.show(listJson(commands), listLines(commands));
+    if (commands.empty() && !session.settings.json) {
+        session.console.remark("zyrctl: no command fits " + inQuotes(options.pattern));
+    }
+}
+
+} // namespace
+
+void addListCommand(CLI::App& app, Session& session)
+{
+    const auto options = std::make_shared<ListOptions>();
+    CLI::App* const list = app.add_subcommand("list", "List the node's commands");
+    list->add_option("PATTERN", options->pattern, "Only names that contain it, or fit it if it has * or ?");
+    list->add_flag("--all", options->all, "Also the methods that the node does not describe");
+    list->callback([&session, options] { runList(session, *options); });
+}
+
+} // namespace zyr_ctl

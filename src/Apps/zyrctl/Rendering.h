@@ -1,0 +1,38 @@
+#pragma once
+
+#include "NodeDescription.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+// Answers as people read them. Pure functions.
+
+namespace zyr_ctl
+{
+
+/// A line of output, without its end.
+struct Line
+{
+    std::string text;
+    bool isChanged = false;
+
+    bool operator==(const Line&) const = default;
+};
+
+/// An answer in lines: fields aligned, lists of records as tables, enumerations with their texts, units
+/// behind the values.
+/// @param fields   the description of the answer; empty: not described
+/// @param changed  paths of what has changed since the last time; see changedPaths
+std::vector<Line> renderAnswer(const Value& answer, const std::vector<FieldDescription>& fields,
+                               const std::set<std::string>& changed = {});
+
+/// A part of an answer in lines. A single value stands alone, as it travels: no unit, no text for a number.
+std::vector<Line> renderPicked(const Value& value, const FieldDescription* field);
+
+/// A table in lines, the columns aligned; columns of numbers to the right.
+/// @param rows  each as long as the headings
+std::vector<std::string> renderTable(const std::vector<std::string>& headings,
+                                     const std::vector<std::vector<std::string>>& rows);
+
+} // namespace zyr_ctl

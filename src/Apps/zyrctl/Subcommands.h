@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Session.h"
+
+#include <CLI/CLI.hpp>
+
+// One function per subcommand, each in a source of its own. They throw Failure when the subcommand runs.
+
+namespace zyr_ctl
+{
+
+/// `list [PATTERN]`
+void addListCommand(CLI::App& app, Session& session);
+
+/// `help [COMMAND]`
+void addHelpCommand(CLI::App& app, Session& session);
+
+/// `call COMMAND field=value ...`, which is also meant when no subcommand is named
+void addCallCommand(CLI::App& app, Session& session);
+
+/// `completion bash`, and the hidden `__complete LINE` that its script calls
+void addCompletionCommand(CLI::App& app, Session& session);
+
+/// The names of the subcommands that people may use.
+std::vector<std::string> subcommandNames(const CLI::App& app);
+
+} // namespace zyr_ctl

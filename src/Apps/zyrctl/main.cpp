@@ -1,0 +1,68 @@
+#include "CommandLine.h"
+#include "Session.h"
+#include "Subcommands.h"
+
+#include <exception>
+#include <iostream>
+
+using namespace zyr_ctl;
+
+namespace
+{
+
+void addSettings(CLI::App& app, Settings& settings)
+{
+    app.set_version_flag("--version", "zyrctl " ZYR_VERSION);
+    app.add_option("-u,--url", settings.url, "URL of the node's server")
+        ->envname("ZYR_URL")
+        ->capture_default_str();
+    app.add_option("--user", settings.user, "User for Basic authentication: NAME, or NAME:PASSWORD");
+    app.add_option("--credentials", settings.credentialsFile, "File (mode 0600) with a line user:password")
+        ->envname("ZYR_CREDENTIALS");
+    app.add_option("--timeout", settings.timeout, "Seconds that a call may take, 0 for no limit (30)")
+        ->check(CLI::NonNegativeNumber);
+    app.add_flag("--json", settings.json, "All output as JSON, errors included");
+    app.add_flag("-v,--verbose", settings.verbose, "Show what passes over the wire, secrets hidden");
+    app.require_subcommand(1);
+    app.fallthrough();
+}
+
+ExitStatus run(CLI::App& app, Session& session, int argc, char** argv)
+{
+    const std::vector<std::string> words = withCallSubcommand(app, {argv + 1, argv + argc});
+    hidePassword(argc, argv);
+    try {
+        app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
+        session.console.flush();
+        return ExitStatus::Done;
+    } catch (const CLI::Success& request) { // --help, --version
+        app.exit(request);
+        return ExitStatus::Done;
+    } catch (const CLI::ParseError& error) {
+        session.console.report(usageFailure(error.what()), asksForJson(words));
+        return ExitStatus::Usage;
+    } catch (const Failure& failure) {
+        session.console.report(failure, session.settings.json);
+        return failure.status();
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        CLI::App app("Client of a radio-link node: lists, explains and calls its commands.", "zyrctl");
+        Session session;
+        addSettings(app, session.settings);
+        addCallCommand(app, session);
+        addHelpCommand(app, session);
+        addListCommand(app, session);
+        addCompletionCommand(app, session);
+        app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.");
+        return static_cast<int>(run(app, session, argc, argv));
+    } catch (const std::exception& error) {
+        std::cerr << "zyrctl: internal error: " << error.what() << '\n';
+        return static_cast<int>(ExitStatus::Usage);
+    }
+}

@@ -1,0 +1,164 @@
+#include "Options.h"
+
+#include "TraceService.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <iostream>
+#include <limits>
+#include <regex>
+#include <stdexcept>
+
+namespace zyr_node
+{
+
+namespace
+{
+
+using zyr_platform::TraceService;
+
+template <class Number>
+Number numberIn(const std::string& text, const std::string& digits, int base = 10)
+{
+    Number number{};
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
+    if (digits.empty() || error != std::errc{} || end != digits.data() + digits.size()) {
+        throw std::invalid_argument(text + ": \"" + digits + "\" is no number from 0 to " +
+                                    std::to_string(std::numeric_limits<Number>::max()));
+    }
+    return number;
+}
+
+std::uint32_t codeIn(const std::string& text, const std::string& digits)
+{
+    const bool isHexadecimal = digits.starts_with("0x");
+    return isHexadecimal ? numberIn<std::uint32_t>(text, digits.substr(2), 16)
+                         : numberIn<std::uint32_t>(text, digits);
+}
+
+// Turns what is wrong with a text into CLI11's complaint about its option.
+template <class Parse>
+auto forOption(const std::string& option, const std::string& text, const Parse& parse)
+{
+    try {
+        return parse(text);
+    } catch (const std::invalid_argument& error) {
+        throw CLI::ValidationError(option, error.what());
+    }
+}
+
+void addOptions(CLI::App& app, Options& options)
+{
+    app.set_version_flag("--version", std::string(ZYR_VERSION));
+    app.add_flag("--print-reference", options.printReference, "Print the reference of all commands, and end");
+    app.add_option_function<std::string>(
+           "--listen",
+           [&](const std::string& text) {
+               options.listen = forOption("--listen", text, &parseListenAddress);
+           },
+           "Where to serve; port 0 takes a free one. Default 127.0.0.1:8080")
+        ->type_name("ADDRESS:PORT");
+    app.add_option("--credentials", options.credentialsFile,
+                   "Who may call: user:hash lines, mode 0600; necessary beyond loopback")
+        ->type_name("FILE");
+    auto* const certificate =
+        app.add_option("--tls-cert", options.tlsCertificateFile, "Certificate, PEM")->type_name("FILE");
+    auto* const key = app.add_option("--tls-key", options.tlsKeyFile, "Private key, PEM")->type_name("FILE");
+    certificate->needs(key);
+    key->needs(certificate);
+    app.add_option("--channels", options.node.channels, "Radio channels, 1 or 2. Default 2")
+        ->check(CLI::Range(1, 2));
+    app.add_option("--seed", options.node.seed, "What is left to chance follows from it. Default 1");
+    app.add_flag("--enable-ti", options.enableTi, "Open the test commands");
+    app.add_option_function<std::vector<std::string>>(
+           "--trace",
+           [&](const std::vector<std::string>& texts) {
+               for (const std::string& text : texts) {
+                   options.traceLevels.push_back(forOption("--trace", text, &parseTraceLevel));
+               }
+           },
+           "Highest level of a trace channel, 0 to 7; \"*\" stands for any text")
+        ->type_name("CHANNEL=LEVEL")
+        ->expected(1);
+    app.add_option("--trace-to", options.traceTarget, "stderr, or a file to append to. Default stderr")
+        ->type_name("TARGET");
+    app.add_option_function<std::vector<std::string>>(
+           "--fault",
+           [&](const std::vector<std::string>& texts) {
+               for (const std::string& text : texts) {
+                   options.faults.push_back(forOption("--fault", text, &parseFault));
+               }
+           },
+           "Let an operation of the simulated node fail")
+        ->type_name("COLLABORATOR.OPERATION[@CHANNEL]=CODE[xTIMES]")
+        ->expected(1);
+}
+
+} // namespace
+
+std::variant<Options, ExitStatus> readOptions(int argc, char** argv)
+{
+    Options options;
+    CLI::App app("A simulated radio-link node that serves its commands by XML-RPC.", "zyrnode");
+    addOptions(app, options);
+    for (CLI::Option* const option : app.get_options()) {
+        // The repeatable ones gather their values; the others may be given once.
+        const bool isRepeatable = option->check_name("--trace") || option->check_name("--fault");
+        option->multi_option_policy(isRepeatable ? CLI::MultiOptionPolicy::TakeAll
+                                                 : CLI::MultiOptionPolicy::Throw);
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
+    }
+    return options;
+}
+
+ListenAddress parseListenAddress(const std::string& text)
+{
+    const std::size_t colon = text.rfind(':');
+    if (colon == std::string::npos || colon == 0) {
+        throw std::invalid_argument(text + ": it takes ADDRESS:PORT, as in 127.0.0.1:8080 or [::1]:8080");
+    }
+    std::string address = text.substr(0, colon);
+    if (address.front() == '[' && address.back() == ']') {
+        address = address.substr(1, address.size() - 2);
+    } else if (address.find(':') != std::string::npos) {
+        throw std::invalid_argument(text + ": an IPv6 address stands in brackets, as in [::1]:8080");
+    }
+    return {address, numberIn<std::uint16_t>(text, text.substr(colon + 1))};
+}
+
+TraceLevel parseTraceLevel(const std::string& text)
+{
+    const std::size_t sign = text.rfind('=');
+    if (sign == std::string::npos || sign == 0) {
+        throw std::invalid_argument(text + ": it takes CHANNEL=LEVEL, as in ZYR.COMM=5");
+    }
+    const auto level = numberIn<TylTraceLevel>(text, text.substr(sign + 1));
+    if (level < TraceService::kSilent || level > TraceService::kHighestLevel) {
+        throw std::invalid_argument(text + ": levels go from 0 to 7");
+    }
+    return {text.substr(0, sign), level};
+}
+
+zyr_simulation::Fault parseFault(const std::string& text)
+{
+    static const std::regex form(R"((\w+)\.(\w+)(?:@(\d+))?=(0x[0-9a-fA-F]+|\d+)(?:x(\d+))?)");
+    std::smatch part;
+    if (!std::regex_match(text, part, form)) {
+        throw std::invalid_argument(text + ": it takes COLLABORATOR.OPERATION[@CHANNEL]=CODE[xTIMES], as in "
+                                           "IAcmHandler.enableAcm@1=0x8000x3");
+    }
+    zyr_simulation::Fault fault;
+    fault.collaborator = part[1];
+    fault.operation = part[2];
+    fault.channel = part[3].matched ? numberIn<unsigned>(text, part[3]) : 0;
+    fault.code = codeIn(text, part[4]);
+    fault.count = part[5].matched ? numberIn<unsigned>(text, part[5]) : 1;
+    return fault;
+}
+
+} // namespace zyr_node

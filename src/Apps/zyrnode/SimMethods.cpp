@@ -1,0 +1,254 @@
+#include "SimMethods.h"
+
+#include "Conversion.h"
+#include "Field.h"
+#include "RecordError.h"
+#include "StateFields.h"
+#include "TraceService.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <functional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+template <>
+struct zyr_registration::RecordFields<zyr_platform::TraceService::Channel>
+{
+    using Channel = zyr_platform::TraceService::Channel;
+    static constexpr std::array fields{
+        field<&Channel::name>("name", {.help = "name of the channel"}),
+        field<&Channel::level>("level", {.help = "highest level that is on"}),
+        field<&Channel::defaultLevel>("defaultLevel", {.help = "the level without a setting"}),
+    };
+};
+
+namespace zyr_node
+{
+
+namespace
+{
+
+using zyr_gateway::XmlRpcServer;
+using zyr_platform::TraceService;
+using zyr_registration::Field;
+using zyr_registration::field;
+using zyr_registration::MethodNotes;
+using zyr_registration::Range;
+using zyr_registration::RecordError;
+using zyr_registration::Value;
+using zyr_simulation::Fault;
+using zyr_simulation::NodeSnapshot;
+using zyr_simulation::SimulatedNode;
+
+struct Nothing
+{};
+
+struct TraceLevelRequest
+{
+    std::string channel;
+    TylTraceLevel level = 0;
+};
+
+struct TraceLevelAnswer
+{
+    std::string text;
+};
+
+struct TraceChannelsAnswer
+{
+    std::vector<TraceService::Channel> channels;
+};
+
+// What a setter of the node takes.
+template <class T>
+struct NodeSetting
+{
+    T value{};
+};
+
+// What a setter of one channel of the node takes.
+template <class T>
+struct ChannelSetting
+{
+    zyr_top_api::RadioChannel channel;
+    T value{};
+};
+
+template <class T>
+constexpr std::array kNodeSetting{
+    field<&NodeSetting<T>::value>("value", {.help = "the new setting"}),
+};
+
+template <class T>
+constexpr std::array kChannelSetting{
+    field<&ChannelSetting<T>::channel>("channel", {.help = "radio channel"}),
+    field<&ChannelSetting<T>::value>("value", {.help = "the new setting"}),
+};
+
+constexpr Range kLevels{TraceService::kSilent, TraceService::kHighestLevel};
+
+constexpr std::array kTraceLevelRequest{
+    field<&TraceLevelRequest::channel>("channel", {.help = "trace channel; a \"*\" stands for any text"}),
+    field<&TraceLevelRequest::level>("level", {.help = "highest level that is on", .range = kLevels}),
+};
+constexpr std::array kTraceLevelAnswer{
+    field<&TraceLevelAnswer::text>("text", {.help = "what was accepted"}),
+};
+constexpr std::array kTraceChannelsAnswer{
+    field<&TraceChannelsAnswer::channels>("channels", {.help = "the trace channels that have been used"}),
+};
+
+Value valueOf(std::span<const Field> fields, const void* record)
+{
+    Value value = Value::object();
+    zyr_registration::writeRecord(fields, record, value);
+    return value;
+}
+
+// Adds a method that turns a request into a value. What the node says to be invalid becomes a fault of the
+// caller.
+template <class Request>
+void add(XmlRpcServer& server, const MethodNotes& notes, unsigned channels,
+         std::function<Value(const Request&)> function)
+{
+    server.addMethod(notes, [notes, channels, function = std::move(function)](const Value& members) {
+        Request request{};
+        zyr_registration::readRecord(notes.name, notes.request, members, channels, &request);
+        try {
+            return function(request);
+        } catch (const std::invalid_argument& error) {
+            throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
+                              std::string(notes.name) + ": " + error.what());
+        }
+    });
+}
+
+NodeReport reportOf(const SimulatedNode& node)
+{
+    NodeSnapshot snapshot = node.snapshot();
+    return {node.alarmHandler().hangingRequests(), std::move(snapshot.channels), std::move(snapshot.alarms),
+            std::move(snapshot.faults)};
+}
+
+void addStateMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+{
+    add<Nothing>(server,
+                 {.name = "SIM.GetState",
+                  .help = "Shows the state of the simulated node.",
+                  .response = reportFields()},
+                 channels, [&node](const Nothing&) {
+                     const NodeReport report = reportOf(node);
+                     return valueOf(reportFields(), &report);
+                 });
+}
+
+void addFaultMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+{
+    add<Fault>(server,
+               {.name = "SIM.InjectFault",
+                .help = "Lets an operation of a collaborator fail.",
+                .request = faultFields(),
+                .disturbsTraffic = true},
+               channels, [&node](const Fault& fault) {
+                   node.faults().inject(fault);
+                   return Value::object();
+               });
+    add<Nothing>(server, {.name = "SIM.ClearFaults", .help = "Drops all orders to fail."}, channels,
+                 [&node](const Nothing&) {
+                     node.faults().clear();
+                     return Value::object();
+                 });
+    add<Nothing>(server,
+                 {.name = "SIM.ListFaults",
+                  .help = "Shows the orders to fail that aren't used up.",
+                  .response = faultListFields()},
+                 channels, [&node](const Nothing&) {
+                     const FaultList list{node.faults().list()};
+                     return valueOf(faultListFields(), &list);
+                 });
+}
+
+void addTraceMethods(XmlRpcServer& server, unsigned channels)
+{
+    add<TraceLevelRequest>(server,
+                           {.name = "SIM.SetTraceLevel",
+                            .help = "Sets the level of trace channels.",
+                            .request = kTraceLevelRequest,
+                            .response = kTraceLevelAnswer},
+                           channels, [](const TraceLevelRequest& request) {
+                               const TraceLevelAnswer answer{
+                                   TraceService::get().setLevel(request.channel, request.level)};
+                               return valueOf(kTraceLevelAnswer, &answer);
+                           });
+    add<Nothing>(server,
+                 {.name = "SIM.ListTraceChannels",
+                  .help = "Shows the trace channels that have been used, with their levels.",
+                  .response = kTraceChannelsAnswer},
+                 channels, [](const Nothing&) {
+                     const TraceChannelsAnswer answer{TraceService::get().channels()};
+                     return valueOf(kTraceChannelsAnswer, &answer);
+                 });
+}
+
+template <class T>
+void addSetter(XmlRpcServer& server, SimulatedNode& node, unsigned channels, MethodNotes notes,
+               void (SimulatedNode::*set)(T))
+{
+    notes.request = kNodeSetting<T>;
+    add<NodeSetting<T>>(server, notes, channels, [&node, set](const NodeSetting<T>& request) {
+        (node.*set)(request.value);
+        return Value::object();
+    });
+}
+
+template <class T>
+void addSetter(XmlRpcServer& server, SimulatedNode& node, unsigned channels, MethodNotes notes,
+               void (SimulatedNode::*set)(unsigned, T))
+{
+    notes.request = kChannelSetting<T>;
+    add<ChannelSetting<T>>(server, notes, channels, [&node, set](const ChannelSetting<T>& request) {
+        (node.*set)(request.channel, request.value);
+        return Value::object();
+    });
+}
+
+void addSetters(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+{
+    const auto row = [&](std::string_view name, std::string_view help, auto set) {
+        addSetter(server, node, channels, {.name = name, .help = help, .disturbsTraffic = true}, set);
+    };
+    row("SIM.SetCarrierAggregation", "Switches carrier aggregation on or off.",
+        &SimulatedNode::setCarrierAggregation);
+    row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
+        &SimulatedNode::setConfigurationBypassed);
+    row("SIM.SetDuplexType", "Sets the duplex type: 0 variable, 1 fixed distance between the two directions.",
+        &SimulatedNode::setDuplexType);
+    row("SIM.SetFarEndTransmits", "Switches the transmitters of the far end on or off.",
+        &SimulatedNode::setFarEndTransmits);
+    row("SIM.SetLongHaul", "Makes the radio units long haul ones, or ordinary ones.",
+        &SimulatedNode::setLongHaul);
+    row("SIM.SetPathLoss", "Sets the path loss of the hop, in tenths of a dB.",
+        &SimulatedNode::setPathLoss_dBTenths);
+    row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
+        &SimulatedNode::setRadioAvailable);
+    row("SIM.SetTwoTransmitters", "Makes the radio units such with two transmitters, or with one.",
+        &SimulatedNode::setTwoTransmitters);
+}
+
+} // namespace
+
+void addSimMethods(XmlRpcServer& server, SimulatedNode& node)
+{
+    const auto channels = static_cast<unsigned>(node.snapshot().channels.size());
+    addStateMethods(server, node, channels);
+    addFaultMethods(server, node, channels);
+    addSetters(server, node, channels);
+    addTraceMethods(server, channels);
+}
+
+} // namespace zyr_node

@@ -1,0 +1,62 @@
+#include "Descriptions.h"
+#include "Failure.h"
+
+#include <gtest/gtest.h>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+std::string protocolFailureOf(const char* json)
+{
+    try {
+        readCommands(Value::parse(json));
+    } catch (const Failure& failure) {
+        EXPECT_EQ(static_cast<int>(failure.status()), 5);
+        return failure.what();
+    }
+    ADD_FAILURE() << "it was taken";
+    return {};
+}
+
+TEST(NodeDescription, IsReadWhole)
+{
+    const CommandDescription command = test::exampleCommand();
+    EXPECT_EQ(command.name, "CRI.Example");
+    EXPECT_TRUE(command.isTest && command.isLongPoll && command.disturbsTraffic);
+    EXPECT_EQ(command.request[0].minimum, 1);
+    EXPECT_EQ(command.request[0].maximum, 2);
+    EXPECT_TRUE(command.request[0].isRequired);
+    EXPECT_EQ(command.request[2].texts[1].text, "Fixed rate");
+    EXPECT_TRUE(command.request[5].isSecret);
+    EXPECT_EQ(command.request[7].element.at(0).fields[1].name, "closed");
+    EXPECT_EQ(command.response[1].unit, "dBm");
+    EXPECT_EQ(command.faults.at(0).code, 4);
+    EXPECT_EQ(command.original.at("help"), "Does an example.");
+}
+
+TEST(NodeDescription, OfUnknownTypesPasses)
+{
+    const auto commands =
+        readCommands(Value::parse(R"([{"name":"A","request":[{"name":"x","type":"date"}]}])"));
+    EXPECT_EQ(commands.at(0).request.at(0).type, FieldType::Other);
+    EXPECT_TRUE(commands.at(0).response.empty());
+}
+
+TEST(NodeDescription, ThatIsNoneIsAProtocolFailure)
+{
+    EXPECT_EQ(protocolFailureOf("5"), "the node's description of its commands is not an array");
+    for (const char* json : {"[5]", "[{}]", R"([{"name":5}])", R"([{"name":"A","request":[{"name":"x"}]}])",
+                             R"([{"name":"A","faults":[{}]}])"}) {
+        EXPECT_EQ(protocolFailureOf(json).rfind(
+                      "the node describes a command in a way that this program does not know: ", 0),
+                  0U)
+            << json;
+    }
+}
+
+} // namespace
+
+} // namespace zyr_ctl

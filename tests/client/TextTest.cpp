@@ -1,0 +1,176 @@
+#include "Text.h"
+#include "CommandLine.h"
+#include "Completion.h"
+#include "Descriptions.h"
+#include "Failure.h"
+#include "Login.h"
+#include "Secrets.h"
+#include "Suggestion.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+using Words = std::vector<std::string>;
+
+TEST(Suggestion, CountsSlips)
+{
+    EXPECT_EQ(editDistance("acm", "acm"), 0U);
+    EXPECT_EQ(editDistance("acm", "ACM"), 0U);
+    EXPECT_EQ(editDistance("acm", "amc"), 1U);
+    EXPECT_EQ(editDistance("acm", "am"), 1U);
+    EXPECT_EQ(editDistance("", "acm"), 3U);
+    EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
+}
+
+TEST(Suggestion, NamesTheNearestFirst)
+{
+    const Words names{"CRI.EnableAcm", "CRI.SetAcmMode", "CRI.GetAcmMode", "CI.GetEvents"};
+    EXPECT_EQ(didYouMean("CRI.SetAcmMod", names), R"(; did you mean "CRI.SetAcmMode" or "CRI.GetAcmMode"?)");
+    EXPECT_EQ(didYouMean("enableacm", names), R"(; did you mean "CRI.EnableAcm"?)");
+    EXPECT_EQ(didYouMean("nothing", names), "");
+}
+
+TEST(Failure, HasAJsonForm)
+{
+    EXPECT_EQ(compactJson(Failure(ExitStatus::Fault, "no", 4).json()),
+              R"({"error":{"kind":"fault","code":4,"text":"no"}})");
+    EXPECT_EQ(compactJson(Failure(ExitStatus::NoConnection, "no").json()),
+              R"({"error":{"kind":"connect","code":null,"text":"no"}})");
+    EXPECT_EQ(Failure(ExitStatus::Fault, "no", 4).line(), "fault 4: no");
+    EXPECT_EQ(Failure(ExitStatus::Protocol, "no", 401).line(), "no");
+}
+
+TEST(Secrets, AreHiddenAtAnyDepth)
+{
+    const Value value =
+        Value::parse(R"({"masterKey":"abc","isSecret":true,"list":[{"Password":{"a":1},"name":"x"}]})");
+    EXPECT_EQ(compactJson(withoutSecrets(value)),
+              R"-({"masterKey":"(hidden)","isSecret":true,"list":[{"Password":"(hidden)","name":"x"}]})-");
+}
+
+TEST(Secrets, AreHiddenInXml)
+{
+    EXPECT_EQ(withoutSecretsInXml("<struct><member><name>a</name><value>1</value></member>\n"
+                                  "<member><name>masterKey</name>\n<value><struct><member><name>b</name>"
+                                  "<value>abc</value></member></struct></value></member></struct>"),
+              "<struct><member><name>a</name><value>1</value></member>\n"
+              "<member><name>masterKey</name><value>(hidden)</value></member></struct>");
+    EXPECT_EQ(withoutSecretsInXml("<name>masterKey</name><value><string>abc"),
+              "<name>masterKey</name><value>(hidden)</value>");
+    EXPECT_EQ(withoutSecretsInXml("<name>isSecret</name><value><boolean>1</boolean></value>"),
+              "<name>isSecret</name><value><boolean>1</boolean></value>");
+    EXPECT_EQ(withoutSecretsInXml("plain"), "plain");
+}
+
+TEST(Login, IsTheUsersLine)
+{
+    const std::string file = "# comment: yes\n\nann:one:two\r\nbob:three\n";
+    EXPECT_EQ(loginIn(file, "")->user, "ann");
+    EXPECT_EQ(loginIn(file, "")->password, "one:two");
+    EXPECT_EQ(loginIn(file, "bob")->password, "three");
+    EXPECT_FALSE(loginIn(file, "carl").has_value());
+}
+
+CompletionSource source()
+{
+    return {{"call", "help", "list", "completion"},
+            {"--json", "--url", "--watch"},
+            {"--url", "-u"},
+            [] {
+                return Words{"CRI.Example", "CRI.Other"};
+            },
+            [](const std::string& command) {
+                return command == "CRI.Example" ? std::optional(test::exampleCommand()) : std::nullopt;
+            }};
+}
+
+Words completed(std::string_view line)
+{
+    return completions(completionWords(line), source());
+}
+
+TEST(Completion, OffersCommandsAndSubcommands)
+{
+    EXPECT_EQ(completed("zyrctl c"), (Words{"call", "completion"}));
+    EXPECT_EQ(completed("zyrctl CRI.E"), (Words{"CRI.Example"}));
+    EXPECT_EQ(completed("zyrctl "),
+              (Words{"call", "help", "list", "completion", "CRI.Example", "CRI.Other"}));
+    EXPECT_EQ(completed("zyrctl -u http://x call "), (Words{"CRI.Example", "CRI.Other"}));
+    EXPECT_EQ(completed("zyrctl completion "), (Words{"bash"}));
+    EXPECT_EQ(completed("zyrctl list CRI.E"), (Words{"CRI.Example"}));
+    EXPECT_EQ(completed("zyrctl"), (Words{}));
+}
+
+TEST(Completion, OffersOptionsButNotTheirValues)
+{
+    EXPECT_EQ(completed("zyrctl list --"), (Words{"--json", "--url", "--watch"}));
+    EXPECT_EQ(completed("zyrctl --url "), (Words{}));
+}
+
+TEST(Completion, OffersFieldsThatAreNotGivenYet)
+{
+    EXPECT_EQ(completed("zyrctl CRI.Example m"), (Words{"mode=", "mac=", "masterKey="}));
+    EXPECT_EQ(completed("zyrctl call CRI.Example mode=0 m"), (Words{"mac=", "masterKey="}));
+    EXPECT_EQ(completed("zyrctl CRI.Example con"), (Words{"config.switchMode="}));
+    EXPECT_EQ(completed("zyrctl CRI.Unknown "), (Words{}));
+}
+
+TEST(Completion, OffersValues)
+{
+    EXPECT_EQ(completed("zyrctl CRI.Example mode="), (Words{"mode=Off", "mode=Fixed rate"}));
+    EXPECT_EQ(completed("zyrctl CRI.Example 'mode=Fixed r"), (Words{"mode=Fixed rate"}));
+    EXPECT_EQ(completed("zyrctl CRI.Example enable=t"), (Words{"enable=true"}));
+    EXPECT_EQ(completed("zyrctl CRI.Example channelId="), (Words{"channelId=1", "channelId=2"}));
+    EXPECT_EQ(completed("zyrctl CRI.Example power="), (Words{}));
+}
+
+TEST(Completion, FindsOptionsOfTheLine)
+{
+    EXPECT_EQ(optionValue({"-u", "x", "list"}, "-u"), "x");
+    EXPECT_EQ(optionValue({"--url=y"}, "--url"), "y");
+    EXPECT_EQ(optionValue({"-u"}, "-u"), std::nullopt);
+}
+
+TEST(CommandLine, HasCallPutInForTheShortForm)
+{
+    CLI::App app;
+    std::string text;
+    app.add_option("-u,--url", text);
+    app.add_flag("--json");
+    app.add_subcommand("list");
+    CLI::App* const call = app.add_subcommand("call");
+    call->add_option("--get", text);
+    call->add_flag("--dry-run");
+    EXPECT_EQ(withCallSubcommand(app, {"-u", "list", "--json", "CRI.X"}),
+              (Words{"call", "-u", "list", "--json", "CRI.X"}));
+    EXPECT_EQ(withCallSubcommand(app, {"--get", "a", "--dry-run", "list"}),
+              (Words{"--get", "a", "--dry-run", "list"}));
+    EXPECT_EQ(withCallSubcommand(app, {"--url=x", "CRI.X"}), (Words{"call", "--url=x", "CRI.X"}));
+    EXPECT_EQ(withCallSubcommand(app, {"--json"}), (Words{"--json"}));
+    EXPECT_EQ(withCallSubcommand(app, {"--json", "list", "x"}), (Words{"--json", "list", "x"}));
+}
+
+TEST(CommandLine, HidesAPassword)
+{
+    std::array<char, 7> program{"zyrctl"};
+    std::array<char, 7> option{"--user"};
+    std::array<char, 8> value{"ann:abc"};
+    std::array<char, 15> joined{"--user=bob:xyz"};
+    std::array<char, 8> other{"a:b=c:d"};
+    std::array<char*, 5> words{program.data(), option.data(), value.data(), joined.data(), other.data()};
+    hidePassword(5, words.data());
+    EXPECT_STREQ(value.data(), "ann:***");
+    EXPECT_STREQ(joined.data(), "--user=bob:***");
+    EXPECT_STREQ(other.data(), "a:b=c:d");
+}
+
+} // namespace
+
+} // namespace zyr_ctl

@@ -1,0 +1,514 @@
+#!/usr/bin/env python3
+"""The real zyrctl against a small XML-RPC server: output, errors and exit status of every habit.
+
+The environment variable ZYRCTL names the program.
+"""
+
+import json
+import os
+import pty
+import random
+import re
+import select
+import socket
+import subprocess
+import sys
+import tempfile
+import unittest
+import xmlrpc.client
+
+from fake_node import DESCRIPTIONS, FakeNode, RawServer
+
+ZYRCTL = os.environ["ZYRCTL"]
+DEADLINE = 20
+
+STATUS_ANSWER = {"tiResult": 0, "acmMode": 1, "power": 15.5,
+                 "events": [{"eventName": "LOS", "count": 3}, {"eventName": "Sync lost", "count": 12}]}
+LATER_STATUS_ANSWER = {"tiResult": 0, "acmMode": 0, "power": 15.5, "events": [{"eventName": "LOS", "count": 4}]}
+
+
+def environment(url=None, **more):
+    kept = {name: value for name, value in os.environ.items()
+            if name not in ("ZYR_URL", "ZYR_CREDENTIALS", "NO_COLOR", "http_proxy")}
+    kept["TERM"] = "xterm"
+    if url:
+        kept["ZYR_URL"] = url
+    return {**kept, **more}
+
+
+def run(*words, url=None, stdin="", **more):
+    done = subprocess.run([ZYRCTL, *words], input=stdin, capture_output=True, text=True, timeout=DEADLINE,
+                          env=environment(url, **more), check=False)
+    return done.returncode, done.stdout, done.stderr
+
+
+def run_on_terminal(*words, url=None, typed="", wait_for=None, **more):
+    """Runs the program on a terminal; types when it has written `wait_for`. Gives status and all it wrote."""
+    master, slave = pty.openpty()
+    with subprocess.Popen([ZYRCTL, *words], stdin=slave, stdout=slave, stderr=slave,
+                          env=environment(url, **more)) as process:
+        os.close(slave)
+        written = b""
+        while True:
+            ready, _, _ = select.select([master], [], [], DEADLINE)
+            if not ready:
+                process.kill()
+                raise AssertionError(f"the program hangs behind {written!r}")
+            try:
+                piece = os.read(master, 4096)
+            except OSError:  # the other end is closed
+                break
+            if not piece:
+                break
+            written += piece
+            if wait_for and wait_for.encode() in written:
+                os.write(master, typed.encode())
+                wait_for = None
+        status = process.wait(DEADLINE)
+    os.close(master)
+    return status, written.decode().replace("\r\n", "\n")
+
+
+class NodeTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        self.node = self.enterContext(FakeNode())
+
+    def run_with_node(self, *words, **more):
+        return run(*words, url=self.node.url, **more)
+
+
+class List(NodeTest):
+    def test_shows_every_command_with_its_help(self):
+        self.assertEqual(self.run_with_node("list"), (0, (
+            "CI.GetFastEvents  Waits for events.\n"
+            "CRI.EnableAcm     Switches ACM of a radio channel on or off.\n"
+            "CRI.GetStatus     Reads the status of a radio channel.\n"
+            "CRI.SetAcmMode    Sets the ACM mode.\n"
+            "CRI.SetKey        Sets the key.\n"
+            "TI.GetEvents      Reads events. [test]\n"), ""))
+
+    def test_takes_a_part_of_a_name_or_a_pattern(self):
+        expected = ("CRI.EnableAcm   Switches ACM of a radio channel on or off.\n"
+                    "CRI.SetAcmMode  Sets the ACM mode.\n")
+        self.assertEqual(self.run_with_node("list", "acm"), (0, expected, ""))
+        self.assertEqual(self.run_with_node("list", "cri.*acm*"), (0, expected, ""))
+
+    def test_tells_on_standard_error_when_nothing_fits(self):
+        self.assertEqual(self.run_with_node("list", "nix"), (0, "", 'zyrctl: no command fits "nix"\n'))
+
+    def test_shows_undescribed_methods_with_all(self):
+        self.assertEqual(self.run_with_node("list", "--all", "sim"), (0, "SIM.GetState  Reads the state.\n", ""))
+
+    def test_is_json_on_request(self):
+        status, out, err = self.run_with_node("list", "ti.", "--json")
+        self.assertEqual((status, json.loads(out), err),
+                         (0, [{"name": "TI.GetEvents", "help": "Reads events.", "test": True}], ""))
+
+
+class Help(NodeTest):
+    def test_explains_a_command(self):
+        self.assertEqual(self.run_with_node("help", "CRI.EnableAcm"), (0, (
+            "CRI.EnableAcm\n"
+            "  Switches ACM of a radio channel on or off.\n"
+            "  Can disturb traffic: asks before it runs, unless --yes is given.\n"
+            "\n"
+            "Request:\n"
+            "  channelId  integer 1..2  radio channel\n"
+            "  enable     boolean       true switches ACM on\n"
+            "\n"
+            "Faults:\n"
+            "  2  eTI_E_INVALID_ARGUMENT  RadioChannelID out of bounds  The node has no such radio channel.\n"
+            "\n"
+            "Example:\n"
+            "  zyrctl CRI.EnableAcm channelId=1 enable=true\n"), ""))
+
+    def test_gives_the_description_itself_as_json(self):
+        status, out, _ = self.run_with_node("--json", "help", "CRI.EnableAcm")
+        self.assertEqual((status, json.loads(out)), (0, DESCRIPTIONS[1]))
+
+    def test_gives_the_nodes_own_text_for_an_undescribed_method(self):
+        self.assertEqual(self.run_with_node("help", "SIM.GetState"), (0, "SIM.GetState\n  Reads the state.\n", ""))
+
+    def test_explains_subcommands_without_a_node(self):
+        status, out, _ = run("help", "list", url="http://127.0.0.1:1/RPC2")
+        self.assertEqual(status, 0)
+        self.assertIn("Usage: zyrctl list [OPTIONS] [PATTERN]\n", out)
+        status, out, _ = run("help")
+        self.assertEqual(status, 0)
+        self.assertIn("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.", out)
+
+    def test_suggests_names(self):
+        self.assertEqual(self.run_with_node("help", "CRI.EnableAmc"), (
+            2, "", 'zyrctl: the node has no command "CRI.EnableAmc"; did you mean "CRI.EnableAcm"?\n'))
+
+
+class Call(NodeTest):
+    def setUp(self):
+        super().setUp()
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
+
+    def test_shows_the_answer_readably(self):
+        expected = (0, ("tiResult  0\n"
+                        "acmMode   Fixed rate (1)\n"
+                        "power     15.5 dBm\n"
+                        "events (2)\n"
+                        "  eventName  count\n"
+                        "  LOS            3\n"
+                        "  Sync lost     12\n"), "")
+        self.assertEqual(self.run_with_node("call", "CRI.GetStatus", "channelId=1"), expected)
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "channelId=1"), expected)
+        self.assertEqual(self.node.calls, [("CRI.GetStatus", [{"channelId": 1}])] * 2)
+
+    def test_shows_the_answer_as_json(self):
+        status, out, err = self.run_with_node("CRI.GetStatus", "channelId=2", "--json")
+        self.assertEqual((status, json.loads(out), err), (0, STATUS_ANSWER, ""))
+
+    def test_gets_a_part_of_the_answer(self):
+        def part(path, *more):
+            return self.run_with_node("CRI.GetStatus", "channelId=1", "--get", path, *more)
+        self.assertEqual(part("power"), (0, "15.5\n", ""))
+        self.assertEqual(part("acmMode"), (0, "1\n", ""))
+        self.assertEqual(part("events[1].eventName"), (0, "Sync lost\n", ""))
+        self.assertEqual(part("events.0.count", "--json"), (0, "3\n", ""))
+        self.assertEqual(part("powr"), (2, "", 'zyrctl: the answer has no field "powr"; did you mean "power"?\n'))
+
+    def test_converts_assignments_by_the_description(self):
+        status, out, err = self.run_with_node("CRI.SetAcmMode", "channelId=2", "acmMode=fixed rate",
+                                              "config.ifSwitchMode=1", "loops=[1,2]")
+        self.assertEqual((status, out, err), (0, "tiResult  0\n", ""))
+        self.assertEqual(self.node.calls, [("CRI.SetAcmMode", [
+            {"channelId": 2, "acmMode": 1, "config": {"ifSwitchMode": 1}, "loops": [1, 2]}])])
+
+    def test_takes_data_from_the_line_standard_input_and_a_file(self):
+        data = '{"channelId": 2, "acmMode": "Off"}'
+        with tempfile.NamedTemporaryFile("w", suffix=".json") as file:
+            file.write(data)
+            file.flush()
+            for given, stdin in ((data, ""), ("@-", data), ("@" + file.name, "")):
+                status, _, err = self.run_with_node("CRI.SetAcmMode", "--data", given, "channelId=1", stdin=stdin)
+                self.assertEqual((status, err), (0, ""))
+        self.assertEqual(self.node.calls, [("CRI.SetAcmMode", [{"channelId": 1, "acmMode": 0}])] * 3)
+
+    def test_refuses_bad_data(self):
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "--data", "{"),
+                         (2, "", "zyrctl: --data is not JSON: wrong at character 2\n"))
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "--data", "@/nowhere/x"),
+                         (2, "", "zyrctl: cannot read /nowhere/x\n"))
+
+    def test_sends_nothing_that_the_description_refuses(self):
+        for words, text in ((["channelId=3"], "channelId is 3, it takes an integer from 1 to 2"),
+                            (["chanelId=1"], 'CRI.GetStatus has no field "chanelId"; did you mean "channelId"?'),
+                            ([], "CRI.GetStatus needs channelId, it takes an integer from 1 to 2")):
+            self.assertEqual(self.run_with_node("CRI.GetStatus", *words), (2, "", f"zyrctl: {text}\n"))
+        self.assertEqual(self.node.calls, [])
+
+    def test_sends_no_parameter_for_a_command_without_fields(self):
+        self.assertEqual(self.run_with_node("TI.GetEvents")[0], 0)
+        self.assertEqual(self.node.calls, [("TI.GetEvents", [])])
+
+    def test_calls_undescribed_methods_unchecked(self):
+        self.assertEqual(self.run_with_node("SIM.GetState", "a.b=1", "c=x"), (0, "one\n2\n", ""))
+        self.assertEqual(self.node.calls, [("SIM.GetState", [{"a": {"b": 1}, "c": "x"}])])
+
+    def test_suggests_commands_and_subcommands(self):
+        self.assertEqual(self.run_with_node("lst"),
+                         (2, "", 'zyrctl: the node has no command "lst"; did you mean "list"?\n'))
+
+    def test_prints_the_request_in_a_dry_run(self):
+        self.assertEqual(self.run_with_node("--dry-run", "CRI.EnableAcm", "channelId=1", "enable=on"), (
+            0, '<?xml version="1.0" encoding="UTF-8"?><methodCall><methodName>CRI.EnableAcm</methodName><params><param>'
+               "<value><struct><member><name>channelId</name><value><int>1</int></value></member><member><name>enable"
+               "</name><value><boolean>1</boolean></value></member></struct></value></param></params></methodCall>\n",
+            ""))
+        status, out, _ = self.run_with_node("CRI.EnableAcm", "channelId=1", "enable=on", "--dry-run", "--json")
+        self.assertEqual((status, json.loads(out)),
+                         (0, {"method": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": True}]}))
+        self.assertEqual(self.node.calls, [])
+
+
+class Watch(NodeTest):
+    def test_marks_what_has_changed(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
+        status, out, err = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0.01", "--count", "2")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(re.sub(r"^(#\d) \d\d:\d\d:\d\d$", r"\1", out, flags=re.MULTILINE), (
+            "#1\n"
+            "  tiResult  0\n"
+            "  acmMode   Fixed rate (1)\n"
+            "  power     15.5 dBm\n"
+            "  events (2)\n"
+            "    eventName  count\n"
+            "    LOS            3\n"
+            "    Sync lost     12\n"
+            "#2\n"
+            "  tiResult  0\n"
+            "* acmMode   Off (0)\n"
+            "  power     15.5 dBm\n"
+            "* events (1)\n"
+            "    eventName  count\n"
+            "*   LOS            4\n"))
+
+    def test_writes_a_json_line_per_answer(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
+        status, out, _ = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0", "--count", "2", "--json")
+        self.assertEqual((status, [json.loads(line) for line in out.splitlines()]), (0, [
+            {"changed": [], "value": STATUS_ANSWER},
+            {"changed": ["acmMode", "events", "events[0].count"], "value": LATER_STATUS_ANSWER}]))
+
+    def test_watches_a_part(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
+        _, out, _ = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0", "--count", "2", "--get", "acmMode")
+        self.assertEqual([line for line in out.splitlines() if line[0] != "#"], ["  1", "* 0"])
+
+    def test_ends_with_the_first_fault(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, xmlrpc.client.Fault(4, "gone")]
+        status, _, err = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0")
+        self.assertEqual((status, err), (1, "zyrctl: fault 4: gone\n"))
+
+    def test_has_a_count_only_with_watch(self):
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "channelId=1", "--count", "2"),
+                         (2, "", "zyrctl: --count requires --watch\n"))
+
+
+class Confirmation(NodeTest):
+    COMMAND = ("CRI.EnableAcm", "channelId=1", "enable=true")
+    QUESTION = "CRI.EnableAcm can disturb traffic. Go on? [y/N] "
+
+    def test_is_refused_without_a_terminal(self):
+        self.assertEqual(self.run_with_node(*self.COMMAND, stdin="y\n"), (
+            2, "", "zyrctl: CRI.EnableAcm can disturb traffic and there is no terminal to ask on; give --yes\n"))
+        self.assertEqual(self.node.calls, [])
+
+    def test_is_left_out_with_yes(self):
+        self.assertEqual(self.run_with_node(*self.COMMAND, "--yes"), (0, "tiResult  0\n", ""))
+        self.assertEqual(self.node.calls, [("CRI.EnableAcm", [{"channelId": 1, "enable": True}])])
+
+    def test_is_asked_for_on_a_terminal(self):
+        status, out = run_on_terminal(*self.COMMAND, url=self.node.url, typed="y\n", wait_for=self.QUESTION)
+        self.assertEqual((status, out), (0, self.QUESTION + "y\ntiResult  0\n"))
+        self.assertEqual(len(self.node.calls), 1)
+
+    def test_that_is_denied_calls_nothing(self):
+        status, out = run_on_terminal(*self.COMMAND, url=self.node.url, typed="\n", wait_for=self.QUESTION,
+                                      NO_COLOR="1")
+        self.assertEqual((status, out), (2, self.QUESTION + "\nzyrctl: CRI.EnableAcm was not called\n"))
+        self.assertEqual(self.node.calls, [])
+
+
+class Colour(NodeTest):
+    def test_is_for_terminals(self):
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=3", url=self.node.url)
+        self.assertEqual(out, "\x1b[31mzyrctl:\x1b[0m channelId is 3, it takes an integer from 1 to 2\n")
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=1", "--get", "acmMode", "--watch=0", "--count", "1",
+                                 url=self.node.url, NO_COLOR="1")
+        self.assertNotIn("\x1b", out)
+
+    def test_marks_changes(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
+        words = ("CRI.GetStatus", "channelId=1", "--get", "acmMode", "--watch=0", "--count", "2")
+        _, out = run_on_terminal(*words, url=self.node.url)
+        self.assertEqual(out.splitlines()[-1], "\x1b[1m* 0\x1b[0m")
+
+    def test_is_left_out_with_no_color(self):
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=3", url=self.node.url, NO_COLOR="1")
+        self.assertEqual(out, "zyrctl: channelId is 3, it takes an integer from 1 to 2\n")
+
+
+class Secrets(NodeTest):
+    def test_are_sent_but_not_shown(self):
+        self.node.answers["CRI.SetKey"] = [{"tiResult": 0, "masterKey": "verysecret"}]
+        for words in (["-v"], ["--json"], [], ["--get", "masterKey"], ["--dry-run"], ["--dry-run", "--json"]):
+            status, out, err = self.run_with_node("CRI.SetKey", "masterKey=verysecret", *words)
+            self.assertEqual(status, 0)
+            self.assertNotIn("verysecret", out + err)
+            self.assertIn("(hidden)", out + err)
+        self.assertEqual(self.node.calls, [("CRI.SetKey", [{"masterKey": "verysecret"}])] * 4)
+
+
+class Wire(NodeTest):
+    def test_is_shown_on_standard_error(self):
+        status, out, err = self.run_with_node("TI.GetEvents", "-v")
+        self.assertEqual((status, out), (0, "tiResult  0\n"))
+        lines = err.splitlines()
+        self.assertIn("> POST /RPC2 HTTP/1.1", lines)
+        self.assertIn('> <?xml version="1.0" encoding="UTF-8"?><methodCall><methodName>TI.GetEvents</methodName>'
+                      "<params></params></methodCall>", lines)
+        self.assertIn("< HTTP/1.0 200 OK", lines)
+        self.assertIn("< <value><int>0</int></value>", lines)
+
+
+class Credentials(unittest.TestCase):
+    def setUp(self):
+        self.node = self.enterContext(FakeNode(login="ann:open sesame"))
+        self.file = self.enterContext(tempfile.NamedTemporaryFile("w"))
+        self.file.write("# who may call\nbob:other\nann:open sesame\n")
+        self.file.flush()
+
+    def status_of(self, *words, **more):
+        return run("list", "ti.", *words, url=self.node.url, **more)
+
+    EXPECTED = (0, "TI.GetEvents  Reads events. [test]\n", "")
+
+    def test_come_from_a_file(self):
+        self.assertEqual(self.status_of("--user", "ann", "--credentials", self.file.name), self.EXPECTED)
+        self.assertEqual(self.status_of("--user", "ann", ZYR_CREDENTIALS=self.file.name), self.EXPECTED)
+
+    def test_come_from_the_line(self):
+        self.assertEqual(self.status_of("--user", "ann:open sesame"), self.EXPECTED)
+
+    def test_come_from_the_terminal_unseen(self):
+        status, out = run_on_terminal("list", "ti.", "--user", "ann", url=self.node.url, typed="open sesame\n",
+                                      wait_for="Password of ann: ")
+        self.assertEqual((status, out), (0, "Password of ann: \nTI.GetEvents  Reads events. [test]\n"))
+
+    def test_are_asked_for_only_on_a_terminal(self):
+        self.assertEqual(self.status_of("--user", "ann"), (
+            2, "", "zyrctl: the password of ann is missing and there is no terminal to ask on; "
+                   "give --credentials FILE\n"))
+
+    def test_are_refused_if_others_can_read_them(self):
+        os.chmod(self.file.name, 0o640)
+        self.assertEqual(self.status_of("--credentials", self.file.name), (
+            2, "", f"zyrctl: the credentials file {self.file.name} can be read or written by others than its owner; "
+                   f"run: chmod 600 {self.file.name}\n"))
+
+    def test_are_refused_without_the_users_line(self):
+        self.assertEqual(self.status_of("--user", "carl", "--credentials", self.file.name), (
+            2, "", f"zyrctl: the credentials file {self.file.name} has no line of the form carl:password\n"))
+        self.assertEqual(self.status_of("--credentials", "/nowhere/x"), (
+            2, "", "zyrctl: the credentials file /nowhere/x is not a regular file that can be read\n"))
+
+    def test_that_are_wrong_or_missing_are_a_protocol_error(self):
+        expected = (5, "", f"zyrctl: {self.node.url} answers with HTTP status 401 "
+                           "(user or password missing or wrong)\n")
+        self.assertEqual(self.status_of(), expected)
+        self.assertEqual(self.status_of("--user", "ann:wrong"), expected)
+
+    def test_are_never_printed(self):
+        status, out, err = self.status_of("-v", "--user", "ann", "--credentials", self.file.name)
+        self.assertEqual(status, 0)
+        self.assertIn("> Authorization: (hidden)\n", err)
+        for secret in ("open sesame", "YW5uOm9wZW4gc2VzYW1l"):
+            self.assertNotIn(secret, out + err)
+
+
+class ExitStatus(NodeTest):
+    def test_is_1_for_a_fault(self):
+        self.node.answers["TI.GetEvents"] = [xmlrpc.client.Fault(4, "Error: Command not available")]
+        self.assertEqual(self.run_with_node("TI.GetEvents"),
+                         (1, "", "zyrctl: fault 4: Error: Command not available\n"))
+        status, out, err = self.run_with_node("TI.GetEvents", "--json")
+        self.assertEqual((status, out, json.loads(err)), (1, "", {
+            "error": {"kind": "fault", "code": 4, "text": "Error: Command not available"}}))
+
+    def test_is_2_for_usage(self):
+        for words in (["--nonsense"], ["list", "a", "b"], ["call"], [], ["completion", "fish"], ["--timeout", "-1", "list"],
+                      ["TI.GetEvents", "--watch=x"]):
+            status, out, err = self.run_with_node(*words)
+            self.assertEqual((status, out), (2, ""), words)
+            self.assertRegex(err, r"\Azyrctl: .+\n\Z")
+        status, out, err = self.run_with_node("list", "--json", "--nonsense")
+        self.assertEqual((status, out, json.loads(err)), (2, "", {"error": {
+            "kind": "usage", "code": None, "text": "The following argument was not expected: --nonsense"}}))
+
+    def test_is_2_for_a_url_that_is_none(self):
+        status, out, err = run("list", "-u", "gopher://127.0.0.1/")
+        self.assertEqual((status, out), (2, ""))
+        self.assertRegex(err, r"\Azyrctl: the URL gopher://127\.0\.0\.1/ cannot be used: ")
+
+    def test_is_3_without_a_connection(self):
+        with socket.create_server(("127.0.0.1", 0)) as closed:
+            url = f"http://127.0.0.1:{closed.getsockname()[1]}/RPC2"
+        status, out, err = run("list", "-u", url)
+        self.assertEqual((status, out), (3, ""))
+        self.assertRegex(err, r"\Azyrctl: cannot connect to " + re.escape(url) + ": ")
+        status, out, err = run("list", "--json", url=url)
+        self.assertEqual((status, out, json.loads(err)["error"]["kind"]), (3, "", "connect"))
+
+    def test_is_4_for_a_time_out(self):
+        with RawServer(None) as silent:
+            self.assertEqual(run("list", "--timeout", "0.05", url=silent.url),
+                             (4, "", f"zyrctl: no answer from {silent.url} within 50 ms\n"))
+
+    def test_is_5_for_what_is_no_answer(self):
+        for answer in (b"HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello",
+                       b"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\n<?xml",
+                       b"HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"):
+            with RawServer(answer) as other:
+                status, out, err = run("list", "--json", url=other.url)
+                self.assertEqual((status, out, json.loads(err)["error"]["kind"]), (5, "", "protocol"), answer)
+
+    def test_prefers_the_option_to_the_variable(self):
+        self.assertEqual(run("list", "ti.", "--url", self.node.url, url="http://127.0.0.1:1/")[0], 0)
+
+    def test_is_0_for_the_version(self):
+        self.assertEqual(run("--version"), (0, "zyrctl 1.0.0\n", ""))
+
+    def test_tells_when_standard_output_takes_nothing(self):
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            done = subprocess.run([ZYRCTL, "list"], stdout=full, stderr=subprocess.PIPE, text=True, timeout=DEADLINE,
+                                  env=environment(self.node.url), check=False)
+        self.assertEqual((done.returncode, done.stderr), (2, "zyrctl: standard output does not take the data\n"))
+
+
+class Completion(NodeTest):
+    def complete(self, line, **more):
+        status, out, err = self.run_with_node("__complete", line, **more)
+        self.assertEqual((status, err), (0, ""))
+        return out.splitlines()
+
+    def test_answers_from_the_nodes_list(self):
+        self.assertEqual(self.complete("zyrctl CRI.S"), ["CRI.SetAcmMode", "CRI.SetKey"])
+        self.assertEqual(self.complete("zyrctl SIM"), ["SIM.GetState"])
+        self.assertEqual(self.complete("zyrctl call CRI.SetAcmMode c"), ["channelId=", "config.ifSwitchMode="])
+        self.assertEqual(self.complete("zyrctl CRI.SetAcmMode acmMode="), ["acmMode=Off", "acmMode=Fixed rate"])
+        self.assertEqual(self.complete("zyrctl --dr"), ["--dry-run"])
+        self.assertEqual(self.complete("zyrctl --json --watch TI."), ["TI.GetEvents"])
+        self.assertEqual(self.complete("zyrctl --timeout "), [])
+
+    def test_asks_the_node_of_the_line(self):
+        status, out, _ = run("__complete", f"zyrctl -u {self.node.url} TI", url="http://127.0.0.1:1/")
+        self.assertEqual((status, out), (0, "TI.GetEvents\n"))
+
+    def test_is_silent_without_a_node(self):
+        self.assertEqual(run("__complete", "zyrctl CRI", url="http://127.0.0.1:1/"), (0, "", ""))
+
+    def test_works_in_bash(self):
+        def in_bash(line, *words):
+            script = ('eval "$("$ZYRCTL" completion bash)"\n'
+                      'COMP_LINE=$1; COMP_POINT=${#1}; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1))\n'
+                      'COMP_WORDBREAKS=$\' \\t\\n"\\\'><=;|&(:\'\n'
+                      '_zyrctl; printf "<%s>" "${COMPREPLY[@]}"; complete -p zyrctl')
+            done = subprocess.run(["bash", "--norc", "-c", script, "bash", line, ZYRCTL, *words],
+                                  capture_output=True, text=True, timeout=DEADLINE,
+                                  env=environment(self.node.url, ZYRCTL=ZYRCTL), check=True)
+            return done.stdout
+        registered = "complete -o nospace -F _zyrctl zyrctl\n"
+        self.assertEqual(in_bash("zyrctl CRI.S", "CRI.S"), "<CRI.SetAcmMode ><CRI.SetKey >" + registered)
+        self.assertEqual(in_bash("zyrctl CRI.SetAcmMode ch", "CRI.SetAcmMode", "ch"), "<channelId=>" + registered)
+        self.assertEqual(in_bash("zyrctl CRI.SetAcmMode acmMode=", "CRI.SetAcmMode", "acmMode", "="),
+                         "<Off ><Fixed\\ rate >" + registered)
+
+
+class LongPoll(NodeTest):
+    def test_is_described_as_one(self):
+        self.assertIn("Answers when there is something to report", self.run_with_node("help", "CI.GetFastEvents")[1])
+
+    def test_can_be_limited(self):
+        self.node.answers["CI.GetFastEvents"] = [{"tiResult": 0}]
+        self.assertEqual(self.run_with_node("CI.GetFastEvents", "--timeout", "10"), (0, "tiResult  0\n", ""))
+        self.assertEqual(self.run_with_node("CI.GetFastEvents"), (0, "tiResult  0\n", ""))
+
+
+def load_tests(loader, suite, _pattern):
+    """All tests in an order of their own."""
+    cases = [case for group in suite for case in group]
+    random.shuffle(cases)
+    return unittest.TestSuite(cases)
+
+
+if __name__ == "__main__":
+    sys.dont_write_bytecode = True
+    unittest.main()

@@ -1,0 +1,136 @@
+"""A zyrnode process for a test, and ways to reach it."""
+
+import os
+import signal
+import socket
+import subprocess
+import tempfile
+import threading
+import unittest
+import xmlrpc.client
+
+PROGRAM = os.environ["ZYRNODE"]
+
+# What no test should have to wait for.
+PATIENCE = 60
+
+
+class TimeoutTransport(xmlrpc.client.Transport):
+    """A transport that gives up in the end."""
+
+    def make_connection(self, host):
+        connection = super().make_connection(host)
+        connection.timeout = PATIENCE
+        return connection
+
+
+class Node:
+    """A running node. Ends with the `with` block."""
+
+    def __init__(self, *options, listen="127.0.0.1:0"):
+        self._trace = tempfile.TemporaryFile()
+        self.process = subprocess.Popen(
+            [PROGRAM, "--listen", listen, *options], stdout=subprocess.PIPE, stderr=self._trace)
+        self.first_line = self.process.stdout.readline().decode()
+        if not self.first_line:
+            self.process.wait(PATIENCE)
+            raise RuntimeError("the node has not started: " + self.trace())
+        self.url = self.first_line.removeprefix("listening on ").strip()
+        self.port = int(self.url.rsplit(":", 1)[1].split("/")[0])
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait(PATIENCE)
+        self.process.stdout.close()
+        self._trace.close()
+
+    def proxy(self, url=None):
+        """A client of its own; one is used by one thread."""
+        return xmlrpc.client.ServerProxy(url or self.url, transport=TimeoutTransport(), allow_none=True)
+
+    def trace(self):
+        """All that the node has traced so far."""
+        self._trace.seek(0)
+        return self._trace.read().decode()
+
+    def stop(self, signal_number=signal.SIGTERM):
+        """Asks the node to stop and gives the status that it ends with."""
+        self.process.send_signal(signal_number)
+        return self.process.wait(PATIENCE)
+
+    def wait_for_hanging(self, count):
+        """Returns when so many long polls hang."""
+        proxy = self.proxy()
+        while proxy.SIM.GetState()["hangingLongPolls"] != count:
+            pass
+
+    def raw(self, data):
+        """Sends bytes over a connection of its own and gives all that comes back until it ends."""
+        with socket.create_connection(("127.0.0.1", self.port), PATIENCE) as connection:
+            try:
+                connection.sendall(data)
+                connection.shutdown(socket.SHUT_WR)
+                return b"".join(iter(lambda: connection.recv(65536), b""))
+            except ConnectionError:
+                return b""
+
+    def throw(self, data):
+        """Sends bytes over a connection of its own and hangs up."""
+        with socket.create_connection(("127.0.0.1", self.port), PATIENCE) as connection:
+            try:
+                connection.sendall(data)
+            except ConnectionError:
+                pass
+
+    def post(self, body):
+        """Posts a document and gives the answer's value; raises `xmlrpc.client.Fault`."""
+        head = (f"POST /RPC2 HTTP/1.1\r\nHost: 127.0.0.1:{self.port}\r\nContent-Type: text/xml\r\n"
+                f"Content-Length: {len(body)}\r\nConnection: close\r\n\r\n")
+        answer = self.raw(head.encode() + body)
+        if not answer.startswith(b"HTTP/1.1 200 "):
+            raise AssertionError(f"answered with {answer[:200]}")
+        (value,), _ = xmlrpc.client.loads(answer.split(b"\r\n\r\n", 1)[1])
+        return value
+
+
+class Call(threading.Thread):
+    """A call on a thread of its own; `result` gives its value or its fault as text."""
+
+    def __init__(self, function, *arguments):
+        super().__init__(daemon=True)
+        self._function = function
+        self._arguments = arguments
+        self._outcome = None
+        self.start()
+
+    def run(self):
+        try:
+            self._outcome = self._function(*self._arguments)
+        except xmlrpc.client.Fault as fault:
+            self._outcome = f"{fault.faultCode} {fault.faultString}"
+        except Exception as error:  # told by the assertion that looks at the result
+            self._outcome = error
+
+    def result(self):
+        self.join(PATIENCE)
+        return self._outcome
+
+
+class NodeTest(unittest.TestCase):
+    """A test with a node of its own, started with `options`."""
+
+    options = ()
+
+    def setUp(self):
+        self.node = self.enterContext(Node(*self.options))
+        self.proxy = self.node.proxy()
+
+    def fault_of(self, function, *arguments):
+        """The fault of a call as "<code> <text>"."""
+        with self.assertRaises(xmlrpc.client.Fault) as caught:
+            function(*arguments)
+        return f"{caught.exception.faultCode} {caught.exception.faultString}"
