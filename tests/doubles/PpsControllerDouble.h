@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Answer.h"
+#include "IPpsController.h"
+#include "Recorder.h"
+
+namespace zyr_test
+{
+
+/// Recording double of `IPpsController`.
+class PpsControllerDouble : public nord::zyr::pps::IPpsController, public Recorder
+{
+  public:
+    using Recorder::Recorder;
+
+    zyr_top_api::ETIResult configureRole(bool ppsSlave, zyr_top_api::PpsOutputMode outputMode) override
+    {
+        record("configureRole", ppsSlave, outputMode);
+        return onConfigureRole.next();
+    }
+
+    zyr_top_api::ETIResult getHopLengthLatency(unsigned& nanoSec) override
+    {
+        record("getHopLengthLatency");
+        return onGetHopLengthLatency.next(nanoSec);
+    }
+
+    Answer<zyr_top_api::ETIResult> onConfigureRole;
+    Answer<zyr_top_api::ETIResult, unsigned> onGetHopLengthLatency;
+};
+
+} // namespace zyr_test

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Answer.h"
+#include "IRauLatencyCalculator.h"
+#include "Recorder.h"
+
+namespace zyr_test
+{
+
+/// Recording double of `IRauLatencyCalculator`. A request stands in the transcript as its six groups, each as
+/// "<value>/<hasValue>/<secondFlag>".
+class RauLatencyCalculatorDouble : public IRauLatencyCalculator, public Recorder
+{
+  public:
+    using Recorder::Recorder;
+
+    zyr_top_api::ETIResult getCurrentLatency(bool& first, bool& isValid, std::uint32_t& third,
+                                             std::uint32_t& latency) override
+    {
+        record("getCurrentLatency");
+        return onGetCurrentLatency.next(first, isValid, third, latency);
+    }
+
+    zyr_top_api::ETIResult
+    calculateAndSetDspDelayCompensation(zyr_top_api::RauLatencyRequest request) override
+    {
+        const auto group = [](const zyr_top_api::RauLatencyGroup& latency) {
+            return std::to_string(latency.value) + "/" + std::to_string(latency.hasValue) + "/" +
+                   std::to_string(latency.secondFlag);
+        };
+        transcript().add(name() + ".calculateAndSetDspDelayCompensation(" + group(request.group1) + " " +
+                         group(request.group2) + " " + group(request.group3) + " " + group(request.group4) +
+                         " " + group(request.group5) + " " + group(request.group6) + ")");
+        return onCalculateAndSetDspDelayCompensation.next();
+    }
+
+    Answer<zyr_top_api::ETIResult, bool, bool, std::uint32_t, std::uint32_t> onGetCurrentLatency;
+    Answer<zyr_top_api::ETIResult> onCalculateAndSetDspDelayCompensation;
+};
+
+} // namespace zyr_test

@@ -1,0 +1,210 @@
+#include "Log.h"
+#include "AllocationCounter.h"
+#include "MemorySink.h"
+#include "TraceService.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace zyr_top_api
+{
+namespace
+{
+
+constinit TylTrace trace{"ZYR.TEST.Log", 3, TylTraceHdrOption_Default};
+constinit TylTrace otherTrace{"ZYR.TEST.OtherLog", 3, TylTraceHdrOption_Default};
+
+// Takes records without allocating.
+class CountingSink : public zyr_platform::TraceSink
+{
+  public:
+    void write(const zyr_platform::TraceRecord& record) override
+    {
+        ++m_records;
+        m_bytes += record.text.size();
+    }
+
+    std::size_t records() const { return m_records; }
+    std::size_t bytes() const { return m_bytes; }
+
+  private:
+    std::size_t m_records = 0;
+    std::size_t m_bytes = 0;
+};
+
+class LogTest : public ::testing::Test
+{
+  protected:
+    LogTest() { service.resetLevels(); }
+    ~LogTest() override { service.resetLevels(); }
+
+    zyr_platform::TraceService& service = zyr_platform::TraceService::get();
+    std::shared_ptr<zyr_platform::MemorySink> sink = std::make_shared<zyr_platform::MemorySink>();
+    zyr_platform::Registration sinkRegistration = service.addSink(sink);
+};
+
+TEST_F(LogTest, TextOfALevelThatIsOffIsNotBuilt)
+{
+    int built = 0;
+    const auto text = [&](TextWriter& writer) {
+        ++built;
+        writer << "text";
+    };
+    log(trace, 4, text);
+    logEnter(trace, text);
+    EXPECT_EQ(built, 0);
+    EXPECT_TRUE(sink->records().empty());
+    log(trace, 3, text);
+    EXPECT_EQ(built, 1);
+    service.setLevel("ZYR.TEST.Log", 6);
+    logEnter(trace, text);
+    EXPECT_EQ(built, 2);
+    service.setLevel("ZYR.TEST.Log", 0);
+    log(trace, 1, text);
+    EXPECT_EQ(built, 2);
+    EXPECT_EQ(sink->records().size(), 2U);
+}
+
+TEST_F(LogTest, MessageCarriesChannelLevelTextAndThePlaceOfTheCall)
+{
+    log(trace, 2, [](TextWriter& text) { text << "number " << 5; });
+    const int line = __LINE__ - 1;
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].channel, "ZYR.TEST.Log");
+    EXPECT_EQ(records[0].level, 2);
+    EXPECT_EQ(records[0].text, "number 5");
+    EXPECT_STREQ(records[0].header.file, "tests/library/LogTest.cpp");
+    EXPECT_EQ(records[0].header.line, line);
+    EXPECT_STREQ(records[0].header.function, "TestBody");
+}
+
+TEST_F(LogTest, PlainTextCarriesThePlaceOfTheCallToo)
+{
+    log(trace, 1, "plain");
+    const int line = __LINE__ - 1;
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].level, 1);
+    EXPECT_EQ(records[0].text, "plain");
+    EXPECT_STREQ(records[0].header.file, "tests/library/LogTest.cpp");
+    EXPECT_EQ(records[0].header.line, line);
+    EXPECT_STREQ(records[0].header.function, "TestBody");
+}
+
+void enteredWithoutText()
+{
+    logEnter(trace);
+}
+void enteredWithText()
+{
+    logEnter(trace, [](TextWriter& text) { text << "argument=" << 1; });
+}
+
+TEST_F(LogTest, EntryIsALevel6MessageOfTheCallingFunction)
+{
+    service.setLevel("ZYR.TEST.Log", 6);
+    enteredWithoutText();
+    enteredWithText();
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].level, 6);
+    EXPECT_EQ(records[0].text, "");
+    EXPECT_STREQ(records[0].header.function, "enteredWithoutText");
+    EXPECT_EQ(records[1].level, 6);
+    EXPECT_EQ(records[1].text, "argument=1");
+    EXPECT_STREQ(records[1].header.function, "enteredWithText");
+}
+
+TEST_F(LogTest, TextStartsAnewForEachMessage)
+{
+    log(trace, 1, [](TextWriter& text) { text << "a long first text"; });
+    log(trace, 1, [](TextWriter& text) { text << "second"; });
+    log(trace, 1, [](TextWriter&) {});
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[0].text, "a long first text");
+    EXPECT_EQ(records[1].text, "second");
+    EXPECT_EQ(records[2].text, "");
+}
+
+TEST_F(LogTest, MessageThatIsBuiltInsideAnotherLeavesTheOuterTextWhole)
+{
+    log(trace, 1, [](TextWriter& text) {
+        text << "outer ";
+        log(otherTrace, 1, [](TextWriter& inner) { inner << "inner"; });
+        text << "again";
+    });
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].channel, "ZYR.TEST.OtherLog");
+    EXPECT_EQ(records[0].text, "inner");
+    EXPECT_EQ(records[1].channel, "ZYR.TEST.Log");
+    EXPECT_EQ(records[1].text, "outer again");
+}
+
+TEST_F(LogTest, ExceptionOfTheTextReachesTheCallerAndTheNextMessageIsWhole)
+{
+    EXPECT_THROW(log(trace, 1,
+                     [](TextWriter& text) {
+                         text << "half";
+                         throw 1;
+                     }),
+                 int);
+    log(trace, 1, [](TextWriter& text) { text << "whole"; });
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].text, "whole");
+}
+
+TEST_F(LogTest, NothingIsAllocatedWithTheLevelOff)
+{
+    log(trace, 1, "attaches the channel");
+    const std::string longText(200, 'x');
+    const zyr_test::AllocationCounter counter;
+    log(trace, 4, [&](TextWriter& text) { text << longText << longText; });
+    log(trace, 4, "a plain text that is longer than any small buffer of a string");
+    logEnter(trace);
+    logEnter(trace, [&](TextWriter& text) { text << longText; });
+    EXPECT_EQ(counter.allocations(), 0U);
+}
+
+TEST_F(LogTest, NothingIsAllocatedForAMessageAfterTheFirst)
+{
+    sinkRegistration.withdraw();
+    const auto counting = std::make_shared<CountingSink>();
+    const zyr_platform::Registration registration = service.addSink(counting);
+    service.setLevel("ZYR.TEST.Log", 7);
+    const auto text = [](TextWriter& writer) {
+        for (int number = 0; number < 100; ++number) {
+            writer << "number " << number << ", ";
+        }
+    };
+    log(trace, 1, text);
+    const std::size_t bytes = counting->bytes();
+    std::size_t allocations = 0;
+    {
+        const zyr_test::AllocationCounter counter;
+        log(trace, 5, text);
+        log(trace, 1, "plain");
+        logEnter(trace);
+        logEnter(trace, text);
+        allocations = counter.allocations();
+    }
+    EXPECT_EQ(allocations, 0U);
+    EXPECT_EQ(counting->records(), 5U);
+    EXPECT_EQ(counting->bytes(), 3 * bytes + 5);
+}
+
+TEST_F(LogTest, AllocationCounterSeesAllocations)
+{
+    const zyr_test::AllocationCounter counter;
+    const auto number = std::make_unique<int>(1);
+    EXPECT_EQ(*number, 1);
+    EXPECT_EQ(counter.allocations(), 1U);
+}
+
+} // namespace
+} // namespace zyr_top_api

@@ -1,0 +1,121 @@
+#include "TextWriter.h"
+#include "RadioChannel.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdint>
+#include <limits>
+#include <locale>
+#include <string>
+
+namespace zyr_top_api
+{
+namespace
+{
+
+template <class Write>
+std::string written(Write write)
+{
+    std::string text;
+    TextWriter writer(text);
+    write(writer);
+    return text;
+}
+
+TEST(TextWriterTest, AppendsToWhatTheTargetHolds)
+{
+    std::string text = "before ";
+    TextWriter(text) << "after";
+    EXPECT_EQ(text, "before after");
+}
+
+TEST(TextWriterTest, TextsOfAllKindsAreWrittenAsTheyAre)
+{
+    const std::string whole("a\0b", 3);
+    const std::string text = written([&](TextWriter& writer) {
+        writer << "literal " << std::string("string ") << std::string_view("view ") << whole << "";
+    });
+    EXPECT_EQ(text, std::string("literal string view a\0b", 23));
+}
+
+TEST(TextWriterTest, FlagsAreDigitsUnlessAWordIsAskedFor)
+{
+    EXPECT_EQ(written([](TextWriter& writer) { writer << true << false; }), "10");
+    EXPECT_EQ(written([](TextWriter& writer) { writer.word(true) << "/"; }), "true/");
+    EXPECT_EQ(written([](TextWriter& writer) { writer.word(false); }), "false");
+}
+
+TEST(TextWriterTest, NumbersAreDecimalToTheEndsOfTheirTypes)
+{
+    EXPECT_EQ(written([](TextWriter& writer) {
+                  writer << std::numeric_limits<std::int16_t>::min() << " "
+                         << std::numeric_limits<std::uint16_t>::max() << " "
+                         << std::numeric_limits<std::int32_t>::min() << " "
+                         << std::numeric_limits<std::uint32_t>::max() << " "
+                         << std::numeric_limits<std::int64_t>::min() << " "
+                         << std::numeric_limits<std::uint64_t>::max() << " " << 0;
+              }),
+              "-32768 65535 -2147483648 4294967295 -9223372036854775808 18446744073709551615 0");
+}
+
+TEST(TextWriterTest, ARadioChannelIsItsNumber)
+{
+    EXPECT_EQ(written([](TextWriter& writer) { writer << RadioChannel(2) << MutableRadioChannel(3); }), "23");
+}
+
+TEST(TextWriterTest, HexadecimalIsLowerCaseWithoutPrefixAndLeavesTheNextNumberDecimal)
+{
+    EXPECT_EQ(written([](TextWriter& writer) { writer.hex(0xABCDEF01U) << " " << 171; }), "abcdef01 171");
+    EXPECT_EQ(written([](TextWriter& writer) { writer.hex(0); }), "0");
+}
+
+TEST(TextWriterTest, RawWritesAnyOneByte)
+{
+    EXPECT_EQ(written([](TextWriter& writer) { writer.raw(0).raw(65).raw(255); }), std::string("\0A\xFF", 3));
+}
+
+class GroupingPunctuation : public std::numpunct<char>
+{
+  protected:
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(TextWriterTest, KnowsNoLocale)
+{
+    const std::locale previous = std::locale::global(std::locale(std::locale(), new GroupingPunctuation));
+    const std::string text = written([](TextWriter& writer) { writer << 1234567; });
+    std::locale::global(previous);
+    EXPECT_EQ(text, "1234567");
+}
+
+template <class Value>
+concept Writable = requires(TextWriter& writer, Value value)
+{
+    writer << value;
+};
+
+TEST(TextWriterTest, BytesCannotBeStreamedByAccident)
+{
+    EXPECT_FALSE(Writable<char>);
+    EXPECT_FALSE(Writable<signed char>);
+    EXPECT_FALSE(Writable<unsigned char>);
+    EXPECT_TRUE(Writable<bool>);
+    EXPECT_TRUE(Writable<int>);
+}
+
+struct Pair
+{
+    int first;
+    int second;
+    void print(TextWriter& text) const { text << first << "," << second; }
+};
+
+TEST(TextWriterTest, PrintedGivesARecordsOwnText)
+{
+    EXPECT_EQ(printed(Pair{1, -2}), "1,-2");
+}
+
+} // namespace
+} // namespace zyr_top_api
