@@ -1,0 +1,4 @@
+#pragma once
+
+/// Allocations of this process so far, by operator new.
+long allocationCount();

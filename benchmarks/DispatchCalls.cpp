@@ -1,0 +1,82 @@
+// Makes a number of calls of one kind and ends: what callgrind counts. See dispatch_instructions.py.
+
+#include "DispatchTable.h"
+#include "TraceService.h"
+
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace
+{
+
+using namespace zyr_top_api;
+
+benchmark_table::QuietAcmHandler handler;
+std::mutex mutex;
+
+void dispatchFrom(std::size_t place, long calls)
+{
+    benchmark_table::fill(place, handler);
+    CriEnableAcm::Command command;
+    command.enable = true;
+    for (long call = 0; call < calls; ++call) {
+        criEnableAcm(command);
+    }
+}
+
+void collaboratorCall(long calls)
+{
+    IAcmHandler* volatile collaborator = &handler;
+    for (long call = 0; call < calls; ++call) {
+        collaborator->enableAcm(true);
+    }
+}
+
+void lock(long calls)
+{
+    for (long call = 0; call < calls; ++call) {
+        const std::lock_guard guard(mutex);
+    }
+}
+
+void response(long calls)
+{
+    for (long call = 0; call < calls; ++call) {
+        StandardResponse built;
+        // Keeps the response from being optimised away.
+        asm volatile("" : : "g"(&built) : "memory");
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::map<std::string, std::function<void(long)>> kinds{
+        {"lock", lock},
+        {"response", response},
+        {"collaborator", collaboratorCall},
+        {"quiet-first", [](long calls) { dispatchFrom(0, calls); }},
+        {"quiet-middle", [](long calls) { dispatchFrom(26, calls); }},
+        {"quiet-last", [](long calls) { dispatchFrom(51, calls); }},
+        {"traced-first", [](long calls) { dispatchFrom(0, calls); }},
+        {"traced-all-levels-first", [](long calls) { dispatchFrom(0, calls); }},
+    };
+    if (argc != 3 || !kinds.contains(argv[1])) {
+        std::cerr << "usage: DispatchCalls KIND CALLS, KIND being one of";
+        for (const auto& kind : kinds) {
+            std::cerr << " " << kind.first;
+        }
+        std::cerr << "\n";
+        return 2;
+    }
+    const std::string kind = argv[1];
+    const TylTraceLevel level = kind == "traced-first" ? 3 : kind == "traced-all-levels-first" ? 7 : 2;
+    zyr_platform::TraceService::get().setLevelForAll(level);
+    kinds.at(kind)(std::atol(argv[2]));
+    return 0;
+}
