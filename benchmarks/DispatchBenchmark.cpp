@@ -17,26 +17,28 @@ benchmark_table::QuietAcmHandler handler;
 std::mutex mutex;
 
 // Reports the allocations of the timed loop.
-class AllocationCount
+class AllocationReport
 {
   public:
-    explicit AllocationCount(benchmark::State& state) : m_state(state), m_before(allocationCount()) {}
-    ~AllocationCount()
+    explicit AllocationReport(benchmark::State& state) : m_state(state) {}
+    ~AllocationReport()
     {
-        m_state.counters["allocations"] = benchmark::Counter(
-            static_cast<double>(allocationCount() - m_before), benchmark::Counter::kAvgIterations);
+        m_state.counters["allocations"] = benchmark::Counter(static_cast<double>(m_counter.allocations()),
+                                                             benchmark::Counter::kAvgIterations);
     }
+    AllocationReport(const AllocationReport&) = delete;
+    AllocationReport& operator=(const AllocationReport&) = delete;
 
   private:
     benchmark::State& m_state;
-    long m_before;
+    zyr_test::AllocationCounter m_counter;
 };
 
 void bareCollaboratorCall(benchmark::State& state)
 {
     IAcmHandler* collaborator = &handler;
     benchmark::DoNotOptimize(collaborator);
-    const AllocationCount count(state);
+    const AllocationReport report(state);
     for (auto _ : state) {
         benchmark::DoNotOptimize(collaborator->enableAcm(true));
     }
@@ -47,7 +49,7 @@ void collaboratorCallUnderLock(benchmark::State& state)
 {
     IAcmHandler* collaborator = &handler;
     benchmark::DoNotOptimize(collaborator);
-    const AllocationCount count(state);
+    const AllocationReport report(state);
     for (auto _ : state) {
         const std::lock_guard guard(mutex);
         benchmark::DoNotOptimize(collaborator->enableAcm(true));
@@ -62,7 +64,7 @@ void dispatch(benchmark::State& state, TylTraceLevel level)
     CriEnableAcm::Command command;
     command.enable = true;
     criEnableAcm(command); // the first traced call makes its thread's buffer
-    const AllocationCount count(state);
+    const AllocationReport report(state);
     for (auto _ : state) {
         benchmark::DoNotOptimize(criEnableAcm(command));
     }

@@ -72,24 +72,6 @@ class NearEndRecoveryMatrixTest : public zyr_test::NearEndFailureTest
     bool isClosed() const { return count("group 5 for channel 1") == 1; }
 };
 
-TEST_F(NearEndRecoveryMatrixTest, HealablePointsAreFivePhases)
-{
-    std::string names;
-    for (const FailurePointFacts& facts : kFailurePoints) {
-        names += facts.isHealable ? std::string(facts.name) + "\n" : "";
-    }
-    EXPECT_EQ("\n" + names, R"(
-MuteAcm
-XpicCapable
-CcdpStart
-CcdpStop
-FrameWrite
-SecondFrameWrite
-PmaxCapability
-EnableAcm
-)");
-}
-
 TEST_F(NearEndRecoveryMatrixTest, FailureOfTheFirstPass)
 {
     for (const FailurePointFacts& facts : kFailurePoints) {

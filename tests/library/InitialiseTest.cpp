@@ -42,8 +42,8 @@ struct CommandLike
     std::uint32_t numberOfChannels = 0;
     PerChannel<IAcmHandler> acmHandler;
     PerChannel<IDspApi> dspApi;
-    IRouteUpdater* routeUpdater = nullptr;
-    RecoveryController* recoveryController = nullptr;
+    NodeWide<IRouteUpdater> routeUpdater;
+    NodeWide<RecoveryController> recoveryController;
 
     ETIResult initialize(unsigned channels, std::initializer_list<Collaborator> collaborators)
     {
@@ -143,10 +143,10 @@ TEST_F(InitialiseTest, SilentRangeRefusesWithoutAWord)
 TEST_F(InitialiseTest, NodeWideFamilyIgnoresTheNumberAndKeepsNone)
 {
     for (const unsigned channels : {0U, 1U, 3U}) {
-        IRouteUpdater* taken = nullptr;
+        NodeWide<IRouteUpdater> taken;
         EXPECT_EQ(initialise(trace, family::kNodeWide, channels, nullptr, {nodeWide("IRouteUpdater", taken)}),
                   0U);
-        EXPECT_EQ(taken, &routeUpdater);
+        EXPECT_EQ(taken.find(), &routeUpdater);
     }
     EXPECT_EQ(transcript.text(), "\n");
 }
@@ -388,8 +388,8 @@ TEST_F(InitialiseTest, OptionalSilentAbsenceLeavesNoTrace)
     EXPECT_EQ(command.initialize(1, {optional(nodeWide("IRouteUpdater", command.routeUpdater, kSilent)),
                                      nodeWide("RecoveryController", command.recoveryController)}),
               0U);
-    EXPECT_EQ(command.routeUpdater, nullptr);
-    EXPECT_EQ(command.recoveryController, &recoveryController);
+    EXPECT_EQ(command.routeUpdater.find(), nullptr);
+    EXPECT_EQ(command.recoveryController.find(), &recoveryController);
     EXPECT_EQ(transcript.text(), "\n");
 }
 

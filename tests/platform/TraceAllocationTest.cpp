@@ -1,3 +1,4 @@
+#include "AllocationCounter.h"
 #include "DescriptorSink.h"
 #include "FreshChannel.h"
 #include "TraceService.h"
@@ -5,36 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-
-#include <cstdlib>
-#include <new>
-
-namespace
-{
-
-thread_local std::size_t allocations = 0;
-
-} // namespace
-
-// Replaced for the whole test program, to count.
-void* operator new(std::size_t size)
-{
-    ++allocations;
-    if (void* const memory = std::malloc(size == 0 ? 1 : size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace
 {
@@ -53,11 +24,11 @@ TEST(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
         const TylTrace& channel = freshChannel("Allocation.descriptor");
         const std::string text(500, 'x');
         channel.logMsg(1, kHeader, text);
-        const std::size_t before = allocations;
+        const zyr_test::AllocationCounter counter;
         for (int i = 0; i < 100; ++i) {
             channel.logMsg(1, kHeader, text);
         }
-        EXPECT_EQ(allocations, before);
+        EXPECT_EQ(counter.allocations(), 0U);
     }
     ::close(null);
 }
@@ -66,10 +37,10 @@ TEST(TraceAllocation, messageWithoutSinkAndAskingForALevelAllocateNothing)
 {
     const TylTrace& channel = freshChannel("Allocation.none");
     channel.isEnabled(1);
-    const std::size_t before = allocations;
+    const zyr_test::AllocationCounter counter;
     channel.logMsg(1, kHeader, "x");
     EXPECT_FALSE(channel.isEnabled(7));
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(counter.allocations(), 0U);
 }
 
 } // namespace

@@ -137,16 +137,17 @@ void storeCount(const Run& run, CountStored when)
 
 } // namespace
 
-Collaborator storageVariable(std::string_view name, const std::int32_t** address, MissingText missing)
+Collaborator storageVariable(std::string_view name, NodeWide<const std::int32_t>& slot, MissingText missing)
 {
-    const auto take = [](const std::string& variable, std::uint32_t, void* slot) {
+    const auto take = [](const std::string& variable, std::uint32_t, void* address) {
         void* content = nullptr;
-        const bool isMissing =
-            failed(CStorageManager_GetVariableContentAddressByName(variable.c_str(), &content));
-        *static_cast<const std::int32_t**>(slot) = static_cast<const std::int32_t*>(content);
-        return !isMissing;
+        if (failed(CStorageManager_GetVariableContentAddressByName(variable.c_str(), &content))) {
+            return false;
+        }
+        static_cast<NodeWide<const std::int32_t>*>(address)->set(static_cast<const std::int32_t*>(content));
+        return true;
     };
-    return {name, nullptr, address, take, missing};
+    return {name, nullptr, &slot, take, missing};
 }
 
 Collaborator storageVariablePresence(std::string_view name, MissingText missing)

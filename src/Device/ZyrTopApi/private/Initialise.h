@@ -2,6 +2,7 @@
 
 #include "ETIResult.h"
 #include "InterfaceBroker.h"
+#include "NodeWide.h"
 #include "PerChannel.h"
 #include "TylTrace.h"
 
@@ -152,7 +153,7 @@ template <class Interface>
 bool takeNodeWide(const std::string& name, std::uint32_t, void* slot)
 {
     auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(name);
-    *static_cast<Interface**>(slot) = found;
+    static_cast<NodeWide<Interface>*>(slot)->set(found);
     return found != nullptr;
 }
 
@@ -172,13 +173,14 @@ Collaborator perChannel(std::string_view name, PerChannel<Interface>& slot, Miss
 
 /// A collaborator of the whole node, published under its plain name. It must be there.
 template <class Interface>
-Collaborator nodeWide(std::string_view name, Interface*& slot, MissingText missing = {})
+Collaborator nodeWide(std::string_view name, NodeWide<Interface>& slot, MissingText missing = {})
 {
     return {name, nullptr, &slot, &detail::takeNodeWide<Interface>, missing};
 }
 
-/// A variable of the hardware storage, whose address is kept. It must be there.
-Collaborator storageVariable(std::string_view name, const std::int32_t** address, MissingText missing);
+/// A variable of the hardware storage, whose address is kept: it stays valid for the life of the process. It
+/// must be there.
+Collaborator storageVariable(std::string_view name, NodeWide<const std::int32_t>& slot, MissingText missing);
 
 /// A variable of the hardware storage of which only the presence is tested.
 Collaborator storageVariablePresence(std::string_view name, MissingText missing);

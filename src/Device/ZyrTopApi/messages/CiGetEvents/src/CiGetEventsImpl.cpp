@@ -1,5 +1,6 @@
 #include "CiGetEventsImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -31,8 +32,7 @@ CiGetEvents::Response CiGetEventsImpl::execute(const Command&)
     logEnter(trace);
     Response response;
     if (failed(m_alarmHandler->getAlarms(response.events))) {
-        log(trace, 1, "CI.GetEvents failed to get alarms");
-        setResult(response, eTI_E_FAILED, "CI.GetEvents failed to get alarms");
+        fail(response, trace, "CI.GetEvents failed to get alarms");
     }
     return response;
 }

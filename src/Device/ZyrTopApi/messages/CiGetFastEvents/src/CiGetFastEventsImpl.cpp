@@ -1,5 +1,6 @@
 #include "CiGetFastEventsImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -61,8 +62,7 @@ CiGetFastEvents::Response CiGetFastEventsImpl::execute(const Command& command)
         log(trace, 2, "CI.GetFastEvents has been terminated");
         setResult(response, eTI_E_FAILED, "CI.GetFastEvents has been terminated");
     } else if (failed(result)) {
-        log(trace, 1, "CI.GetFastEvents failed to get alarms");
-        setResult(response, eTI_E_FAILED, "CI.GetFastEvents failed to get alarms");
+        fail(response, trace, "CI.GetFastEvents failed to get alarms");
     }
     return response;
 }

@@ -1,5 +1,6 @@
 #include "CiReleaseFastEventsRequestsImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -12,10 +13,6 @@ namespace
 {
 
 constinit TylTrace trace{CiReleaseFastEventsRequests::identity.traceChannel, 3, TylTraceHdrOption_Default};
-
-// sic: the class's name behind the family's
-constexpr const char* kFailure =
-    "CI.ReleaseFastEventsRequestsImpl failed to release hanging GetFastAlarm requests";
 
 } // namespace
 
@@ -34,8 +31,9 @@ StandardResponse CiReleaseFastEventsRequestsImpl::execute(const Command&)
 {
     logEnter(trace);
     if (failed(m_alarmHandler->releaseFastAlarmRequests())) {
-        log(trace, 1, kFailure);
-        return {eTI_E_FAILED, kFailure};
+        // sic: the class's name behind the family's
+        return failedResponse(
+            trace, "CI.ReleaseFastEventsRequestsImpl failed to release hanging GetFastAlarm requests");
     }
     return {};
 }

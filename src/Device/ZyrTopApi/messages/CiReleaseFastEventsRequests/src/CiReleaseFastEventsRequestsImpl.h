@@ -2,6 +2,7 @@
 
 #include "CiReleaseFastEventsRequests.h"
 #include "IAlarmHandlerTopApi.h"
+#include "NodeWide.h"
 
 namespace zyr_top_api
 {
@@ -17,7 +18,7 @@ class ZYR_EXPORT CiReleaseFastEventsRequestsImpl : public CiReleaseFastEventsReq
     ETIResult initialize(unsigned numberOfChannels);
 
   private:
-    IAlarmHandlerTopApi* m_alarmHandler = nullptr;
+    NodeWide<IAlarmHandlerTopApi> m_alarmHandler;
 };
 
 } // namespace zyr_top_api

@@ -1,5 +1,6 @@
 #include "CriEnableAcmImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -36,10 +37,10 @@ StandardResponse CriEnableAcmImpl::execute(const Command& command)
     }
     if (failed(m_acmHandler[command.channelId].enableAcm(command.enable))) {
         // sic: the log says it otherwise than the response does
-        log(trace, 1,
-            command.enable ? "CRI.EnableAcm failed to Enabled ACM" : "CRI.EnableAcm failed to Disabled ACM");
-        return {eTI_E_FAILED, command.enable ? "CRI.EnableAcm failed to enable ACM"
-                                             : "CRI.EnableAcm failed to disable ACM"};
+        return command.enable ? failedResponse(trace, {"CRI.EnableAcm failed to Enabled ACM",
+                                                       "CRI.EnableAcm failed to enable ACM"})
+                              : failedResponse(trace, {"CRI.EnableAcm failed to Disabled ACM",
+                                                       "CRI.EnableAcm failed to disable ACM"});
     }
     return {};
 }

@@ -3,6 +3,7 @@
 #include "CriGetAirInterfaceCapability.h"
 #include "ICapabilityHandler.h"
 #include "IHardwareConfigurationHandler.h"
+#include "NodeWide.h"
 #include "PerChannel.h"
 #include "RadioFrameRecord.h"
 
@@ -24,7 +25,7 @@ class ZYR_EXPORT CriGetAirInterfaceCapabilityImpl : public CriGetAirInterfaceCap
     /// The highest modulation that the hardware allows for a frame. False if it can't be found out.
     bool findLimit(std::uint32_t channel, std::uint32_t radioFrameId, ModulationAndCoding& limit);
 
-    IHardwareConfigurationHandler* m_hardwareConfigurationHandler = nullptr;
+    NodeWide<IHardwareConfigurationHandler> m_hardwareConfigurationHandler;
     std::uint32_t m_numberOfChannels = 0;
     PerChannel<ICapabilityHandler> m_capabilityHandler;
 };

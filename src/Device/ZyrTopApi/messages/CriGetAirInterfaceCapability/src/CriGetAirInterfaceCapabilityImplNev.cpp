@@ -1,6 +1,7 @@
 #include "CriGetAirInterfaceCapabilityImpl.h"
 
 #include "EnumText.h"
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -127,9 +128,7 @@ CriGetAirInterfaceCapability::Response CriGetAirInterfaceCapabilityImpl::execute
     const std::vector<RadioFrameRecord> frames = m_hardwareConfigurationHandler->getRadioFrames(
         command.ReleasedFilter == ReleasedFilter::OnlyReleased);
     if (frames.empty()) {
-        constexpr const char* kNoFrames = "CRI.GetAirInterfaceCapability failed, no supported radio frames.";
-        log(trace, 1, kNoFrames);
-        setResult(response, eTI_E_FAILED, kNoFrames);
+        fail(response, trace, "CRI.GetAirInterfaceCapability failed, no supported radio frames.");
         return response;
     }
     for (const RadioFrameRecord& frame : frames) {

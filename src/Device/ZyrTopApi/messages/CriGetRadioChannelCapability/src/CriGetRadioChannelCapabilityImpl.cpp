@@ -1,6 +1,6 @@
 #include "CriGetRadioChannelCapabilityImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "FrequencyCapability.h"
 #include "Initialise.h"
 #include "Log.h"
@@ -45,12 +45,6 @@ void takeFeatures(const FeatureCapability& capability, CriGetRadioChannelCapabil
     response.LongHaulBoosterCapable = capability.LongHaulBoosterCapable;
     response.PathLatencyCapable = capability.PathLatencyCapable;
     response.Is2T2R = capability.Is2T2R;
-}
-
-void fail(CriGetRadioChannelCapability::Response& response, const std::string& text)
-{
-    log(trace, 1, text);
-    setResult(response, eTI_E_FAILED, text);
 }
 
 } // namespace
@@ -111,8 +105,8 @@ ETIResult CriGetRadioChannelCapabilityImpl::initialize(unsigned numberOfChannels
     constexpr MissingText kNoInterface = textAndName("Error getting interface: ");
     return initialise(trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
                       {
-                          storageVariable("common.minTemp", &m_minTemp, kNoVariable),
-                          storageVariable("common.maxTemp", &m_maxTemp, kNoVariable),
+                          storageVariable("common.minTemp", m_minTemp, kNoVariable),
+                          storageVariable("common.maxTemp", m_maxTemp, kNoVariable),
                           perChannel("IOutputPowerCalculator", m_outputPowerCalculator, kNoInterface),
                           perChannel("ICapabilityHandler", m_capabilityHandler, kNoInterface),
                           perChannel("IRadioCapability", m_radioCapability, kNoInterface),
@@ -130,7 +124,7 @@ CriGetRadioChannelCapability::Response CriGetRadioChannelCapabilityImpl::execute
     }
     IRadioCapability* const radioCapability = m_radioCapability.find(command.RadioChannelID);
     if (radioCapability == nullptr) {
-        fail(response, "CRI.GetRadioChannelCapability, radio capabilities not available");
+        fail(response, trace, "CRI.GetRadioChannelCapability, radio capabilities not available");
         return response;
     }
     const FrequencyCapability frequencies = radioCapability->getFrequencyCapability();
@@ -161,9 +155,10 @@ bool CriGetRadioChannelCapabilityImpl::readPower(const Command& command, Respons
     if (command.isMaxPowerCutbackValid) {
         const ETIResult set = calculator.setTemporaryMaxPowerCutback(true, command.availableMaxPowerCutback);
         if (failed(set)) {
-            fail(response, failureText("CRI.GetRadioChannelCapability failed to set temporary max power "
-                                       "cutback. SPC Result : ",
-                                       set));
+            fail(response, trace,
+                 failureText("CRI.GetRadioChannelCapability failed to set temporary max power "
+                             "cutback. SPC Result : ",
+                             set));
             return false;
         }
     }
@@ -185,9 +180,10 @@ bool CriGetRadioChannelCapabilityImpl::readPower(const Command& command, Respons
     if (command.isMaxPowerCutbackValid) {
         const ETIResult unset = calculator.setTemporaryMaxPowerCutback(false, 0);
         if (failed(unset)) {
-            fail(response, failureText("CRI.GetRadioChannelCapability failed to unset temporary max power "
-                                       "cutback. SPC Result : ",
-                                       unset));
+            fail(response, trace,
+                 failureText("CRI.GetRadioChannelCapability failed to unset temporary max power "
+                             "cutback. SPC Result : ",
+                             unset));
             return false;
         }
     }

@@ -4,6 +4,7 @@
 #include "ICapabilityHandler.h"
 #include "IOutputPowerCalculator.h"
 #include "IRadioCapability.h"
+#include "NodeWide.h"
 #include "PerChannel.h"
 
 #include <cstdint>
@@ -35,8 +36,8 @@ class ZYR_EXPORT CriGetRadioChannelCapabilityImpl : public CriGetRadioChannelCap
     PerChannel<IOutputPowerCalculator> m_outputPowerCalculator;
     PerChannel<ICapabilityHandler> m_capabilityHandler;
     PerChannel<IRadioCapability> m_radioCapability;
-    const std::int32_t* m_minTemp = nullptr;
-    const std::int32_t* m_maxTemp = nullptr;
+    NodeWide<const std::int32_t> m_minTemp;
+    NodeWide<const std::int32_t> m_maxTemp;
 };
 
 } // namespace zyr_top_api

@@ -1,5 +1,6 @@
 #include "CriGetRadioChannelStatusImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "Negated.h"
@@ -113,16 +114,13 @@ CriGetRadioChannelStatus::Response CriGetRadioChannelStatusImpl::execute(const C
     Readings readings;
     const Failure failure = read(command, readings);
     if (failure.hasValue()) {
-        log(s_trace, 1, failure.value());
-        setResult(response, eTI_E_FAILED, failure.value());
+        fail(response, s_trace, failure.value());
         return response;
     }
     fillCommon(command.RadioChannelID, readings, response);
     if (response.MimoIsStarted && response.XpicIsStarted) {
-        constexpr const char* kBothActive =
-            "CRI.GetRadioChannelStatus ERROR: both MIMO and XPIC controller are active at the same time!!";
-        log(s_trace, 1, kBothActive);
-        setResult(response, eTI_E_FAILED, kBothActive);
+        fail(response, s_trace,
+             "CRI.GetRadioChannelStatus ERROR: both MIMO and XPIC controller are active at the same time!!");
         return response;
     }
     fillOptional(command.RadioChannelID, readings, response);

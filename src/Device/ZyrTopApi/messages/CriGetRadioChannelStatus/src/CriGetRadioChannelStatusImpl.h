@@ -25,7 +25,7 @@ namespace zyr_top_api
 {
 
 /// The live object of "CRI.GetRadioChannelStatus". Its sources: the command (`CriGetRadioChannelStatusImpl`)
-/// and the readings by concern (`Readings`).
+/// and the readings by concern (`CriGetRadioChannelStatusImplReadings`).
 class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
 {
   public:

@@ -2,7 +2,7 @@
 
 #include "CriSetRadioChannelNearEndImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "Log.h"
 #include "ResultLaw.h"
 
@@ -53,7 +53,10 @@ StandardResponse CriSetRadioChannelNearEndImpl::configure(const Command& command
         /* 12 */ plain([&] { return updateRssiThreshold(command); }) &&
         /* 13 */ unfailing([&] { m_systemPowerController[channel].setReferenceSec(command.referenceSec); }) &&
         /* 14 */ healable([&] { return setTemporaryPmaxCapability(channel); }) &&
-        /* 15 */ plain([&] { return updateFrequencies(command); }) &&
+        /* 15 */ plain([&] {
+            log(s_trace, 7, "Going to call updateFrequencies", __FILE__, __LINE__, "configure");
+            return updateFrequencies(command);
+        }) &&
         /* 16 */ plain([&] { return configureMultiTrx(command); }) &&
         /* 17 */ plain([&] { return restoreTransmitter(channel); }) &&
         /* 18 */ healable([&] { return enableAcm(channel); });

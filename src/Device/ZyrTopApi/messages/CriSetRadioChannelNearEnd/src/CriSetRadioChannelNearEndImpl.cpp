@@ -1,7 +1,7 @@
 #include "CriSetRadioChannelNearEndImpl.h"
 
 #include "CModuleManager.h"
-#include "FailureText.h"
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -141,9 +141,7 @@ StandardResponse CriSetRadioChannelNearEndImpl::runClosingPhases(RadioChannel ch
     if (!failed(result)) {
         return {};
     }
-    const std::string text = failureText("At least one of the phases failed (", result, ")");
-    log(s_trace, 1, text);
-    return {eTI_E_FAILED, text};
+    return failedResponse(s_trace, failureText("At least one of the phases failed (", result, ")"));
 }
 
 RadioChannel CriSetRadioChannelNearEndImpl::normalised(const Command& command)

@@ -18,6 +18,7 @@
 #include "IRssiHandler.h"
 #include "ISystemPowerController.h"
 #include "ITxIQImbalanceHandler.h"
+#include "NodeWide.h"
 #include "PerChannel.h"
 #include "Recover.h"
 #include "RecoveryController.h"
@@ -90,8 +91,8 @@ class ZYR_EXPORT CriSetRadioChannelNearEndImpl : public CriSetRadioChannelNearEn
     static TylTrace s_trace;
 
     std::uint32_t m_numberOfChannels = 0;
-    IHardwareConfigurationHandler* m_hardwareConfigurationHandler = nullptr;
-    RecoveryController* m_recoveryController = nullptr;
+    NodeWide<IHardwareConfigurationHandler> m_hardwareConfigurationHandler;
+    NodeWide<RecoveryController> m_recoveryController;
     std::int64_t m_txOffTimeout = 15000; // milliseconds
     PerChannel<IFrequencyController> m_frequencyController;
     PerChannel<ICapabilityHandler> m_capabilityHandler;

@@ -2,7 +2,7 @@
 
 #include "CriSetRadioChannelNearEndImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "Log.h"
 #include "ResultLaw.h"
 #include "Zyr.h"
@@ -101,7 +101,6 @@ CriSetRadioChannelNearEndImpl::Failure
 CriSetRadioChannelNearEndImpl::updateFrequencies(const Command& command)
 {
     const RadioChannel channel = command.RadioChannelID;
-    log(s_trace, 7, "Going to call updateFrequencies");
     if (!isOnNode(channel)) {
         log(s_trace, 1, outOfBoundsText(channel)); // sic: no failure, unlike in configureMultiTrx
         return {};

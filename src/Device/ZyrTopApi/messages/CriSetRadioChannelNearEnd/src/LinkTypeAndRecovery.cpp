@@ -3,9 +3,10 @@
 
 #include "CriSetRadioChannelNearEndImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "IDspControlApi.h"
 #include "Log.h"
+#include "Required.h"
 #include "ResultLaw.h"
 
 #include <algorithm>
@@ -129,7 +130,8 @@ CriSetRadioChannelNearEndImpl::recoverDspIfNeeded(const Command& command, const 
     if (recover == Recover::None && needed == Recover::None) {
         return {};
     }
-    if (m_recoveryController == nullptr) {
+    RecoveryController* const recoveryController = m_recoveryController.find();
+    if (recoveryController == nullptr) {
         return {};
     }
     const Recover mode = std::max(recover, needed); // the greater is the stronger
@@ -137,7 +139,7 @@ CriSetRadioChannelNearEndImpl::recoverDspIfNeeded(const Command& command, const 
         text << "DSP recovery triggered! Mode: " << recoverToString(mode)
              << (dueToCarrierAggregation ? " (due to carrier aggregation)" : "");
     });
-    if (failed(m_recoveryController->startDspRecovery(mode))) {
+    if (failed(recoveryController->startDspRecovery(mode))) {
         return failureText("CRI.SetRadioChannelNearEnd failed to reconfigure the DSP");
     }
     return {};
@@ -152,7 +154,7 @@ CriSetRadioChannelNearEndImpl::checkFrameFormat(const Command& command, Recover&
         return failureText("CRI.SetRadioChannelNearEnd invalid FF config type: ", command.FFConfigType);
     }
     const RadioChannel channel = normalised(command);
-    IDspControlApi& dspControl = *m_dspApi[channel].getDspControlApi();
+    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi());
     if (failed(dspControl.getRequiredRecovery(type, needed, dueToCarrierAggregation))) {
         return failureText("CRI.SetRadioChannelNearEnd failed to check which kind of DSP Recovery is needed");
     }
@@ -186,19 +188,19 @@ ETIResult CriSetRadioChannelNearEndImpl::checkFfAndCopyDcFileIfNeeded(RadioChann
     log(s_trace, 7, [&](TextWriter& text) {
         text << "LH:" << longHaul << " getConfigType returns: " << ffConfigTypeToString(frameType);
     });
-    const ConfigType required = requiredType(requested, frameType, longHaul);
+    const ConfigType neededType = requiredType(requested, frameType, longHaul);
     log(s_trace, 7, [&](TextWriter& text) {
-        text << "getRequiredFFConfigType returns: " << ffConfigTypeToString(required);
+        text << "getRequiredFFConfigType returns: " << ffConfigTypeToString(neededType);
     });
-    IDspControlApi& dspControl = *m_dspApi[channel].getDspControlApi();
-    if (failed(dspControl.checkDspReconfiguration(required, dspNeedsReconfiguration))) {
+    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi());
+    if (failed(dspControl.checkDspReconfiguration(neededType, dspNeedsReconfiguration))) {
         error = "failed to check if the DSP needs to be reconfigured";
         return eTI_E_FAILED;
     }
     if (dspNeedsReconfiguration) {
         log(s_trace, 4, [&](TextWriter& text) {
             text << "DSP need to be reconfigured since frame format type changed to "
-                 << ffConfigTypeToString(required) << " for FFID " << radioFrameId;
+                 << ffConfigTypeToString(neededType) << " for FFID " << radioFrameId;
         });
         log(s_trace, 4, [&](TextWriter& text) { text << "Dsp Recovery: " << dspNeedsReconfiguration; });
     }

@@ -3,9 +3,10 @@
 #include "CriSetRadioChannelNearEndImpl.h"
 
 #include "DefaultSleepApi.h"
-#include "FailureText.h"
+#include "Failure.h"
 #include "IDspControlApi.h"
 #include "Log.h"
+#include "Required.h"
 #include "ResultLaw.h"
 #include "SteadyClockApi.h"
 #include "Zyr.h"
@@ -53,7 +54,7 @@ CriSetRadioChannelNearEndImpl::Failure CriSetRadioChannelNearEndImpl::turnOffTra
         log(s_trace, 4, "Set Transmitter Off skipped due to warm restart");
         return {};
     }
-    const bool inCa = m_dspApi[channel].getDspControlApi()->isCarrierAggregationActive();
+    const bool inCa = required(m_dspApi[channel].getDspControlApi()).isCarrierAggregationActive();
     const RadioChannel txChannel = transmittingChannel(channel, inCa);
     if (!isRadioAvailable(txChannel)) {
         log(s_trace, 4, "Set Transmitter Off skipped due to RAU not available");
@@ -86,7 +87,7 @@ CriSetRadioChannelNearEndImpl::Failure CriSetRadioChannelNearEndImpl::restoreTra
         });
         return {};
     }
-    const bool inCa = m_dspApi[channel].getDspControlApi()->isCarrierAggregationActive();
+    const bool inCa = required(m_dspApi[channel].getDspControlApi()).isCarrierAggregationActive();
     const RadioChannel txChannel = transmittingChannel(channel, inCa);
     if (!isRadioAvailable(txChannel)) {
         log(s_trace, 4, [&](TextWriter& text) {

@@ -1,10 +1,11 @@
 #include "CriSetRfPowerImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "IDspChannelApi.h"
 #include "IDspControlApi.h"
 #include "Initialise.h"
 #include "Log.h"
+#include "Required.h"
 #include "ResultLaw.h"
 #include "ZyrApiHandler.h"
 
@@ -26,17 +27,6 @@ void printIfPresent(TextWriter& text, const char* label, const general_classes::
     if (value.hasValue()) {
         text << label << value.value();
     }
-}
-
-StandardResponse failure(std::string_view logged, const std::string& answered)
-{
-    log(trace, 1, logged);
-    return {eTI_E_FAILED, answered};
-}
-
-StandardResponse failure(const std::string& text)
-{
-    return failure(text, text);
 }
 
 } // namespace
@@ -95,7 +85,7 @@ StandardResponse CriSetRfPowerImpl::execute(const Command& command)
     if (m_numberOfChannels < command.RadioChannelID) {
         return {eTI_E_FAILED, "command.channelId > m_numberOfChannels"};
     }
-    if (!m_dspApi[command.RadioChannelID].getDspChannelApi()->isConfigured()) {
+    if (!required(m_dspApi[command.RadioChannelID].getDspChannelApi()).isConfigured()) {
         return answerUnconfigured(command);
     }
     return setPower(command);
@@ -115,9 +105,9 @@ StandardResponse CriSetRfPowerImpl::answerUnconfigured(const Command& command)
     });
     // Asked whether or not the trace shows them: what the DSP sees doesn't depend on trace levels.
     IDspApi& dspApi = m_dspApi[command.RadioChannelID];
-    const bool isAccessible = dspApi.getDspControlApi()->isAccessible();
+    const bool isAccessible = required(dspApi.getDspControlApi()).isAccessible();
     log(trace, 4, isAccessible ? "DSP is accessible" : "DSP is  not accessible"); // sic: two blanks
-    const EDspChannelState state = dspApi.getDspChannelApi()->getChannelState();
+    const EDspChannelState state = required(dspApi.getDspChannelApi()).getChannelState();
     log(trace, 4, [&](TextWriter& text) { text << "DSP channel state: " << dspChannelStateToString(state); });
     return {eTI_E_OPERATION_NOT_ALLOWED, "DSP needs to be configured before SetRfPower"};
 }
@@ -131,34 +121,39 @@ StandardResponse CriSetRfPowerImpl::setPower(const Command& command)
     const ESPCResult cutback =
         m_outputPowerCalculator[command.RadioChannelID].setPowerCutBack(command.availableMaxPowerCutback);
     if (failed(cutback)) {
-        return failure("Failed to set max power cutback",
-                       failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")"));
+        return failedResponse(trace, {"Failed to set max power cutback",
+                                      failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")")});
     }
     const EACMHResult muted = acmHandler.muteAcm();
     if (failed(muted)) {
-        return failure(failureText("IAcmHandler->muteAcm() failed (EACMHResult = ", muted, ")"));
+        return failedResponse(trace,
+                              failureText("IAcmHandler->muteAcm() failed (EACMHResult = ", muted, ")"));
     }
     const ESPCResult notified = notifyFallback(command);
     if (failed(notified)) {
-        return failure("Failed to notify SPC about changes in ATPC fallback settings",
-                       failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")"));
+        return failedResponse(
+            trace, {"Failed to notify SPC about changes in ATPC fallback settings",
+                    failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")")});
     }
     const ESPCResult configured = powerController.configurePowerSettings(
         command.txRequestedStatus, command.targetRfInputPowerFarEnd, command.minRfOutputPower,
         command.maxRfOutputPower, kPowerSettingsOptions[0], kPowerSettingsOptions[1]);
     if (failed(configured)) {
-        return failure("Failed to notify SPC about changes in power settings",
-                       failureText("configurePowerSettings failed(ESPCResult = ", configured, ")"));
+        return failedResponse(trace,
+                              {"Failed to notify SPC about changes in power settings",
+                               failureText("configurePowerSettings failed(ESPCResult = ", configured, ")")});
     }
     const ESPCResult adminState =
         powerController.setAdminRequestedTxPowerState(command.txRequestedStatus, kAdminStateOption);
     if (failed(adminState)) {
-        return failure("Failed to set Tx Admin Power State",
-                       failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")"));
+        return failedResponse(
+            trace, {"Failed to set Tx Admin Power State",
+                    failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")")});
     }
     const EACMHResult restored = acmHandler.restoreAcm();
     if (failed(restored)) {
-        return failure(failureText("IAcmHandler->restoreAcm() failed (EACMHResult = ", restored, ")"));
+        return failedResponse(trace,
+                              failureText("IAcmHandler->restoreAcm() failed (EACMHResult = ", restored, ")"));
     }
     return setOptions(command, adminState);
 }
@@ -184,8 +179,9 @@ StandardResponse CriSetRfPowerImpl::setOptions(const Command& command, ESPCResul
         }
         if (failed(tapsController->setTapsEnable(command.tapsEnable.value()))) {
             // sic: the result of the transmitter's state, which succeeded, not that of TAPS
-            return failure(failureText("Failed to set TAPS enable for channel ", command.RadioChannelID,
-                                       " (ESPCResult = ", adminStateResult, ")"));
+            return failedResponse(trace, failureText("Failed to set TAPS enable for channel ",
+                                                     command.RadioChannelID,
+                                                     " (ESPCResult = ", adminStateResult, ")"));
         }
     }
     if (command.hrlbEnabled.hasValue() && tapsController != nullptr) {

@@ -1,5 +1,6 @@
 #include "TiGetEventsImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -53,8 +54,7 @@ TiGetEvents::Response TiGetEventsImpl::execute(const Command& command)
     Response response;
     response.requestOption = command.requestOption;
     if (failed(m_alarmHandler->getAlarmsByOption(command.requestOption, response.events))) {
-        log(trace, 1, "TI.GetEvents failed to get alarms");
-        setResult(response, eTI_E_FAILED, "TI.GetEvents failed to get alarms");
+        fail(response, trace, "TI.GetEvents failed to get alarms");
     }
     return response;
 }

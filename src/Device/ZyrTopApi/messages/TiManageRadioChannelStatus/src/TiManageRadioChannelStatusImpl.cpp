@@ -1,6 +1,6 @@
 #include "TiManageRadioChannelStatusImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ModulationAndCoding.h"
@@ -15,14 +15,6 @@ namespace
 {
 
 constinit TylTrace trace{TiManageRadioChannelStatus::identity.traceChannel, 3, TylTraceHdrOption_Default};
-
-TiManageRadioChannelStatus::Response failure(const std::string& text)
-{
-    log(trace, 1, text);
-    TiManageRadioChannelStatus::Response response;
-    setResult(response, eTI_E_FAILED, text);
-    return response;
-}
 
 } // namespace
 
@@ -71,62 +63,81 @@ ETIResult TiManageRadioChannelStatusImpl::initialize(unsigned numberOfChannels)
 
 TiManageRadioChannelStatus::Response TiManageRadioChannelStatusImpl::execute(const Command& command)
 {
-    const std::uint32_t channel = command.RadioChannelID;
     Response response;
-    if (channel > m_numberOfChannels) {
+    if (command.RadioChannelID > m_numberOfChannels) {
         setResult(response, eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds");
         return response;
     }
-    const ETxPowerActualStatus txStatus = m_outputPowerController[channel].getTxStatus();
-    IDspApi& dspApi = m_dspApi[channel];
-    IDspStatusApi* const linkApi = dspApi.getDspStatusApi();
-    const bool isLinkUp = linkApi != nullptr && linkApi->isLinkUp(); // a missing interface fails further down
-
-    IAcmHandler& acmHandler = m_acmHandler[channel];
-    const ModulationAndCoding currentTx = acmHandler.getCurrentTxModulationAndCode();
-    const ModulationAndCoding currentRx = acmHandler.getCurrentRxModulationAndCode();
-    ModulationAndCoding lowestRx = ModulationAndCoding::UNDEFINED;
-    ModulationAndCoding lowestTx = ModulationAndCoding::UNDEFINED;
-    const ETIResult lowestResult =
-        acmHandler.getLowestModulationAndCode(lowestRx, lowestTx, command.ResetLowestValues);
-    if (failed(lowestResult)) {
-        return failure(failureText(
-            "TI.ManageRadioChannelStatus failed to get lowest Rx and Tx modulationAndCodes ", lowestResult));
+    Readings readings;
+    const Failure failure = read(command, readings);
+    if (failure.hasValue()) {
+        fail(response, trace, failure.value());
+        return response;
     }
-    IRssiHandler& rssiHandler = m_rssiHandler[channel];
-    int rssi = -99;
-    const ETIResult rssiResult = rssiHandler.getRssi(rssi);
-    if (failed(rssiResult)) {
-        return failure(failureText("TI.ManageRadioChannelStatus failed to get rssi value ", rssiResult));
-    }
-    IDspStatusApi* const statusApi = dspApi.getDspStatusApi();
-    if (statusApi == nullptr) {
-        return failure("TI.ManageRadioChannelStatus failed to get DSP API interface");
-    }
-    DspErrorBlocks blocks;
-    if (failed(statusApi->getErrorBlocks(blocks, false))) {
-        return failure("TI.ManageRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
-    }
-    response.EbSinceLastRxLock = statusApi->getEbSinceLastRxLock();
-    response.RxLockedCounter = statusApi->getRxLockedCounter();
-    if (IFrequencyController* const frequencyController = m_frequencyController.find(channel)) {
-        response.TxFrequency = frequencyController->getTxFrequency();
-        response.RxFrequency = frequencyController->getRxFrequency();
-    }
-
-    response.TXActualStatus = txPowerActualStatusToString(txStatus);
-    response.RadioChannelStatus = isLinkUp ? "Up" : "Down";
-    response.ActualTxModulation = convertCodeAndModulationEnumToString(currentTx);
-    response.ActualRxModulation = convertCodeAndModulationEnumToString(currentRx);
-    response.LowestTxModulation = convertCodeAndModulationEnumToString(lowestTx);
-    response.LowestRxModulation = convertCodeAndModulationEnumToString(lowestRx);
-    response.ActualRFInputPower = rssi;
-    response.LowestRFInputPower = rssiHandler.getRssiMin(command.ResetLowestValues);
-    response.ReportedRFOutputPower = m_systemPowerController[channel].getReportedOutputPower();
-    response.ActualSNIR = negated(statusApi->getSnir());
-    response.LowestSNIR = negated(statusApi->getLowestSnir(command.ResetLowestValues));
-    response.ErroredBlocks = blocks.erroredBlocks;
+    fill(command, readings, response);
     return response;
+}
+
+TiManageRadioChannelStatusImpl::Failure TiManageRadioChannelStatusImpl::read(const Command& command,
+                                                                             Readings& readings)
+{
+    const std::uint32_t channel = command.RadioChannelID;
+    IDspApi& dspApi = m_dspApi[channel];
+    IAcmHandler& acmHandler = m_acmHandler[channel];
+
+    readings.txStatus = m_outputPowerController[channel].getTxStatus();
+    IDspStatusApi* const linkApi = dspApi.getDspStatusApi();
+    readings.isLinkUp = linkApi != nullptr && linkApi->isLinkUp(); // a missing interface fails further down
+    readings.currentTx = acmHandler.getCurrentTxModulationAndCode();
+    readings.currentRx = acmHandler.getCurrentRxModulationAndCode();
+    const ETIResult lowest = acmHandler.getLowestModulationAndCode(readings.lowestRx, readings.lowestTx,
+                                                                   command.ResetLowestValues);
+    if (failed(lowest)) {
+        return failureText("TI.ManageRadioChannelStatus failed to get lowest Rx and Tx modulationAndCodes ",
+                           lowest);
+    }
+    const ETIResult rssi = m_rssiHandler[channel].getRssi(readings.rssi);
+    if (failed(rssi)) {
+        return failureText("TI.ManageRadioChannelStatus failed to get rssi value ", rssi);
+    }
+    readings.statusApi = dspApi.getDspStatusApi();
+    if (readings.statusApi == nullptr) {
+        return failureText("TI.ManageRadioChannelStatus failed to get DSP API interface");
+    }
+    if (failed(readings.statusApi->getErrorBlocks(readings.blocks, false))) {
+        // sic: no code
+        return failureText("TI.ManageRadioChannelStatus failed to get errored blocks from DSP");
+    }
+    readings.ebSinceLastRxLock = readings.statusApi->getEbSinceLastRxLock();
+    readings.rxLockedCounter = readings.statusApi->getRxLockedCounter();
+    if (IFrequencyController* const frequencyController = m_frequencyController.find(channel)) {
+        readings.txFrequency = frequencyController->getTxFrequency();
+        readings.rxFrequency = frequencyController->getRxFrequency();
+    }
+    return {};
+}
+
+// The lowest values are read, and reset, only when nothing can fail any more.
+void TiManageRadioChannelStatusImpl::fill(const Command& command, const Readings& readings,
+                                          Response& response)
+{
+    const std::uint32_t channel = command.RadioChannelID;
+    response.TXActualStatus = txPowerActualStatusToString(readings.txStatus);
+    response.RadioChannelStatus = readings.isLinkUp ? "Up" : "Down";
+    response.ActualTxModulation = convertCodeAndModulationEnumToString(readings.currentTx);
+    response.ActualRxModulation = convertCodeAndModulationEnumToString(readings.currentRx);
+    response.LowestTxModulation = convertCodeAndModulationEnumToString(readings.lowestTx);
+    response.LowestRxModulation = convertCodeAndModulationEnumToString(readings.lowestRx);
+    response.ActualRFInputPower = readings.rssi;
+    response.LowestRFInputPower = m_rssiHandler[channel].getRssiMin(command.ResetLowestValues);
+    response.ReportedRFOutputPower = m_systemPowerController[channel].getReportedOutputPower();
+    response.ActualSNIR = negated(readings.statusApi->getSnir());
+    response.LowestSNIR = negated(readings.statusApi->getLowestSnir(command.ResetLowestValues));
+    response.ErroredBlocks = readings.blocks.erroredBlocks;
+    response.EbSinceLastRxLock = readings.ebSinceLastRxLock;
+    response.RxLockedCounter = readings.rxLockedCounter;
+    response.TxFrequency = readings.txFrequency;
+    response.RxFrequency = readings.rxFrequency;
 }
 
 } // namespace zyr_top_api

@@ -1,5 +1,6 @@
 #include "TiSetEventsImpl.h"
 
+#include "Failure.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "ResultLaw.h"
@@ -24,8 +25,9 @@ StandardResponse TiSetEventsImpl::execute(const Command& command)
 {
     logEnter(trace);
     if (failed(m_alarmHandler->setAlarmEvents(command))) {
-        log(trace, 1, "TI.SetEvents failed to get alarms"); // sic: "get", unlike the response
-        return {eTI_E_FAILED, "TI.SetEvents failed to set alarm events"};
+        // sic: the log speaks of getting, the response of setting
+        return failedResponse(
+            trace, {"TI.SetEvents failed to get alarms", "TI.SetEvents failed to set alarm events"});
     }
     return {};
 }

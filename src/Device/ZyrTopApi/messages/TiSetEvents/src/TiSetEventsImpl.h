@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IAlarmHandlerTopApi.h"
+#include "NodeWide.h"
 #include "TiSetEvents.h"
 
 namespace zyr_top_api
@@ -17,7 +18,7 @@ class ZYR_EXPORT TiSetEventsImpl : public TiSetEvents
     ETIResult initialize(unsigned numberOfChannels);
 
   private:
-    IAlarmHandlerTopApi* m_alarmHandler = nullptr;
+    NodeWide<IAlarmHandlerTopApi> m_alarmHandler;
 };
 
 } // namespace zyr_top_api

@@ -2,12 +2,13 @@
 
 #include "CriGetRadioChannelStatusImpl.h"
 
-#include "FailureText.h"
+#include "Failure.h"
 #include "IDspChannelApi.h"
 #include "IDspControlApi.h"
 #include "IDspStatusApi.h"
 #include "Log.h"
 #include "ModulationAndCoding.h"
+#include "Required.h"
 #include "ResultLaw.h"
 
 namespace zyr_top_api
@@ -126,7 +127,7 @@ void CriGetRadioChannelStatusImpl::readMimo(std::uint32_t channel, Readings& rea
         return;
     }
     int mode = 0;
-    m_dspApi[channel].getDspControlApi()->getMimoMode(mode);
+    required(m_dspApi[channel].getDspControlApi()).getMimoMode(mode);
     readings.isMimo4x4 = mode == kMimo4x4Mode;
     readings.mimoIsStarted = mimoController->isStarted(); // the second answer is the one that is reported
     readings.eta = mimoController->getEta().valueOr(0);

@@ -1,4 +1,0 @@
-#pragma once
-
-/// Allocations of this process so far, by operator new.
-long allocationCount();
