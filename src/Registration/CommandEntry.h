@@ -49,4 +49,7 @@ struct CommandEntry
 /// All commands, in the order of the command list.
 std::span<const CommandEntry> allCommands();
 
+/// The command with this wire name, case included; null if there is none.
+const CommandEntry* findCommand(std::string_view name);
+
 } // namespace zyr_registration

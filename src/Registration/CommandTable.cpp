@@ -121,6 +121,12 @@ static_assert(countOf([](const CommandEntry& entry) { return entry.notes.isLongP
 
 } // namespace
 
+const CommandEntry* findCommand(std::string_view name)
+{
+    const auto* const found = std::ranges::lower_bound(kCommands, name, {}, &CommandEntry::name);
+    return found != kCommands.end() && found->name() == name ? found : nullptr;
+}
+
 std::span<const CommandEntry> allCommands()
 {
     return kCommands;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstddef>
+#include <string_view>
 
 namespace zyr_registration
 {
@@ -15,7 +16,7 @@ constexpr std::size_t kOctetWidth = 3; // two digits and the colon behind them
 
 std::string ethernetAddressText(const void* address)
 {
-    constexpr char digits[] = "0123456789abcdef";
+    constexpr std::string_view digits = "0123456789abcdef";
     std::string text;
     for (const unsigned octet : static_cast<const ether_addr*>(address)->ether_addr_octet) {
         if (!text.empty()) {

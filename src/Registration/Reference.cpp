@@ -150,9 +150,11 @@ void writeFieldRows(std::string& text, const std::string& path, std::span<const 
     for (const Field& field : fields) {
         const std::string name = path + std::string(field.name);
         const std::string absence = !isRequest && mayBeAbsent(field) ? ", or absent" : "";
-        text += "| `" + name + "` | " + escaped(typeText(field, 0)) + absence + " | " +
-                escaped(field.notes.unit) + " | " + (isRequest ? presenceText(field) + " | " : "") +
-                escaped(field.notes.help) + " |\n";
+        text.append("| `").append(name).append("` | ");
+        text.append(escaped(typeText(field, 0))).append(absence).append(" | ");
+        text.append(escaped(field.notes.unit)).append(" | ");
+        text.append(isRequest ? presenceText(field) + " | " : "");
+        text.append(escaped(field.notes.help)).append(" |\n");
         const ValueType& type = field.valueType();
         const bool isArray = type.kind == Kind::Array;
         writeFieldRows(text, name + (isArray ? "[]." : "."), isArray ? type.element->fields : type.fields,

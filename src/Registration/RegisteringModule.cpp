@@ -101,13 +101,6 @@ bool isOpen(const CommandEntry& command)
     return command.isDirect() ? testFamilyOpen : controlFamilyOpen;
 }
 
-const CommandEntry* commandNamed(std::string_view name)
-{
-    const auto commands = allCommands();
-    const auto found = std::ranges::lower_bound(commands, name, {}, &CommandEntry::name);
-    return found != commands.end() && found->name() == name ? &*found : nullptr;
-}
-
 } // namespace
 
 std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_api::CmdWrapperBase>> table)
@@ -115,7 +108,7 @@ std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_ap
     std::vector<std::string> defects;
     std::vector<std::size_t> counts(allCommands().size());
     for (const auto& entry : table) {
-        const CommandEntry* const command = entry == nullptr ? nullptr : commandNamed(entry->name());
+        const CommandEntry* const command = entry == nullptr ? nullptr : findCommand(entry->name());
         if (entry == nullptr) {
             defects.emplace_back("an entry is null");
         } else if (command == nullptr || command->isDirect()) {
@@ -135,7 +128,7 @@ std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_ap
 }
 
 RegisteringModule::RegisteringModule(const RegistrationOptions& options)
-    : m_options(options), m_registered(commands().size())
+    : m_options(options), m_registered(allCommands().size())
 {
     if (!ZyrApiHandler::m_cmds.empty()) {
         throw RegistrationError("the commands can't be registered: the table of commands is already in use");
@@ -161,11 +154,6 @@ RegisteringModule::~RegisteringModule()
     emptyTables();
 }
 
-const CommandEntry* RegisteringModule::find(std::string_view name) const
-{
-    return commandNamed(name);
-}
-
 Answer RegisteringModule::call(const CommandEntry& command, const Value& members)
 {
     if (!isOpen(command)) {
@@ -183,19 +171,19 @@ Answer RegisteringModule::call(const CommandEntry& command, const Value& members
 
 RegisteringModule::Registered& RegisteringModule::registered(const CommandEntry& command)
 {
-    return m_registered[static_cast<std::size_t>(&command - commands().data())];
+    return m_registered[static_cast<std::size_t>(&command - allCommands().data())];
 }
 
 void RegisteringModule::createAll()
 {
-    for (const CommandEntry& command : commands()) {
+    for (const CommandEntry& command : allCommands()) {
         registered(command).live = command.create();
     }
 }
 
 void RegisteringModule::initialiseAll(std::vector<std::string>& defects)
 {
-    for (const CommandEntry& command : commands()) {
+    for (const CommandEntry& command : allCommands()) {
         const auto result =
             command.initialize(registered(command).live.implementation.get(), m_options.numberOfChannels);
         if (zyr_top_api::failed(result)) {
@@ -220,8 +208,8 @@ void RegisteringModule::fillTables()
 void RegisteringModule::fillCatalogue()
 {
     auto* const catalogue = static_cast<TiGetAllCommandsDataImpl*>(
-        registered(*find(TiGetAllCommandsDataImpl::identity.wireName)).live.implementation.get());
-    for (const CommandEntry& command : commands()) {
+        registered(*findCommand(TiGetAllCommandsDataImpl::identity.wireName)).live.implementation.get());
+    for (const CommandEntry& command : allCommands()) {
         const CmdDescription description{
             std::string(command.name()),
             command.describeItself != nullptr

@@ -35,7 +35,7 @@ class RegistrationError : public std::runtime_error
 std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_api::CmdWrapperBase>> table);
 
 /// What a call brought: a struct of `tiResult` and the response's fields, or a fault.
-struct Answer
+struct Answer // NOLINT(bugprone-exception-escape): moving a value throws nothing
 {
     Value value;
     std::int32_t faultCode = 0; ///< 1 to 4 with a fault, else 0
@@ -59,18 +59,12 @@ class RegisteringModule
     RegisteringModule(const RegisteringModule&) = delete;
     RegisteringModule& operator=(const RegisteringModule&) = delete;
 
-    /// All commands, in the order of their wire names.
-    std::span<const CommandEntry> commands() const { return allCommands(); }
-
     /// The radio channels of the node.
     unsigned numberOfChannels() const { return m_options.numberOfChannels; }
 
-    /// The command with this wire name, case included; null if there is none.
-    const CommandEntry* find(std::string_view name) const;
-
     /// Calls a command: dispatched ones through the dispatcher, direct ones on their object, one call at a
     /// time for each. Blocks until it is done. A refusal of the command comes back as a fault.
-    /// @param command  one of `commands()`
+    /// @param command  one of `allCommands()`
     /// @param members  the request's members, an object
     /// @throws RecordError  if the members don't make the command's record
     /// @throws anything that leaves the command
@@ -90,7 +84,7 @@ class RegisteringModule
     void fillCatalogue();
 
     RegistrationOptions m_options;
-    std::vector<Registered> m_registered; // one for each of `commands()`, in their order
+    std::vector<Registered> m_registered; // one for each of `allCommands()`, in their order
 };
 
 } // namespace zyr_registration

@@ -9,7 +9,6 @@
 namespace zyr_simulation
 {
 
-using zyr_top_api::FFConfigType;
 using zyr_top_api::ModulationAndCoding;
 using zyr_top_api::RadioFrameRecord;
 
@@ -26,7 +25,7 @@ constexpr double payloadShare = 0.85;
 
 const std::vector<RadioFrame>& radioFrames()
 {
-    using enum FFConfigType;
+    using enum zyr_top_api::FFConfigType;
     static const std::vector<RadioFrame> frames{
         {101, 14'000, "ETSI", Std, true},   {102, 28'000, "ETSI", Std, true},
         {103, 56'000, "ETSI", Std, true},   {104, 112'000, "ETSI", Std, true},

@@ -14,7 +14,6 @@ namespace zyr_simulation
 namespace
 {
 
-using zyr_top_api::EDspATxMode;
 using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ForceLoopMode;
 using zyr_top_api::ModulationAndCoding;
@@ -203,12 +202,16 @@ std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, M
                  cutback + boost);
 }
 
+std::int32_t channelSpacing_kHz(const ChannelState& channel)
+{
+    constexpr std::int32_t withoutFrame_kHz = 28'000;
+    const auto* frame = findRadioFrame(channel.radioFrameId);
+    return frame == nullptr ? withoutFrame_kHz : frame->channelSpacing_kHz;
+}
+
 std::int32_t noiseFloor_dBmTenths(const ChannelState& channel)
 {
-    constexpr double assumedSpacing_kHz = 28'000;
-    const auto* frame = findRadioFrame(channel.radioFrameId);
-    const auto spacing_kHz = frame == nullptr ? assumedSpacing_kHz : frame->channelSpacing_kHz;
-    return rounded(noiseDensity_dBmTenths + 100.0 * std::log10(spacing_kHz * 1000.0));
+    return rounded(noiseDensity_dBmTenths + 100.0 * std::log10(channelSpacing_kHz(channel) * 1000.0));
 }
 
 std::uint32_t hopLatency_ns(const NodeState& node)

@@ -30,12 +30,18 @@ void settleHop(NodeState& node, ChannelState& channel);
 std::int32_t greatestPower(const NodeState& node, const ChannelState& channel,
                            zyr_top_api::ModulationAndCoding modulation);
 
-/// The noise that the receiver of a channel sees, in tenths of a dBm: with its frame's channel spacing, or 28
-/// MHz as long as it has no frame.
+/// The channel spacing of a channel's frame, or 28 MHz as long as it has no frame.
+std::int32_t channelSpacing_kHz(const ChannelState& channel);
+
+/// The noise that the receiver of a channel sees within its channel spacing, in tenths of a dBm.
 std::int32_t noiseFloor_dBmTenths(const ChannelState& channel);
 
 /// The time that a signal travels from end to end, in nanoseconds.
 std::uint32_t hopLatency_ns(const NodeState& node);
+
+/// What the diversity path of a receiver lies below the main one, and what combining both wins.
+inline constexpr std::int32_t diversityLoss_dBTenths = 15;
+inline constexpr std::int32_t combiningGain_dBTenths = 25;
 
 /// Blocks that the modem receives in a second, and bytes in a block.
 inline constexpr double blocksPerSecond = 1000.0;

@@ -10,7 +10,6 @@ namespace zyr_simulation
 namespace
 {
 
-using zyr_top_api::FeatureCapability;
 using zyr_top_api::FrequencyCapability;
 using zyr_top_api::ModulationAndCoding;
 

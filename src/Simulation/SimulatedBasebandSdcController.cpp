@@ -1,6 +1,7 @@
 #include "SimulatedBasebandSdcController.h"
 
 #include "DualStream.h"
+#include "Hop.h"
 #include "Processes.h"
 
 namespace zyr_simulation
@@ -9,16 +10,6 @@ namespace zyr_simulation
 using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::BasebandSdcStatusData;
 using zyr_top_api::ETIResult;
-
-namespace
-{
-
-/// What the combiner wins over one path, and what the diversity path lies below the main one; in tenths of a
-/// dB.
-constexpr std::int32_t combiningGain = 25;
-constexpr std::int32_t diversityLoss = 15;
-
-} // namespace
 
 void SimulatedBasebandSdcController::beginCalibration() const
 {
@@ -108,10 +99,10 @@ BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
             data.xpiMain = xpi;
         }
         if (sdc().diversityEnabled) {
-            data.snirDiversity = -(snir - diversityLoss);
-            data.xpiDiversity = xpi - diversityLoss;
+            data.snirDiversity = -(snir - diversityLoss_dBTenths);
+            data.xpiDiversity = xpi - diversityLoss_dBTenths;
         }
-        data.gain = sdc().mainEnabled && sdc().diversityEnabled ? combiningGain : 0;
+        data.gain = sdc().mainEnabled && sdc().diversityEnabled ? combiningGain_dBTenths : 0;
         return data;
     });
 }

@@ -33,7 +33,8 @@ std::int32_t counted(double count)
 int secondsUntil(std::chrono::nanoseconds now, std::chrono::nanoseconds moment)
 {
     return static_cast<int>(
-        std::chrono::ceil<std::chrono::seconds>(std::max(moment - now, now - now)).count());
+        std::chrono::ceil<std::chrono::seconds>(std::max(moment - now, std::chrono::nanoseconds::zero()))
+            .count());
 }
 
 } // namespace

@@ -9,7 +9,6 @@ namespace zyr_simulation
 
 using zyr_top_api::ETIResult;
 using zyr_top_api::FFConfigType;
-using zyr_top_api::ModulationAndCoding;
 using zyr_top_api::RadioChannel;
 using zyr_top_api::RadioFrameRecord;
 

@@ -57,14 +57,28 @@ class SimulatedNode
     /// Releases all long polls, and lets none hang any more.
     void shutdown();
 
-    // Settings, in force at once. Levels are in tenths of a dB.
+    // Settings, in force at once.
 
+    /// Lets both channels carry one signal together, on channel 1's transmitter.
     void setCarrierAggregation(bool active);
+
+    /// Sets the distance between the two directions: 0 variable, 1 fixed; other numbers are invalid for
+    /// commands.
     void setDuplexType(std::uint32_t duplexType);
+
+    /// Makes the channels long haul ones, or ordinary ones.
     void setLongHaul(bool longHaul);
+
+    /// Gives the radio units two transmitters and receivers, or one.
     void setTwoTransmitters(bool twoTransmitters);
+
+    /// Lets the channels take no configuration, or take it again.
     void setConfigurationBypassed(bool bypassed);
+
+    /// Sets the path loss between the ends, in tenths of a dB.
     void setPathLoss_dBTenths(std::int32_t pathLoss);
+
+    /// Switches the far end's transmitters on or off.
     void setFarEndTransmits(bool transmits);
 
     /// Takes a channel's radio unit away, or brings it back.

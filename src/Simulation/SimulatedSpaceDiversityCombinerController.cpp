@@ -1,5 +1,6 @@
 #include "SimulatedSpaceDiversityCombinerController.h"
 
+#include "Hop.h"
 #include "Processes.h"
 #include "RadioType.h"
 
@@ -17,9 +18,7 @@ namespace
 
 constexpr char noHardwareError = '0';
 
-// In tenths of a dB; the delay is in samples.
-constexpr std::int32_t diversityLoss = 15;
-constexpr std::int32_t combiningGain = 25;
+/// In samples.
 constexpr std::int32_t calibratedDelay = 12;
 
 } // namespace
@@ -83,9 +82,9 @@ void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwError
         hwErrorSdcMain = noHardwareError;
         hwErrorSdcDiversity = noHardwareError;
         sdcInputPowerMain = channel().receiver.level;
-        sdcInputPowerDiversity = channel().receiver.level - diversityLoss;
+        sdcInputPowerDiversity = channel().receiver.level - diversityLoss_dBTenths;
         const bool combines = sdc().operation == SdcStatus::Active && sdc().path == SdcPath::Auto;
-        sdcGain = combines ? combiningGain : 0;
+        sdcGain = combines ? combiningGain_dBTenths : 0;
     });
 }
 

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstdlib>
 
-#include "FrameDatabase.h"
 #include "Hop.h"
 #include "Processes.h"
 #include "RadioType.h"
@@ -29,20 +28,13 @@ constexpr std::size_t subBandPoints = 201;
 /// The level of the foreign carrier.
 constexpr std::int32_t foreignLevel = -620;
 
-std::uint32_t spacingOf(const ChannelState& channel)
-{
-    constexpr std::uint32_t assumed_kHz = 28'000;
-    const auto* frame = findRadioFrame(channel.radioFrameId);
-    return frame == nullptr ? assumed_kHz : static_cast<std::uint32_t>(frame->channelSpacing_kHz);
-}
-
 /// A carrier's level where it is, the noise elsewhere.
 std::int32_t levelOf(const NodeState& node, const ChannelState& channel, std::uint32_t frequency_kHz)
 {
     const auto isWithin = [&](std::uint32_t centre_kHz) {
         const auto distance =
             static_cast<std::int64_t>(frequency_kHz) - static_cast<std::int64_t>(centre_kHz);
-        return std::abs(distance) * 2 <= static_cast<std::int64_t>(spacingOf(channel));
+        return std::abs(distance) * 2 <= channelSpacing_kHz(channel);
     };
     const auto& band = radioType(node.settings.radioType).frequencies;
     const auto bandwidth = band.MaxRXFrequency - band.MinRXFrequency;
@@ -58,7 +50,8 @@ std::int32_t levelOf(const NodeState& node, const ChannelState& channel, std::ui
 void SimulatedSpectrumDiagnosticsController::begin(bool isSubBand, unsigned dmSleep) const
 {
     const auto& band = radioType(node().settings.radioType).frequencies;
-    const auto width = isSubBand ? band.MaxRXFrequency - band.MinRXFrequency : spacingOf(channel());
+    const auto width = isSubBand ? band.MaxRXFrequency - band.MinRXFrequency
+                                 : static_cast<std::uint32_t>(channelSpacing_kHz(channel()));
     auto& scan = channel().scan;
     scan.isStarted = true;
     scan.isSubBand = isSubBand;

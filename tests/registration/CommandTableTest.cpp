@@ -105,6 +105,14 @@ TEST_F(CommandTableTest, EveryCommandHasItsNames)
     }
 }
 
+TEST_F(CommandTableTest, CommandsAreFoundByTheirExactNames)
+{
+    EXPECT_EQ(zyr_registration::findCommand("CRI.EnableAcm")->name(), "CRI.EnableAcm");
+    EXPECT_EQ(zyr_registration::findCommand("CRI.enableAcm"), nullptr);
+    EXPECT_EQ(zyr_registration::findCommand(""), nullptr);
+    EXPECT_EQ(zyr_registration::findCommand("ZZ"), nullptr);
+}
+
 TEST_F(CommandTableTest, EveryCommandIsDescribed)
 {
     for (const CommandEntry& command : zyr_registration::allCommands()) {

@@ -2,7 +2,7 @@
 #include "CommandTest.h"
 #include "NodeDoubles.h"
 #include "RecordError.h"
-#include "Storage.h"
+#include "StoredVariables.h"
 
 #include <gtest/gtest.h>
 
@@ -24,20 +24,9 @@ using zyr_top_api::ZyrApiHandler;
 class RegisteringModuleTest : public zyr_test::CommandTest
 {
   protected:
-    RegisteringModuleTest()
-    {
-        zyr_platform::Storage::get().set("common.minTemp", -33);
-        zyr_platform::Storage::get().set("common.maxTemp", 55);
-    }
-    ~RegisteringModuleTest() override
-    {
-        zyr_platform::Storage::get().remove("common.minTemp");
-        zyr_platform::Storage::get().remove("common.maxTemp");
-    }
-
     static Answer call(RegisteringModule& module, const char* name, const Value& members = Value::object())
     {
-        return module.call(*module.find(name), members);
+        return module.call(*zyr_registration::findCommand(name), members);
     }
 
     // Why the commands can't be registered, "" if they can.
@@ -51,6 +40,7 @@ class RegisteringModuleTest : public zyr_test::CommandTest
         }
     }
 
+    zyr_test::StoredVariables variables;
     zyr_test::NodeDoubles node{transcript};
 };
 
@@ -125,11 +115,12 @@ TEST_F(RegisteringModuleTest, CatalogueHasEveryCommandInOrder)
     publishNode(node);
     RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
     const Value commands = call(module, "TI.GetAllCommandsData").value["commands"];
-    ASSERT_EQ(commands.size(), module.commands().size());
-    ASSERT_EQ(ZyrApiHandler::m_allCommandsDescData.size(), module.commands().size());
+    ASSERT_EQ(commands.size(), zyr_registration::allCommands().size());
+    ASSERT_EQ(ZyrApiHandler::m_allCommandsDescData.size(), zyr_registration::allCommands().size());
     for (std::size_t index = 0; index < commands.size(); ++index) {
-        EXPECT_EQ(commands[index]["name"], std::string(module.commands()[index].name()));
-        EXPECT_EQ(ZyrApiHandler::m_allCommandsDescData[index].name, module.commands()[index].name());
+        EXPECT_EQ(commands[index]["name"], std::string(zyr_registration::allCommands()[index].name()));
+        EXPECT_EQ(ZyrApiHandler::m_allCommandsDescData[index].name,
+                  zyr_registration::allCommands()[index].name());
     }
     const auto self = std::ranges::find(commands, "TI.ManageRadioChannelStatus",
                                         [](const Value& row) { return row["name"].get<std::string>(); });
@@ -165,16 +156,6 @@ TEST_F(RegisteringModuleTest, CommandWithNestedFieldsAndTextsRuns)
         << lines.front();
     EXPECT_NE(lines.front().find("iduMacAddress: 1:2:3:4:5:6"), std::string::npos) << lines.front();
     EXPECT_NE(lines.front().find("rauMultiTrxConfig.ifSwitchMode: 3"), std::string::npos) << lines.front();
-}
-
-TEST_F(RegisteringModuleTest, CommandsAreFoundByTheirExactNames)
-{
-    publishNode(node);
-    const RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
-    EXPECT_EQ(module.find("CRI.EnableAcm")->name(), "CRI.EnableAcm");
-    EXPECT_EQ(module.find("CRI.enableAcm"), nullptr);
-    EXPECT_EQ(module.find(""), nullptr);
-    EXPECT_EQ(module.find("ZZ"), nullptr);
 }
 
 TEST_F(RegisteringModuleTest, EveryFailedInitialisationIsNamedAndNothingStaysOpen)

@@ -28,6 +28,7 @@ class Node:
     """A running node. Ends with the `with` block."""
 
     def __init__(self, *options, listen="127.0.0.1:0"):
+        self._proxies = []
         self._trace = tempfile.TemporaryFile()
         self.process = subprocess.Popen(
             [PROGRAM, "--listen", listen, *options], stdout=subprocess.PIPE, stderr=self._trace)
@@ -45,12 +46,16 @@ class Node:
         if self.process.poll() is None:
             self.process.kill()
         self.process.wait(PATIENCE)
+        for proxy in self._proxies:
+            proxy("close")()
         self.process.stdout.close()
         self._trace.close()
 
     def proxy(self, url=None):
-        """A client of its own; one is used by one thread."""
-        return xmlrpc.client.ServerProxy(url or self.url, transport=TimeoutTransport(), allow_none=True)
+        """A client of its own; one is used by one thread. Closed at the end of the node."""
+        proxy = xmlrpc.client.ServerProxy(url or self.url, transport=TimeoutTransport(), allow_none=True)
+        self._proxies.append(proxy)
+        return proxy
 
     def trace(self):
         """All that the node has traced so far."""
@@ -67,6 +72,14 @@ class Node:
         proxy = self.proxy()
         while proxy.SIM.GetState()["hangingLongPolls"] != count:
             pass
+
+    def wait_for_refusal(self):
+        """Returns when the node takes no more connections."""
+        while True:
+            try:
+                socket.create_connection(("127.0.0.1", self.port), PATIENCE).close()
+            except ConnectionError:
+                return
 
     def raw(self, data):
         """Sends bytes over a connection of its own and gives all that comes back until it ends."""
@@ -118,6 +131,30 @@ class Call(threading.Thread):
     def result(self):
         self.join(PATIENCE)
         return self._outcome
+
+
+def near_end_request(proxy, channel):
+    """A configuration that the node can take: its first radio frame, at its lowest frequencies."""
+    frames = proxy.CRI.GetAirInterfaceCapability({"RadioChannelID": channel, "ReleasedFilter": 2})
+    request = {"RadioChannelID": channel, "radioFrameId": frames["FrameFormatCapabilities"][0]["RadioFrameID"],
+               "minModulation": "4QAM", "maxModulation": "256QAM", "referenceSec": "4L"}
+    able = proxy.CRI.GetRadioChannelCapability(request)
+    return {**request, "txFrequency_kHz": able["MinTXFrequency"], "rxFrequency_kHz": able["MinRXFrequency"]}
+
+
+def power_request(channel):
+    """Lets the transmitter send."""
+    return {"RadioChannelID": channel, "txRequestedStatus": "On", "targetRfInputPower": -400,
+            "targetRfInputPowerFarEnd": -400, "minRfOutputPower": 0, "maxRfOutputPower": 150,
+            "availableMaxPowerCutback": 0}
+
+
+def wait_for_transmitter(proxy, channel):
+    """Returns the channel's status when its transmitter is on."""
+    while True:
+        status = proxy.CRI.GetRadioChannelStatus({"RadioChannelID": channel})
+        if status["TXActualStatus"] == "On":
+            return status
 
 
 class NodeTest(unittest.TestCase):

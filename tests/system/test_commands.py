@@ -2,7 +2,7 @@
 
 import xmlrpc.client
 
-from node_process import Call, NodeTest
+from node_process import Call, NodeTest, near_end_request, power_request, wait_for_transmitter
 
 
 class EnableAcmTest(NodeTest):
@@ -46,6 +46,31 @@ class EnableAcmTest(NodeTest):
 
         calls = [Call(session, 1 + index % 2) for index in range(16)]
         self.assertEqual([call.result() for call in calls], [[0] * 25] * 16)
+
+
+class ConfigurationTest(NodeTest):
+    def test_channel_is_configured_and_transmits(self):
+        self.assertEqual(self.fault_of(self.proxy.CRI.SetRFPower, power_request(1)),
+                         "4 DSP needs to be configured before SetRfPower")
+        request = near_end_request(self.proxy, 1)
+        self.assertEqual(self.proxy.CRI.SetRadioChannelNearEnd({**request, "rauMultiTrxConfig": {}}),
+                         {"tiResult": 0})
+        self.assertEqual(self.proxy.CRI.SetRFPower(power_request(1)), {"tiResult": 0})
+        status = wait_for_transmitter(self.proxy, 1)
+        self.assertEqual((status["TxFrequency"], status["RxFrequency"], status["RadioChannelStatus"]),
+                         (request["txFrequency_kHz"], request["rxFrequency_kHz"], "Up"))
+        channel = self.proxy.SIM.GetState()["channels"][0]
+        self.assertEqual((channel["radioFrameId"], channel["minModulation"], channel["maxModulation"]),
+                         (request["radioFrameId"], 31, 81))
+
+    def test_both_link_types_at_once_are_refused_by_the_command(self):
+        self.assertEqual(
+            self.fault_of(self.proxy.CRI.SetRadioChannelNearEnd,
+                          {"RadioChannelID": 1, "radioFrameId": 101, "minModulation": 31, "maxModulation": 81,
+                           "referenceSec": 1, "txFrequency_kHz": 14500000, "rxFrequency_kHz": 14920000,
+                           "xpicParameterPresent": True, "xpicEnable": "Enable_A", "mimoParameterPresent": True,
+                           "mimoEnable": "Enable_A"}),
+            "4 Enabling XPIC and MIMO at the same time is not allowed!")
 
 
 class SettersTest(NodeTest):

@@ -2,7 +2,7 @@
 
 import signal
 
-from node_process import Call, NodeTest
+from node_process import Call, Node, NodeTest
 
 TERMINATED = "4 CI.GetFastEvents has been terminated"
 
@@ -47,7 +47,7 @@ class LongPollTest(NodeTest):
 
     def test_stop_answers_them_and_ends_well(self):
         for signal_number in (signal.SIGTERM, signal.SIGINT):
-            with self.subTest(signal_number), self.subnode() as node:
+            with self.subTest(signal_number), Node() as node:
                 calls = [Call(node.proxy().CI.GetFastEvents, {"events": []}) for _ in range(16)]
                 node.wait_for_hanging(16)
                 self.assertEqual(node.stop(signal_number), 0)
@@ -61,8 +61,3 @@ class LongPollTest(NodeTest):
                          "4 CI.ReleaseFastEventsRequestsImpl failed to release hanging GetFastAlarm requests")
         self.assertEqual(self.node.stop(), 0)
         self.assertEqual(poll.result(), TERMINATED)
-
-    @staticmethod
-    def subnode():
-        from node_process import Node
-        return Node()

@@ -1,12 +1,14 @@
 """The process: command line, first line, exit statuses, credentials."""
 
 import os
+import signal
 import subprocess
 import tempfile
 import unittest
 import xmlrpc.client
 
-from node_process import PATIENCE, PROGRAM, Node, NodeTest
+from node_process import (PATIENCE, PROGRAM, Call, Node, NodeTest, near_end_request, power_request,
+                          wait_for_transmitter)
 
 
 def run(*options):
@@ -72,6 +74,25 @@ class FirstLineTest(NodeTest):
 
     def test_stop_ends_with_0(self):
         self.assertEqual(self.node.stop(), 0)
+
+
+class SecondSignalTest(NodeTest):
+    def test_it_ends_the_node_at_once(self):
+        request = near_end_request(self.proxy, 1)
+        self.proxy.CRI.SetRadioChannelNearEnd(request)
+        self.proxy.CRI.SetRFPower(power_request(1))
+        wait_for_transmitter(self.proxy, 1)
+        # Says that it does what it doesn't, so that the command waits for the transmitter in vain.
+        self.proxy.SIM.InjectFault({"collaborator": "ISystemPowerController", "operation": "overrideTxPowerState",
+                                    "code": 1, "count": 1})
+        Call(self.node.proxy().CRI.SetRadioChannelNearEnd, request)
+        while self.proxy.SIM.ListFaults()["faults"]:
+            pass
+
+        self.node.process.send_signal(signal.SIGTERM)
+        self.node.wait_for_refusal()
+        self.assertIsNone(self.node.process.poll())
+        self.assertEqual(self.node.stop(), -signal.SIGTERM)
 
 
 class CredentialsTest(unittest.TestCase):

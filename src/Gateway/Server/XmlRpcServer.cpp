@@ -98,7 +98,8 @@ XmlRpcServer::XmlRpcServer(HttpOptions options, zyr_registration::RegisteringMod
     addSystemMethods();
 }
 
-XmlRpcServer::~XmlRpcServer()
+// What could fail here would leave threads that nobody can join.
+XmlRpcServer::~XmlRpcServer() // NOLINT(bugprone-exception-escape)
 {
     stop();
 }
@@ -138,7 +139,7 @@ void XmlRpcServer::stop()
 
 void XmlRpcServer::addCommands()
 {
-    for (const CommandEntry& command : m_commands.commands()) {
+    for (const CommandEntry& command : zyr_registration::allCommands()) {
         const auto call = [this, &command](const Params& params) {
             return m_commands.call(command, onlyStruct(command.name(), params));
         };
@@ -203,7 +204,7 @@ Answer XmlRpcServer::call(const MethodCall& request)
             return called.call(request.params);
         }
         ++m_longPolls;
-        const Answer answer = guarded(request.method, [&] { return called.call(request.params); });
+        Answer answer = guarded(request.method, [&] { return called.call(request.params); });
         --m_longPolls;
         return answer;
     });

@@ -35,7 +35,7 @@ class XmlRpcServer
     XmlRpcServer(HttpOptions options, zyr_registration::RegisteringModule& commands);
 
     /// Stops.
-    ~XmlRpcServer();
+    ~XmlRpcServer(); // NOLINT(bugprone-exception-escape): see the definition
     XmlRpcServer(const XmlRpcServer&) = delete;
     XmlRpcServer& operator=(const XmlRpcServer&) = delete;
 
@@ -78,13 +78,13 @@ class XmlRpcServer
     const Method& method(std::string_view name) const;
 
     void take(HttpRequest request, const HttpServer::Answer& answer);
-    std::string answerTo(const std::string& document);
-    Answer call(const MethodCall& call);
+    std::string answerTo(const std::string& body);
+    Answer call(const MethodCall& request);
     void releaseLongPolls();
 
     Value describe(const Params& params) const;
     Value multicall(const Params& params);
-    Value callOfMulticall(const Value& call);
+    Value callOfMulticall(const Value& given);
 
     zyr_registration::RegisteringModule& m_commands;
     std::map<std::string, Method, std::less<>> m_methods;

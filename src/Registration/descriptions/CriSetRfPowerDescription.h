@@ -25,8 +25,9 @@ struct Description<zyr_top_api::CriSetRfPowerImpl> : DescriptionDefaults
                                                   {.help = "level that the far end shall receive"}),
         field<&Command::minRfOutputPower>("minRfOutputPower", {.help = "lower end of the output window"}),
         field<&Command::maxRfOutputPower>("maxRfOutputPower", {.help = "upper end of the output window"}),
-        field<&Command::availableMaxPowerCutback>("availableMaxPowerCutback",
-                                                  {.help = "allowed cutback of the maximum power"}),
+        field<&Command::availableMaxPowerCutback>(
+            "availableMaxPowerCutback", {.help = "allowed cutback of the maximum power, none if left out",
+                                         .presence = Presence::Defaulted}),
         field<&Command::tapsEnable>("tapsEnable", {.help = "switches TAPS"}),
         field<&Command::hrlbEnabled>("hrlbEnabled", {.help = "switches HRLB"}),
         field<&Command::atpcFallbackEnable>(
