@@ -56,12 +56,28 @@ TEST(Rendering, ShowsEmptyListsAndNumbersWithoutText)
 TEST(Rendering, MakesTablesOfListsOfRecords)
 {
     EXPECT_EQ(
-        rendered(R"({"tiResult":0,"events":[{"name":"LOS","level":-40.25},{"name":"Sync","more":[1]}]})"),
+        rendered(R"({"tiResult":0,"events":[{"name":"LOS","level":-40.25},{"name":"Sync","more":[1,2]}]})"),
         "  tiResult  0\n"
         "  events (2)\n"
         "    name  level [dBm]  more\n"
         "    LOS        -40.25  -\n"
-        "    Sync            -  [1]\n");
+        "    Sync            -  1, 2\n");
+}
+
+TEST(Rendering, MakesNoTableOfNestedRecords)
+{
+    EXPECT_EQ(
+        rendered(R"({"events":[{"name":"LOS","level":1.5,"in":{"x":1}},{"name":"Sync","in":{"x":2}}]})"),
+        "  events (2)\n"
+        "    [0]\n"
+        "      name   LOS\n"
+        "      level  1.5 dBm\n"
+        "      in\n"
+        "        x  1\n"
+        "    [1]\n"
+        "      name  Sync\n"
+        "      in\n"
+        "        x  2\n");
 }
 
 TEST(Rendering, PutsColumnsOfNumbersToTheRight)
@@ -88,7 +104,7 @@ TEST(Rendering, LetsNothingSteerTheTerminal)
 
 TEST(Rendering, TakesAnswersThatAreNoRecord)
 {
-    EXPECT_EQ(rendered(R"(["a",2,{"b":1}])"), "  a\n  2\n  {\"b\":1}\n");
+    EXPECT_EQ(rendered(R"(["a",2,{"b":1}])"), "  a\n  2\n  [2]\n    b  1\n");
     EXPECT_EQ(rendered("5"), "  5\n");
     EXPECT_EQ(rendered("{}"), "");
 }
@@ -195,6 +211,19 @@ TEST(Help, TellsAllOfACommand)
             "Example:",
             "  zyrctl CRI.Example channelId=1",
         }));
+}
+
+TEST(Help, WrapsLongNotes)
+{
+    CommandDescription command;
+    command.name = "A";
+    command.request.push_back({});
+    command.request.back().name = "x";
+    command.request.back().isRequired = true;
+    command.request.back().help = std::string(60, 'a') + " " + std::string(60, 'b') + " c";
+    const std::vector<std::string> lines = helpLines(command);
+    EXPECT_EQ(lines.at(4), "  x  value  " + std::string(60, 'a'));
+    EXPECT_EQ(lines.at(5), "            " + std::string(60, 'b') + " c");
 }
 
 TEST(Pattern, FitsPartsAndWildcards)

@@ -62,6 +62,27 @@ TEST(Request, TakesEnumerationsByTextInAnyCase)
               R"(mode is 256, it takes one of "Off" (0) or "Fixed rate" (1))");
 }
 
+TEST(Request, RefusesTextsThatAreOtherNumbersToo)
+{
+    CommandDescription command = exampleCommand();
+    command.request = {command.request.at(2)};
+    command.request.front().texts = {{0, "2"}, {1, "1"}, {2, "4H"}};
+    const auto sent = [&](const std::vector<std::string>& words,
+                          const std::optional<Value>& data = std::nullopt) {
+        return compactJson(Value(checkedParams(command, data, words)));
+    };
+    EXPECT_EQ(refusalOf([&] { sent({"mode=2"}); }),
+              R"(mode is "2", it takes one of "2" (0), "1" (1) or "4H" (2); say 0 for the text "2", )"
+              "or for the number 2 its text");
+    EXPECT_EQ(sent({"mode=0"}), R"([{"mode":0}])");
+    EXPECT_EQ(sent({"mode=1"}), R"([{"mode":1}])");
+    EXPECT_EQ(sent({"mode=4h"}), R"([{"mode":2}])");
+    EXPECT_EQ(sent({}, Value::parse(R"({"mode":"2"})")), R"([{"mode":0}])");
+    EXPECT_EQ(sent({}, Value::parse(R"({"mode":2})")), R"([{"mode":2}])");
+    EXPECT_EQ(refusalOf([&] { sent({}, Value::parse(R"({"mode":"0"})")); }),
+              R"(mode is "0", it takes one of "2" (0), "1" (1) or "4H" (2))");
+}
+
 TEST(Request, RefusesNumbersOutsideTheRange)
 {
     EXPECT_EQ(refused({"channelId=3"}), "channelId is 3, it takes an integer from 1 to 2");

@@ -110,7 +110,10 @@ class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
             return DESCRIPTIONS
         if names[0] not in self.funcs:
             raise xmlrpc.client.Fault(2, f"eTI_E_METHOD_UNKNOWN: {names[0]}")
-        return [row for row in DESCRIPTIONS if row["name"] == names[0]]
+        for description in DESCRIPTIONS:
+            if description["name"] == names[0]:
+                return description
+        raise xmlrpc.client.Fault(3, f"eTI_E_PARAMETER_INVALID: {names[0]} takes no struct")
 
     def __enter__(self):
         self.thread = threading.Thread(target=self.serve_forever, args=(0.01,))

@@ -123,7 +123,11 @@ void runCall(Session& session, const CallOptions& options)
     const auto askPart = [&] { return pick(ask(), fields, options.get); };
     const bool isPart = !options.get.empty();
     if (options.watch.watch->count() != 0) {
-        watch(session, options.watch, fields, [&] { return isPart ? askPart().value : ask(); });
+        watch(
+            session, options.watch, [&] { return isPart ? askPart().value : ask(); },
+            [&](const Value& answer, const std::set<std::string>& changed) {
+                return renderAnswer(answer, fields, changed);
+            });
     } else if (isPart) {
         const Picked part = askPart();
         session.show(part.value, renderPicked(part.value, part.field));

@@ -77,15 +77,15 @@ void addAssignments(const std::vector<FieldDescription>& fields, const std::stri
                     const std::string& current, Words& found)
 {
     for (const FieldDescription& field : fields) {
-        const std::string start = memberPath(path, field.name);
+        const std::string member = memberPath(path, field.name);
+        const std::string start = member + "=";
         if (field.type == FieldType::Struct) {
-            addAssignments(field.fields, start, current, found);
-        } else if (!current.starts_with(start + "=")) {
-            found.push_back(start + "=");
+            addAssignments(field.fields, member, current, found);
+        } else if (!current.starts_with(start)) {
+            found.push_back(start);
         } else {
-            for (const std::string& choice : choicesOf(field)) {
-                found.push_back(start + "=" + choice);
-            }
+            std::ranges::transform(choicesOf(field), std::back_inserter(found),
+                                   [&](const std::string& choice) { return start + choice; });
         }
     }
 }

@@ -38,7 +38,7 @@ CompletionSource sourceOf(const CLI::App& app, Session& session)
         addOptions(*app.get_subcommand(name), source);
     }
     std::ranges::sort(source.options);
-    source.options.erase(std::ranges::unique(source.options).begin(), source.options.end());
+    source.options.erase(std::unique(source.options.begin(), source.options.end()), source.options.end());
     source.commands = [&session] { return session.node().methods(); };
     source.describe = [&session](const std::string& command) { return session.node().describe(command); };
     return source;

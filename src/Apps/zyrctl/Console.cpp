@@ -53,12 +53,16 @@ class Unseen
 
 } // namespace
 
-Console::Console() : m_colourOut(mayColour(STDOUT_FILENO)), m_colourError(mayColour(STDERR_FILENO)) {}
+Console::Console()
+    : m_out(std::cout), m_error(std::cerr), m_colourOut(mayColour(STDOUT_FILENO)),
+      m_colourError(mayColour(STDERR_FILENO)),
+      m_canAsk(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1)
+{}
 
 void Console::print(const std::vector<std::string>& lines)
 {
     for (const std::string& line : lines) {
-        std::cout << line << '\n';
+        m_out << line << '\n';
     }
 }
 
@@ -66,39 +70,34 @@ void Console::printMarked(const std::vector<Line>& lines)
 {
     for (const Line& line : lines) {
         const bool isBold = line.isChanged && m_colourOut;
-        std::cout << (isBold ? kBold : "") << (line.isChanged ? "* " : "  ") << line.text
-                  << (isBold ? kPlain : "") << '\n';
+        m_out << (isBold ? kBold : "") << (line.isChanged ? "* " : "  ") << line.text
+              << (isBold ? kPlain : "") << '\n';
     }
 }
 
 void Console::write(std::string_view text)
 {
-    std::cout << text;
+    m_out << text;
 }
 
 void Console::remark(const std::string& text)
 {
-    std::cerr << text << '\n';
+    m_error << text << '\n';
 }
 
 void Console::report(const Failure& failure, bool asJson)
 {
     if (asJson) {
-        std::cerr << indentedJson(failure.json()) << '\n';
+        m_error << indentedJson(failure.json()) << '\n';
         return;
     }
-    std::cerr << (m_colourError ? kRed : "") << "zyrctl:" << (m_colourError ? kPlain : "") << ' '
-              << printable(failure.line()) << '\n';
-}
-
-bool Console::canAsk() const
-{
-    return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1;
+    m_error << (m_colourError ? kRed : "") << "zyrctl:" << (m_colourError ? kPlain : "") << ' '
+            << printable(failure.line()) << '\n';
 }
 
 bool Console::isConfirmed(const std::string& question)
 {
-    std::cerr << question << " [y/N] " << std::flush;
+    m_error << question << " [y/N] " << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     const std::string small = lowerCase(answer);
@@ -107,19 +106,19 @@ bool Console::isConfirmed(const std::string& question)
 
 std::string Console::askSecretly(const std::string& question)
 {
-    std::cerr << question << ' ' << std::flush;
+    m_error << question << ' ' << std::flush;
     std::string answer;
     {
         const Unseen unseen;
         std::getline(std::cin, answer);
     }
-    std::cerr << '\n';
+    m_error << '\n';
     return answer;
 }
 
 void Console::flush()
 {
-    if (!std::cout.flush()) {
+    if (!m_out.flush()) {
         throw usageFailure("standard output does not take the data");
     }
 }

@@ -3,7 +3,9 @@
 #include "Failure.h"
 #include "Rendering.h"
 
+#include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zyr_ctl
@@ -15,6 +17,8 @@ class Console
 {
   public:
     Console();
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
 
     /// Writes lines of data.
     void print(const std::vector<std::string>& lines);
@@ -32,7 +36,7 @@ class Console
     void report(const Failure& failure, bool asJson);
 
     /// Whether there is somebody to ask: standard input and standard error are a terminal.
-    bool canAsk() const;
+    bool canAsk() const { return m_canAsk; }
 
     /// Asks a question that is answered with yes or no; everything but y and yes is no.
     bool isConfirmed(const std::string& question);
@@ -45,8 +49,11 @@ class Console
     void flush();
 
   private:
+    std::ostream& m_out;
+    std::ostream& m_error;
     bool m_colourOut;
     bool m_colourError;
+    bool m_canAsk;
 };
 
 } // namespace zyr_ctl

@@ -89,21 +89,44 @@ std::int64_t inRange(const FieldDescription& field, const std::string& path, std
     return number;
 }
 
+[[noreturn]] void refuseText(const FieldDescription& field, const std::string& path, const std::string& text)
+{
+    refuse(field, path, inQuotes(text), field.isSecret ? "" : didYouMean(text, textsOf(field)));
+}
+
+// Some texts look like numbers, and like those of other texts; a guess could set the wrong one.
+[[noreturn]] void refuseTwofold(const FieldDescription& field, const std::string& path,
+                                const std::string& text, std::int64_t numberOfThatText)
+{
+    refuse(field, path, inQuotes(text),
+           "; say " + std::to_string(numberOfThatText) + " for the text " + inQuotes(text) +
+               ", or for the number " + text + " its text");
+}
+
 std::int64_t integerOfText(const FieldDescription& field, const std::string& path, const std::string& text)
 {
-    if (const auto number = numberOfText(field, text)) {
-        return *number;
+    const auto named = numberOfText(field, text);
+    const auto counted = decimalOrHex(text);
+    if (named && counted && *named != *counted) {
+        refuseTwofold(field, path, text, *named);
     }
-    if (const auto number = decimalOrHex(text)) {
-        return inRange(field, path, *number);
+    if (named) {
+        return *named;
     }
-    refuse(field, path, inQuotes(text), field.isSecret ? "" : didYouMean(text, textsOf(field)));
+    if (counted) {
+        return inRange(field, path, *counted);
+    }
+    refuseText(field, path, text);
 }
 
 std::int64_t integerOfJson(const FieldDescription& field, const std::string& path, const Value& value)
 {
     if (value.is_string() && !field.texts.empty()) {
-        return integerOfText(field, path, value.get<std::string>());
+        const auto text = value.get<std::string>();
+        if (const auto named = numberOfText(field, text)) {
+            return *named;
+        }
+        refuseText(field, path, text);
     }
     if (value.is_number_unsigned() && value.get<std::uint64_t>() > static_cast<std::uint64_t>(INT64_MAX)) {
         refuseValue(field, path, value);

@@ -11,7 +11,8 @@ namespace zyr_ctl
 {
 
 /// Makes a field's value of a word of the command line: booleans as true, false, on, off, 1 or 0, integers in
-/// decimal or with 0x, enumerations by text or number, strings as they are, all else as JSON.
+/// decimal or with 0x, enumerations by text or number, strings as they are, all else as JSON. A word that is
+/// the text of one number and is another number itself is refused.
 /// @param path  the field's name with those of the records it stands in, for the error text
 Value valueOfText(const FieldDescription& field, const std::string& path, const std::string& text);
 

@@ -14,6 +14,9 @@ namespace
 
 using Rows = std::vector<std::vector<std::string>>;
 
+constexpr std::size_t kLineWidth = 110;
+constexpr std::size_t kLeastRoom = 40; // for the last column, however wide the others are
+
 std::string rangeOf(const FieldDescription& field)
 {
     const bool isLimited = field.minimum != INT64_MIN || field.maximum != INT64_MAX;
@@ -72,30 +75,56 @@ void addFieldRows(Rows& rows, const std::string& path, const std::vector<FieldDe
     }
 }
 
-// Rows in columns, without headings; a column that is empty in all rows is left out.
-void addColumns(std::vector<std::string>& lines, const Rows& rows)
+// The text in pieces that a terminal has room for, cut at blanks.
+std::vector<std::string> wrapped(const std::string& text, std::size_t width)
 {
-    const std::size_t first = lines.size();
-    lines.resize(first + rows.size(), " ");
-    for (std::size_t column = 0; !rows.empty() && column < rows.front().size(); ++column) {
-        std::size_t width = 0;
-        for (const auto& row : rows) {
-            width = std::max(width, widthOf(printable(row[column])));
+    std::vector<std::string> pieces(1);
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(' ', start), text.size());
+        const std::string word = text.substr(start, end - start);
+        if (!pieces.back().empty() && widthOf(pieces.back()) + 1 + widthOf(word) > width) {
+            pieces.emplace_back();
         }
-        for (std::size_t index = 0; width != 0 && index < rows.size(); ++index) {
-            lines[first + index] +=
-                (column == 0 ? " " : "  ") + padded(printable(rows[index][column]), width);
+        pieces.back() += pieces.back().empty() ? "" : " ";
+        pieces.back() += word;
+        start = end + 1;
+    }
+    return pieces;
+}
+
+std::vector<std::size_t> widthsOf(const Rows& rows)
+{
+    std::vector<std::size_t> widths(rows.front().size());
+    for (const auto& row : rows) {
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            widths[column] = std::max(widths[column], widthOf(printable(row[column])));
         }
     }
-    for (std::size_t index = first; index < lines.size(); ++index) {
-        lines[index].erase(lines[index].find_last_not_of(' ') + 1);
+    return widths;
+}
+
+// Rows in columns, without headings; a column that is empty in all rows is left out, the last one is wrapped.
+void addColumns(std::vector<std::string>& lines, const Rows& rows)
+{
+    const std::vector<std::size_t> widths = widthsOf(rows);
+    for (const auto& row : rows) {
+        std::string front;
+        for (std::size_t column = 0; column + 1 < row.size(); ++column) {
+            front += widths[column] == 0 ? "" : "  " + padded(printable(row[column]), widths[column]);
+        }
+        const std::size_t room = kLineWidth - std::min(widthOf(front) + 2, kLineWidth - kLeastRoom);
+        for (const std::string& piece : wrapped(printable(row.back()), room)) {
+            const std::string line = std::string(front).append("  ").append(piece);
+            lines.push_back(line.substr(0, line.find_last_not_of(' ') + 1));
+            front.assign(widthOf(front), ' ');
+        }
     }
 }
 
 void addSection(std::vector<std::string>& lines, const std::string& title, const Rows& rows)
 {
     if (!rows.empty()) {
-        lines.push_back({});
+        lines.emplace_back();
         lines.push_back(title);
         addColumns(lines, rows);
     }
@@ -112,14 +141,14 @@ void addFields(std::vector<std::string>& lines, const std::string& title,
 void addNotes(std::vector<std::string>& lines, const CommandDescription& command)
 {
     if (command.isTest) {
-        lines.push_back("  Refused while the test family is closed.");
+        lines.emplace_back("  Refused while the test family is closed.");
     }
     if (command.isLongPoll) {
-        lines.push_back(
+        lines.emplace_back(
             "  Answers when there is something to report; waits without a limit unless --timeout is given.");
     }
     if (command.disturbsTraffic) {
-        lines.push_back("  Can disturb traffic: asks before it runs, unless --yes is given.");
+        lines.emplace_back("  Can disturb traffic: asks before it runs, unless --yes is given.");
     }
 }
 

@@ -123,9 +123,7 @@ std::optional<CommandDescription> Node::describe(const std::string& method,
                                                  const std::vector<std::string>& alsoMeant)
 {
     try {
-        std::vector<CommandDescription> found =
-            readCommands(call(std::string(kDescribeMethod), {Value(method)}));
-        return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+        return readCommand(call(std::string(kDescribeMethod), {Value(method)}));
     } catch (const Failure& failure) {
         if (failure.status() != ExitStatus::Fault) {
             throw;

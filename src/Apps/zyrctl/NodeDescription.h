@@ -74,8 +74,8 @@ struct CommandDescription
     Value original; ///< as the node gave it
 };
 
-/// The method that describes commands: without a parameter all that there are, with the name of a method this
-/// one alone. It answers with an array in both cases, which is empty for a method that has no description.
+/// The method that describes commands: without a parameter it answers with an array of all that there are,
+/// with the name of a method with this one alone; a fault if the method has no description.
 inline constexpr std::string_view kDescribeMethod = "zyr.describe";
 
 /// Reads the description of one command.

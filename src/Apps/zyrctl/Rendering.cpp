@@ -19,11 +19,6 @@ const std::vector<FieldDescription> kNoFields;
 using Lines = std::vector<Line>;
 using Paths = std::set<std::string>;
 
-bool isRecord(const Value& value)
-{
-    return value.is_object();
-}
-
 bool isScalar(const Value& value)
 {
     return !value.is_structured();
@@ -34,14 +29,21 @@ bool isText(const Value& value)
     return value.is_string() && value.get_ref<const std::string&>().find('\n') != std::string::npos;
 }
 
-bool isTable(const Value& value)
-{
-    return value.is_array() && !value.empty() && std::ranges::all_of(value, isRecord);
-}
-
 bool isListOfScalars(const Value& value)
 {
     return value.is_array() && std::ranges::all_of(value, isScalar);
+}
+
+// A record each of whose members has room in a cell.
+bool isRow(const Value& value)
+{
+    const auto fitsCell = [](const Value& member) { return isScalar(member) || isListOfScalars(member); };
+    return value.is_object() && std::ranges::all_of(value, fitsCell);
+}
+
+bool isTable(const Value& value)
+{
+    return value.is_array() && !value.empty() && std::ranges::all_of(value, isRow);
 }
 
 const std::vector<FieldDescription>& fieldsOf(const FieldDescription* field)
@@ -77,7 +79,7 @@ std::string plainScalar(const Value& value)
 
 std::string namedScalar(const Value& value, const FieldDescription* field)
 {
-    const std::string plain = plainScalar(value);
+    std::string plain = plainScalar(value);
     if (field == nullptr || !value.is_number_integer()) {
         return plain;
     }
@@ -109,7 +111,7 @@ std::string cellText(const Value& record, const std::string& name, const FieldDe
         return "-";
     }
     const Value& value = record.at(name);
-    return isScalar(value) ? namedScalar(value, field) : printable(compactJson(value));
+    return isScalar(value) ? namedScalar(value, field) : listText(value, elementOf(field));
 }
 
 // The members of all records, in the order in which they first appear.
@@ -211,9 +213,15 @@ void Renderer::list(const Value& values, const FieldDescription* element, const 
     }
     for (std::size_t index = 0; index < values.size(); ++index) {
         const Value& value = values[index];
-        const std::string text =
-            isScalar(value) ? namedScalar(value, element) : printable(compactJson(value));
-        add(indent, text, touches(m_changed, elementPath(path, index)));
+        const std::string place = elementPath(path, index);
+        if (value.is_object()) {
+            add(indent, elementPath({}, index), m_changed.contains(place));
+            record(value, fieldsOf(element), place, indent + kIndent);
+        } else {
+            const std::string text =
+                isScalar(value) ? namedScalar(value, element) : printable(compactJson(value));
+            add(indent, text, touches(m_changed, place));
+        }
     }
 }
 

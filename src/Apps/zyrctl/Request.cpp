@@ -5,7 +5,6 @@
 #include "Text.h"
 
 #include <set>
-#include <utility>
 
 namespace zyr_ctl
 {
@@ -110,7 +109,7 @@ std::vector<Value> checkedParams(const CommandDescription& command, const std::o
         assign(command, assignment, request);
     }
     request = checkedMembers(command.request, command.name, {}, request);
-    return command.request.empty() ? std::vector<Value>() : std::vector<Value>(1, std::move(request));
+    return command.request.empty() ? std::vector<Value>() : std::vector<Value>{request};
 }
 
 std::vector<Value> uncheckedParams(const std::optional<Value>& data,
@@ -126,7 +125,7 @@ std::vector<Value> uncheckedParams(const std::optional<Value>& data,
     for (const Assignment& assignment : assignmentsOf(assignments)) {
         assignUnchecked(assignment, request);
     }
-    return std::vector<Value>(1, std::move(request));
+    return {request};
 }
 
 } // namespace zyr_ctl

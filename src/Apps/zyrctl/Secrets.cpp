@@ -52,7 +52,7 @@ Value withoutSecrets(const Value& value)
 {
     Value shown = value;
     if (shown.is_object()) {
-        for (auto& [name, member] : shown.items()) {
+        for (const auto& [name, member] : shown.items()) {
             // A flag is none; the node describes secret fields with one.
             const bool isSecret = isSecretName(name) && !member.is_boolean();
             member = isSecret ? Value(kHidden) : withoutSecrets(member);

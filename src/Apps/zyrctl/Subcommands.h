@@ -18,6 +18,9 @@ void addHelpCommand(CLI::App& app, Session& session);
 /// `call COMMAND field=value ...`, which is also meant when no subcommand is named
 void addCallCommand(CLI::App& app, Session& session);
 
+/// `status [CHANNEL]`, `frames [CHANNEL]`, `capability [CHANNEL]`
+void addPictureCommands(CLI::App& app, Session& session);
+
 /// `completion bash`, and the hidden `__complete LINE` that its script calls
 void addCompletionCommand(CLI::App& app, Session& session);
 

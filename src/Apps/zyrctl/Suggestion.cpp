@@ -23,7 +23,7 @@ struct Ranked
 
 bool isNear(std::size_t distance, std::size_t length)
 {
-    return distance <= std::max<std::size_t>(1, length / 3);
+    return distance <= (length + 1) / 3;
 }
 
 std::vector<Ranked> ranked(std::string_view word, const std::vector<std::string>& candidates)

@@ -25,14 +25,16 @@ std::string timeOfDay()
     return {text.data(), std::strftime(text.data(), text.size(), "%H:%M:%S", &local)};
 }
 
-void showRound(Session& session, std::uint64_t number, const std::vector<FieldDescription>& fields,
-               const Value& value, const std::set<std::string>& changed)
+using Render = std::function<std::vector<Line>(const Value& answer, const std::set<std::string>& changed)>;
+
+void showRound(Session& session, std::uint64_t number, const Render& render, const Value& value,
+               const std::set<std::string>& changed)
 {
     if (session.settings.json) {
         session.console.print({compactJson({{"changed", changed}, {"value", value}})});
     } else {
         session.console.print({"#" + std::to_string(number) + " " + timeOfDay()});
-        session.console.printMarked(renderAnswer(value, fields, changed));
+        session.console.printMarked(render(value, changed));
     }
     session.console.flush();
 }
@@ -51,13 +53,13 @@ void addWatchOptions(CLI::App& subcommand, WatchOptions& options)
         ->needs(options.watch);
 }
 
-void watch(Session& session, const WatchOptions& options, const std::vector<FieldDescription>& fields,
-           const std::function<Value()>& ask)
+void watch(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
+           const Render& render)
 {
     std::optional<Value> before;
     for (std::uint64_t number = 1;; ++number) {
         Value value = ask();
-        showRound(session, number, fields, value,
+        showRound(session, number, render, value,
                   before ? changedPaths(*before, value) : std::set<std::string>());
         if (number == options.count) {
             return;

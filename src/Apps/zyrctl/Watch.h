@@ -7,6 +7,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace zyr_ctl
 {
@@ -24,8 +27,9 @@ void addWatchOptions(CLI::App& subcommand, WatchOptions& options);
 
 /// Asks again and again and shows each answer with its number and the time, and with marks where it differs
 /// from the one before. As JSON: a line per answer with "changed", the paths, and "value".
-/// @param fields  the description of the answer
-void watch(Session& session, const WatchOptions& options, const std::vector<FieldDescription>& fields,
-           const std::function<Value()>& ask);
+/// @param render  makes lines of an answer and the paths of what has changed in it
+void watch(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
+           const std::function<std::vector<Line>(const Value& answer, const std::set<std::string>& changed)>&
+               render);
 
 } // namespace zyr_ctl

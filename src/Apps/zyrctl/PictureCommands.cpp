@@ -1,0 +1,123 @@
+// status, frames and capability: commands of the node whose answers people would rather look at.
+
+#include "Pictures.h"
+#include "Subcommands.h"
+#include "Watch.h"
+
+#include <memory>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+constexpr const char* kStatus = "CRI.GetRadioChannelStatus";
+constexpr const char* kFrames = "CRI.GetAirInterfaceCapability";
+constexpr const char* kCapability = "CRI.GetRadioChannelCapability";
+
+// Of the received level, as far as the line goes.
+constexpr std::size_t kLevels = 60;
+
+struct ChannelOptions
+{
+    std::int64_t channel = 1;
+    WatchOptions watch;
+    std::int64_t frame = 0;
+};
+
+void addChannel(CLI::App& subcommand, ChannelOptions& options)
+{
+    subcommand.add_option("CHANNEL", options.channel, "Radio channel (1)")->check(CLI::PositiveNumber);
+}
+
+// The texts of an enumeration somewhere among described fields, by the field's name.
+std::vector<EnumText> textsOf(const std::vector<FieldDescription>& fields, std::string_view name)
+{
+    for (const FieldDescription& field : fields) {
+        if (field.name == name && !field.texts.empty()) {
+            return field.texts;
+        }
+        for (const auto* inner : {&field.fields, &field.element}) {
+            std::vector<EnumText> found = textsOf(*inner, name);
+            if (!found.empty()) {
+                return found;
+            }
+        }
+    }
+    return {};
+}
+
+std::vector<FieldDescription> responseOf(Session& session, const char* method)
+{
+    const auto description = session.node().describe(method);
+    return description ? description->response : std::vector<FieldDescription>();
+}
+
+void runStatus(Session& session, const ChannelOptions& options)
+{
+    const auto ask = [&] {
+        return session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}});
+    };
+    std::vector<std::int64_t> levels;
+    const auto picture = [&](const Value& answer) {
+        const auto level = answer.find("ActualRFInputPower");
+        if (level != answer.end() && level->is_number_integer()) {
+            levels.push_back(level->get<std::int64_t>());
+        }
+        if (levels.size() > kLevels) {
+            levels.erase(levels.begin());
+        }
+        return statusPicture(options.channel, answer, levels);
+    };
+    if (options.watch.watch->count() != 0) {
+        watch(session, options.watch, ask,
+              [&](const Value& answer, const std::set<std::string>&) { return picture(answer); });
+    } else {
+        const Value answer = ask();
+        session.show(answer, picture(answer));
+    }
+}
+
+void runFrames(Session& session, const ChannelOptions& options)
+{
+    const auto response = responseOf(session, kFrames);
+    const Value answer =
+        session.node().call(kFrames, {Value{{"RadioChannelID", options.channel}, {"ReleasedFilter", 2}}});
+    session.show(answer,
+                 framesPicture(answer, textsOf(response, "Modulation"), textsOf(response, "FrameLinkType")));
+}
+
+void runCapability(Session& session, const ChannelOptions& options)
+{
+    const auto response = responseOf(session, kCapability);
+    const Value answer = session.node().call(kCapability, {Value{{"RadioChannelID", options.channel},
+                                                                 {"radioFrameId", options.frame},
+                                                                 {"minModulation", "4QAM_STRONG"},
+                                                                 {"maxModulation", "4096QAM_LIGHT"},
+                                                                 {"referenceSec", "4L"}}});
+    session.show(answer, capabilityPicture(options.channel, answer, textsOf(response, "first")));
+}
+
+} // namespace
+
+void addPictureCommands(CLI::App& app, Session& session)
+{
+    const auto options = std::make_shared<ChannelOptions>();
+
+    CLI::App* const status = app.add_subcommand("status", "What a radio channel is doing");
+    addChannel(*status, *options);
+    addWatchOptions(*status, options->watch);
+    status->callback([&session, options] { runStatus(session, *options); });
+
+    CLI::App* const frames = app.add_subcommand("frames", "The radio frames that a channel supports");
+    addChannel(*frames, *options);
+    frames->callback([&session, options] { runFrames(session, *options); });
+
+    CLI::App* const capability = app.add_subcommand("capability", "What a radio channel can do");
+    addChannel(*capability, *options);
+    capability->add_option("--frame", options->frame, "Radio frame for which the power is asked (0)");
+    capability->callback([&session, options] { runCapability(session, *options); });
+}
+
+} // namespace zyr_ctl

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Rendering.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+// Answers as technicians want them on the screen. Pure functions; a member that a node doesn't give shows as
+// "-".
+
+namespace zyr_ctl
+{
+
+/// Numbers over time as one line of bars, the lowest as the lowest bar.
+std::string sparkline(std::span<const std::int64_t> numbers);
+
+/// The status of a channel: transmitter, link, modulation, level and blocks, and what else is running.
+/// @param levels  the received levels so far, the latest last; drawn if there are two or more
+std::vector<Line> statusPicture(std::int64_t channel, const Value& status,
+                                std::span<const std::int64_t> levels);
+
+/// The radio frames of an air interface, one line each, with the range of their modulations and capacities.
+std::vector<Line> framesPicture(const Value& answer, const std::vector<EnumText>& modulations,
+                                const std::vector<EnumText>& linkTypes);
+
+/// What a channel can do: frequencies, features, and a bar for the maximum power of each modulation.
+std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer,
+                                    const std::vector<EnumText>& modulations);
+
+} // namespace zyr_ctl
