@@ -1,15 +1,15 @@
 #!/bin/sh
-# Builds everything and runs all tests, then the tests that watch memory and threads under the sanitizers.
-# With --quick the sanitizer builds are left out.
+# Builds everything and runs all tests, then those with threads again under the thread sanitizer.
+# With --all, all tests run under the address and undefined behaviour sanitizers too.
 set -eu
 cd "$(dirname "$0")"
 
-quick=no
+all=no
 case "${1-}" in
     "") ;;
-    --quick) quick=yes ;;
+    --all) all=yes ;;
     *)
-        echo "usage: ./test.sh [--quick]" >&2
+        echo "usage: ./test.sh [--all]" >&2
         exit 2
         ;;
 esac
@@ -24,16 +24,31 @@ step() { printf '\n== %s\n' "$*"; }
 step "source format"
 find src tests benchmarks -name '*.h' -o -name '*.cpp' | xargs -r -n 40 -P "$jobs" clang-format --dry-run -Werror
 
-run_tests() { # preset
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+
+build() { # preset, further arguments of the build
     step "build $1"
-    cmake --preset "$1" >/dev/null
-    cmake --build --preset "$1" -j "$jobs"
-    step "tests $1"
-    ctest --preset "$1"
+    if ! { cmake --preset "$1" && cmake --build --preset "$@" -j "$jobs"; } >"$log" 2>&1; then
+        grep -A 8 'error' "$log" || tail -n 60 "$log"
+        exit 1
+    fi
 }
 
+run_tests() { # preset, further arguments of ctest
+    step "tests $1"
+    ctest --preset "$@"
+}
+
+build dev
 run_tests dev
-if [ "$quick" = no ]; then
+
+threaded='ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests'
+# shellcheck disable=SC2086
+build tsan --target $threaded zyrnode
+run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests)$'
+
+if [ "$all" = yes ]; then
+    build asan-ubsan
     run_tests asan-ubsan
-    run_tests tsan
 fi
