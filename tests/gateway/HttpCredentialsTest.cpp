@@ -26,20 +26,20 @@ class TemporaryFile
   public:
     explicit TemporaryFile(const std::string& content, mode_t mode = 0600)
     {
-        path_ = testing::TempDir() + "credentialsXXXXXX";
-        const int descriptor = mkstemp(path_.data());
+        m_path = testing::TempDir() + "credentialsXXXXXX";
+        const int descriptor = mkstemp(m_path.data());
         EXPECT_GE(descriptor, 0);
         close(descriptor);
-        std::ofstream(path_) << content;
-        EXPECT_EQ(chmod(path_.c_str(), mode), 0);
+        std::ofstream(m_path) << content;
+        EXPECT_EQ(chmod(m_path.c_str(), mode), 0);
     }
-    ~TemporaryFile() { unlink(path_.c_str()); }
+    ~TemporaryFile() { unlink(m_path.c_str()); }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] const std::string& path() const { return m_path; }
 
   private:
-    std::string path_;
+    std::string m_path;
 };
 
 std::string both()

@@ -52,52 +52,52 @@ class Desk
     HttpServer::Handler handler()
     {
         return [this](HttpRequest request, HttpServer::Answer answer) {
-            const std::lock_guard lock(mutex_);
-            waiting_.emplace_back(std::move(request), std::move(answer));
-            changed_.notify_all();
+            const std::lock_guard lock(m_mutex);
+            m_waiting.emplace_back(std::move(request), std::move(answer));
+            m_changed.notify_all();
         };
     }
 
     /// Waits until so many requests are here.
     bool waitFor(std::size_t count)
     {
-        std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, 10s, [&] { return waiting_.size() >= count; });
+        std::unique_lock lock(m_mutex);
+        return m_changed.wait_for(lock, 10s, [&] { return m_waiting.size() >= count; });
     }
 
     std::size_t size()
     {
-        const std::lock_guard lock(mutex_);
-        return waiting_.size();
+        const std::lock_guard lock(m_mutex);
+        return m_waiting.size();
     }
 
     /// Takes the oldest request's answer.
     HttpServer::Answer take()
     {
-        const std::lock_guard lock(mutex_);
-        HttpServer::Answer answer = std::move(waiting_.front().second);
-        waiting_.pop_front();
+        const std::lock_guard lock(m_mutex);
+        HttpServer::Answer answer = std::move(m_waiting.front().second);
+        m_waiting.pop_front();
         return answer;
     }
 
   private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<std::pair<HttpRequest, HttpServer::Answer>> waiting_;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<std::pair<HttpRequest, HttpServer::Answer>> m_waiting;
 };
 
 /// A server that answers at once.
 class HttpServerTest : public testing::Test
 {
   protected:
-    HttpServerTest() { server_.start(); }
+    HttpServerTest() { m_server.start(); }
 
     HttpTestClient::Answer ask(const std::string& request)
     {
-        return HttpTestClient(server_.port()).ask(request);
+        return HttpTestClient(m_server.port()).ask(request);
     }
 
-    HttpServer server_{HttpOptions{}, &echo};
+    HttpServer m_server{HttpOptions{}, &echo};
 };
 
 } // namespace
@@ -166,7 +166,7 @@ TEST_F(HttpServerTest, TooLongBodyIs413WithoutWaitingForIt)
 TEST_F(HttpServerTest, WhoSendsATooLongBodyWholeCanDoSoAndSeesTheAnswer)
 {
     for (int round = 0; round < 5; ++round) {
-        HttpTestClient client(server_.port());
+        HttpTestClient client(m_server.port());
         ASSERT_TRUE(client.send(
             head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nContent-Length: 2000000\r\n")));
         for (int piece = 0; piece < 200; ++piece) {
@@ -208,7 +208,7 @@ TEST_F(HttpServerTest, HeaderUpTo8KibIsTakenAndMoreIs431)
 
 TEST_F(HttpServerTest, HeaderWithoutEndIsRefused)
 {
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     client.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nX-Pad: " + std::string(100'000, 'p'));
     EXPECT_EQ(client.answer().status, "431");
 }
@@ -233,7 +233,7 @@ TEST_F(HttpServerTest, HostOfAnotherNameIs400OnLoopback)
 
 TEST_F(HttpServerTest, OldHttpNeedsNoHost)
 {
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     EXPECT_EQ(
         client.ask("POST /RPC2 HTTP/1.0\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n\r\nx").status,
         "200");
@@ -243,7 +243,7 @@ TEST_F(HttpServerTest, OldHttpNeedsNoHost)
 TEST_F(HttpServerTest, DoubledContentLengthIs400)
 {
     for (const std::string second : {"1", "2"}) {
-        HttpTestClient client(server_.port());
+        HttpTestClient client(m_server.port());
         const auto answer = client.ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\n"
                                                                    "Content-Length: 1\r\nContent-Length: " +
                                                                        second + "\r\n") +
@@ -267,7 +267,7 @@ TEST_F(HttpServerTest, AmbiguousOrMalformedLengthIs400)
 TEST_F(HttpServerTest, WhatIsNotHttpIsRefusedAndClosed)
 {
     for (const std::string bytes : {"\r\n\r\nnonsense\r\n\r\n", "POST\r\n\r\n", "\x16\x03\x01\x02\r\n\r\n"}) {
-        HttpTestClient client(server_.port());
+        HttpTestClient client(m_server.port());
         client.send(bytes);
         const auto answer = client.answer();
         EXPECT_TRUE(answer.status.empty() || answer.status[0] == '4' || answer.status[0] == '5')
@@ -279,7 +279,7 @@ TEST_F(HttpServerTest, WhatIsNotHttpIsRefusedAndClosed)
 
 TEST_F(HttpServerTest, ConnectionIsKeptForFurtherRequests)
 {
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     for (const std::string body : {"a", "bb", "ccc"}) {
         EXPECT_EQ(client.ask(post(body)).body, "POST /RPC2 text/xml " + body);
     }
@@ -288,19 +288,19 @@ TEST_F(HttpServerTest, ConnectionIsKeptForFurtherRequests)
 TEST_F(HttpServerTest, ConnectionFieldIsAList)
 {
     for (const std::string list : {"close", "foo, Close", "keep-alive, close, x"}) {
-        HttpTestClient client(server_.port());
+        HttpTestClient client(m_server.port());
         EXPECT_EQ(client.ask(post("x", "Connection: " + list + "\r\n")).status, "200") << list;
         EXPECT_TRUE(client.readToEnd()) << list;
         EXPECT_EQ(client.pending(), "") << list;
     }
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     EXPECT_EQ(client.ask(post("x", "Connection: foo, keep-alive\r\n")).status, "200");
     EXPECT_EQ(client.ask(post("x")).status, "200");
 }
 
 TEST_F(HttpServerTest, ContinueIsSentToWhoAsksForIt)
 {
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     client.send(head("POST /RPC2 HTTP/1.1",
                      "Content-Type: text/xml\r\nExpect: 100-continue\r\nContent-Length: 1\r\n"));
     EXPECT_EQ(client.answer().status, "100");
@@ -309,7 +309,7 @@ TEST_F(HttpServerTest, ContinueIsSentToWhoAsksForIt)
 
 TEST_F(HttpServerTest, BodyInManyPiecesIsPutTogether)
 {
-    HttpTestClient client(server_.port());
+    HttpTestClient client(m_server.port());
     for (const char c : post("<methodCall/>")) {
         ASSERT_TRUE(client.send(std::string(1, c)));
     }

@@ -23,27 +23,27 @@ class HttpTestClient
         std::string body;
     };
 
-    explicit HttpTestClient(std::uint16_t port) : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    explicit HttpTestClient(std::uint16_t port) : m_socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
     {
         const timeval patience{10, 0};
-        setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+        setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        connected_ = connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        m_connected = connect(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
-    ~HttpTestClient() { close(socket_); }
+    ~HttpTestClient() { close(m_socket); }
     HttpTestClient(const HttpTestClient&) = delete;
     HttpTestClient& operator=(const HttpTestClient&) = delete;
 
-    [[nodiscard]] bool connected() const { return connected_; }
+    [[nodiscard]] bool connected() const { return m_connected; }
 
     /// Sends all the bytes; false when the connection has broken.
     bool send(std::string_view bytes) const
     {
         while (!bytes.empty()) {
-            const ssize_t count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+            const ssize_t count = ::send(m_socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
             if (count <= 0) {
                 return false;
             }
@@ -56,7 +56,7 @@ class HttpTestClient
     Answer answer()
     {
         std::size_t end = 0;
-        while ((end = pending_.find("\r\n\r\n")) == std::string::npos) {
+        while ((end = m_pending.find("\r\n\r\n")) == std::string::npos) {
             if (!more()) {
                 return {};
             }
@@ -65,9 +65,9 @@ class HttpTestClient
         answer.head = take(end + 4);
         answer.status = answer.head.substr(9, 3);
         const std::size_t length = lengthIn(answer.head);
-        while (pending_.size() < length && more()) {
+        while (m_pending.size() < length && more()) {
         }
-        answer.body = take(std::min(length, pending_.size()));
+        answer.body = take(std::min(length, m_pending.size()));
         return answer;
     }
 
@@ -83,10 +83,10 @@ class HttpTestClient
     {
         while (more()) {
         }
-        return ended_;
+        return m_ended;
     }
 
-    [[nodiscard]] const std::string& pending() const { return pending_; }
+    [[nodiscard]] const std::string& pending() const { return m_pending; }
 
   private:
     static std::size_t lengthIn(const std::string& head)
@@ -98,25 +98,25 @@ class HttpTestClient
 
     std::string take(std::size_t count)
     {
-        std::string taken = pending_.substr(0, count);
-        pending_.erase(0, count);
+        std::string taken = m_pending.substr(0, count);
+        m_pending.erase(0, count);
         return taken;
     }
 
     bool more()
     {
         std::array<char, 65536> buffer{};
-        const ssize_t count = recv(socket_, buffer.data(), buffer.size(), 0);
+        const ssize_t count = recv(m_socket, buffer.data(), buffer.size(), 0);
         if (count > 0) {
-            pending_.append(buffer.data(), static_cast<std::size_t>(count));
+            m_pending.append(buffer.data(), static_cast<std::size_t>(count));
             return true;
         }
-        ended_ = count == 0 || errno == ECONNRESET;
+        m_ended = count == 0 || errno == ECONNRESET;
         return false;
     }
 
-    int socket_;
-    bool connected_ = false;
-    bool ended_ = false;
-    std::string pending_;
+    int m_socket;
+    bool m_connected = false;
+    bool m_ended = false;
+    std::string m_pending;
 };

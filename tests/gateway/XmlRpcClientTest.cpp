@@ -7,9 +7,12 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
+#include <netinet/in.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
+#include <sys/socket.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace zyr_gateway;
@@ -25,24 +28,24 @@ class FixedServer
 {
   public:
     explicit FixedServer(HttpResponse response)
-        : server_(HttpOptions{}, [this, response = std::move(response)](const HttpRequest& request,
-                                                                        const HttpServer::Answer& answer) {
+        : m_server(HttpOptions{}, [this, response = std::move(response)](const HttpRequest& request,
+                                                                         const HttpServer::Answer& answer) {
               body = request.body;
               answer(response);
           })
     {
-        server_.start();
+        m_server.start();
     }
 
     [[nodiscard]] std::string url() const
     {
-        return "http://127.0.0.1:" + std::to_string(server_.port()) + "/RPC2";
+        return "http://127.0.0.1:" + std::to_string(m_server.port()) + "/RPC2";
     }
 
     std::string body; ///< of the last request
 
   private:
-    HttpServer server_;
+    HttpServer m_server;
 };
 
 XmlRpcClient clientOf(const std::string& url, std::chrono::milliseconds timeout = 10s)
@@ -75,8 +78,8 @@ class TemporaryCertificate
   public:
     TemporaryCertificate()
     {
-        directory_ = testing::TempDir() + "tlsXXXXXX";
-        EXPECT_NE(mkdtemp(directory_.data()), nullptr);
+        m_directory = testing::TempDir() + "tlsXXXXXX";
+        EXPECT_NE(mkdtemp(m_directory.data()), nullptr);
         const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
         const std::unique_ptr<X509, decltype(&X509_free)> certificate(X509_new(), &X509_free);
         fill(certificate.get(), key.get());
@@ -91,13 +94,13 @@ class TemporaryCertificate
     {
         unlink(certificateFile().c_str());
         unlink(keyFile().c_str());
-        rmdir(directory_.c_str());
+        rmdir(m_directory.c_str());
     }
     TemporaryCertificate(const TemporaryCertificate&) = delete;
     TemporaryCertificate& operator=(const TemporaryCertificate&) = delete;
 
-    [[nodiscard]] std::string certificateFile() const { return directory_ + "/cert.pem"; }
-    [[nodiscard]] std::string keyFile() const { return directory_ + "/key.pem"; }
+    [[nodiscard]] std::string certificateFile() const { return m_directory + "/cert.pem"; }
+    [[nodiscard]] std::string keyFile() const { return m_directory + "/key.pem"; }
 
   private:
     static void fill(X509* certificate, EVP_PKEY* key)
@@ -118,7 +121,7 @@ class TemporaryCertificate
         X509_sign(certificate, key, EVP_sha256());
     }
 
-    std::string directory_;
+    std::string m_directory;
 };
 
 } // namespace
@@ -205,6 +208,30 @@ TEST(XmlRpcClientTest, AnswerThatIsNotXmlRpcIsAProtocolError)
                   " is not XML-RPC: line 1: <html> is the root; it must be <methodResponse>");
 }
 
+TEST(XmlRpcClientTest, AnswerThatIsNotHttpIsAProtocolError)
+{
+    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    ASSERT_EQ(bind(listener, reinterpret_cast<const sockaddr*>(&address), length), 0);
+    ASSERT_EQ(listen(listener, 1), 0);
+    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length), 0);
+    std::thread server([listener] {
+        const int connection = accept(listener, nullptr, nullptr);
+        char request[4096];
+        EXPECT_GT(recv(connection, request, sizeof request, 0), 0);
+        EXPECT_EQ(send(connection, "nonsense\n", 9, MSG_NOSIGNAL), 9);
+        close(connection);
+    });
+    const std::string url = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/RPC2";
+    EXPECT_TRUE(
+        errorOf<ProtocolError>(clientOf(url)).starts_with("the exchange with " + url + " broke off: "));
+    server.join();
+    close(listener);
+}
+
 TEST(XmlRpcClientTest, TooLongAnswerIsAProtocolError)
 {
     const FixedServer server({200, "text/xml", std::string(2000, ' ')});
@@ -244,13 +271,13 @@ TEST(XmlRpcClientTest, WatchSeesBothDirectionsButNoPassword)
 class XmlRpcClientTlsTest : public testing::Test
 {
   protected:
-    XmlRpcClientTlsTest() : server_(options(), &XmlRpcClientTlsTest::answer) { server_.start(); }
+    XmlRpcClientTlsTest() : m_server(options(), &XmlRpcClientTlsTest::answer) { m_server.start(); }
 
     HttpOptions options() const
     {
         HttpOptions options;
-        options.tlsCertificateFile = certificate_.certificateFile();
-        options.tlsKeyFile = certificate_.keyFile();
+        options.tlsCertificateFile = m_certificate.certificateFile();
+        options.tlsKeyFile = m_certificate.keyFile();
         return options;
     }
 
@@ -259,17 +286,17 @@ class XmlRpcClientTlsTest : public testing::Test
         answer({200, "text/xml", writeResponse("safe")});
     }
 
-    std::string url() const { return "https://127.0.0.1:" + std::to_string(server_.port()) + "/RPC2"; }
+    std::string url() const { return "https://127.0.0.1:" + std::to_string(m_server.port()) + "/RPC2"; }
 
-    TemporaryCertificate certificate_;
-    HttpServer server_;
+    TemporaryCertificate m_certificate;
+    HttpServer m_server;
 };
 
 TEST_F(XmlRpcClientTlsTest, TrustedCertificateIsCalled)
 {
     ClientOptions options;
     options.url = url();
-    options.caFile = certificate_.certificateFile();
+    options.caFile = m_certificate.certificateFile();
     XmlRpcClient client(std::move(options));
     EXPECT_EQ(client.call(aCall).value, Value("safe"));
     EXPECT_EQ(client.call(aCall).value, Value("safe"));

@@ -119,23 +119,23 @@ TEST_F(DriversTest, handleOfAWithdrawnDriverFailsUntilTheNameComesBack)
 
 TEST_F(DriversTest, driversMayComeAndGoWhileTheyAreUsed)
 {
-    std::atomic<int> using_{2};
+    std::atomic<int> inUse{2};
     {
         const auto first = m_drivers.add("come", {});
         const CDriverHandle handle = handleOf("come");
         std::vector<std::jthread> threads;
         for (int i = 0; i < 2; ++i) {
-            threads.emplace_back([&using_, handle] {
+            threads.emplace_back([&inUse, handle] {
                 for (int use = 0; use < 500; ++use) {
                     std::uint32_t read = 0;
                     handle.read(handle.context, &read);
                     handle.write(handle.context, 1);
                 }
-                --using_;
+                --inUse;
             });
         }
         threads.emplace_back([&] {
-            while (using_ > 0) {
+            while (inUse > 0) {
                 std::uint32_t value = 0;
                 const auto passing = m_drivers.add("come.too", cell(value));
                 CDriverHandle other;

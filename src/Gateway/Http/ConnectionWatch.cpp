@@ -49,55 +49,55 @@ bool discardInput(int socket)
 } // namespace
 
 ConnectionWatch::ConnectionWatch(const Limits& limits)
-    : limits_(limits), wakeEvent_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+    : m_limits(limits), m_wakeEvent(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    if (wakeEvent_ < 0) {
+    if (m_wakeEvent < 0) {
         throw std::system_error(errno, std::generic_category(), "eventfd");
     }
-    thread_ = std::thread([this] { run(); });
+    m_thread = std::thread([this] { run(); });
 }
 
 ConnectionWatch::~ConnectionWatch()
 {
     {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
+        const std::lock_guard lock(m_mutex);
+        m_ending = true;
     }
     wake();
-    thread_.join();
-    for (const Lingering& lingering : lingering_) {
+    m_thread.join();
+    for (const Lingering& lingering : m_lingering) {
         close(lingering.socket);
     }
-    close(wakeEvent_);
+    close(m_wakeEvent);
 }
 
 ConnectionWatch::Connection* ConnectionWatch::opened(int socket)
 {
-    const std::lock_guard lock(mutex_);
-    const bool excess = connections_.size() >= limits_.maxConnections;
-    Connection* connection = &connections_.emplace_back(Connection{socket, excess});
+    const std::lock_guard lock(m_mutex);
+    const bool excess = m_connections.size() >= m_limits.maxConnections;
+    Connection* connection = &m_connections.emplace_back(Connection{socket, excess});
     wake();
     return connection;
 }
 
 void ConnectionWatch::closing(Connection* connection)
 {
-    const std::lock_guard lock(mutex_);
-    if (connection->linger && lingering_.size() < maxLingering) {
+    const std::lock_guard lock(m_mutex);
+    if (connection->linger && m_lingering.size() < maxLingering) {
         // A second descriptor keeps the connection when the first is closed.
         const int socket = fcntl(connection->socket, F_DUPFD_CLOEXEC, 0);
         if (socket >= 0) {
             shutdown(socket, SHUT_WR);
-            lingering_.push_back({socket, Clock::now() + lingerTime});
+            m_lingering.push_back({socket, Clock::now() + lingerTime});
             wake();
         }
     }
-    connections_.remove_if([&](const Connection& candidate) { return &candidate == connection; });
+    m_connections.remove_if([&](const Connection& candidate) { return &candidate == connection; });
 }
 
 void ConnectionWatch::receiving(Connection& connection)
 {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     if (connection.phase == Phase::silent) {
         enter(connection, Phase::receiving);
     }
@@ -105,28 +105,28 @@ void ConnectionWatch::receiving(Connection& connection)
 
 void ConnectionWatch::working(Connection& connection)
 {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     enter(connection, Phase::working);
 }
 
 void ConnectionWatch::answering(Connection& connection)
 {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     enter(connection, Phase::answering);
 }
 
 void ConnectionWatch::answered(Connection& connection, std::size_t requestSize)
 {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     connection.consumed =
-        limits_.encrypted ? bytesReceived(connection.socket) : connection.consumed + requestSize;
+        m_limits.encrypted ? bytesReceived(connection.socket) : connection.consumed + requestSize;
     enter(connection, Phase::silent);
 }
 
 void ConnectionWatch::lingerAfter(Connection& connection)
 {
-    const std::lock_guard lock(mutex_);
-    connection.linger = !limits_.encrypted;
+    const std::lock_guard lock(m_mutex);
+    connection.linger = !m_limits.encrypted;
 }
 
 void ConnectionWatch::enter(Connection& connection, Phase phase)
@@ -142,9 +142,9 @@ void ConnectionWatch::run()
     std::vector<pollfd> list = waitList();
     while (poll(list.data(), list.size(), waitTime()) >= 0 || errno == EINTR) {
         std::uint64_t count = 0;
-        (void)!read(wakeEvent_, &count, sizeof count);
-        const std::lock_guard lock(mutex_);
-        if (ending_) {
+        (void)!read(m_wakeEvent, &count, sizeof count);
+        const std::lock_guard lock(m_mutex);
+        if (m_ending) {
             return;
         }
         const Clock::time_point now = Clock::now();
@@ -157,8 +157,8 @@ void ConnectionWatch::run()
 /// To be called under the lock, or before the thread has company.
 std::vector<pollfd> ConnectionWatch::waitList()
 {
-    std::vector<pollfd> list{{wakeEvent_, POLLIN, 0}};
-    for (const Lingering& lingering : lingering_) {
+    std::vector<pollfd> list{{m_wakeEvent, POLLIN, 0}};
+    for (const Lingering& lingering : m_lingering) {
         list.push_back({lingering.socket, POLLIN, 0});
     }
     return list;
@@ -168,17 +168,17 @@ std::vector<pollfd> ConnectionWatch::waitList()
 /// watch.
 int ConnectionWatch::waitTime()
 {
-    const std::lock_guard lock(mutex_);
-    if (connections_.empty() && lingering_.empty()) {
+    const std::lock_guard lock(m_mutex);
+    if (m_connections.empty() && m_lingering.empty()) {
         return -1;
     }
-    const auto shorter = std::min(limits_.requestDeadline, limits_.idleTimeout).count();
+    const auto shorter = std::min(m_limits.requestDeadline, m_limits.idleTimeout).count();
     return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(shorter / 8, 5, 250));
 }
 
 void ConnectionWatch::sweep(Clock::time_point now)
 {
-    for (Connection& connection : connections_) {
+    for (Connection& connection : m_connections) {
         if (isOverdue(connection, now)) {
             shutdown(connection.socket, SHUT_RDWR);
             connection.phase = Phase::cut;
@@ -194,10 +194,10 @@ bool ConnectionWatch::isOverdue(Connection& connection, Clock::time_point now) c
     }
     switch (connection.phase) {
     case Phase::silent:
-        return now - connection.since > limits_.idleTimeout;
+        return now - connection.since > m_limits.idleTimeout;
     case Phase::receiving:
     case Phase::answering:
-        return now - connection.since > limits_.requestDeadline;
+        return now - connection.since > m_limits.requestDeadline;
     default:
         return false;
     }
@@ -212,13 +212,13 @@ void ConnectionWatch::drain(Clock::time_point now)
         }
         return over;
     };
-    lingering_.erase(std::remove_if(lingering_.begin(), lingering_.end(), done), lingering_.end());
+    m_lingering.erase(std::remove_if(m_lingering.begin(), m_lingering.end(), done), m_lingering.end());
 }
 
 void ConnectionWatch::wake() const
 {
     const std::uint64_t one = 1;
-    (void)!write(wakeEvent_, &one, sizeof one);
+    (void)!write(m_wakeEvent, &one, sizeof one);
 }
 
 } // namespace zyr_gateway

@@ -95,13 +95,13 @@ class ConnectionWatch
     void wake() const;
     static void enter(Connection& connection, Connection::Phase phase);
 
-    Limits limits_;
-    int wakeEvent_;
-    std::mutex mutex_;
-    bool ending_ = false;
-    std::list<Connection> connections_;
-    std::vector<Lingering> lingering_;
-    std::thread thread_;
+    Limits m_limits;
+    int m_wakeEvent;
+    std::mutex m_mutex;
+    bool m_ending = false;
+    std::list<Connection> m_connections;
+    std::vector<Lingering> m_lingering;
+    std::thread m_thread;
 };
 
 } // namespace zyr_gateway

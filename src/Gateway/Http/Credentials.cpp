@@ -26,19 +26,19 @@ constexpr std::size_t maxFileSize = 1024UL * 1024UL;
 class File
 {
   public:
-    explicit File(const std::string& path) : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    explicit File(const std::string& path) : m_descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
     ~File()
     {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
+        if (m_descriptor >= 0) {
+            close(m_descriptor);
         }
     }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    [[nodiscard]] int descriptor() const { return descriptor_; }
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
 
   private:
-    int descriptor_;
+    int m_descriptor;
 };
 
 /// Looks at the open file, not at its path, so that nobody can change it in between.
@@ -136,25 +136,26 @@ Credentials Credentials::fromFile(const std::string& path)
     return Credentials(std::move(users));
 }
 
-Credentials::Credentials(std::vector<User> users) : users_(std::move(users))
+Credentials::Credentials(std::vector<User> users) : m_users(std::move(users))
 {
-    if (RAND_bytes(key_.data(), static_cast<int>(key_.size())) != 1) {
+    if (RAND_bytes(m_key.data(), static_cast<int>(m_key.size())) != 1) {
         throw CredentialsError("the system gives no random numbers for the credentials");
     }
 }
 
-Credentials::Credentials(Credentials&& other) noexcept : users_(std::move(other.users_)), key_(other.key_) {}
+Credentials::Credentials(Credentials&& other) noexcept : m_users(std::move(other.m_users)), m_key(other.m_key)
+{}
 
 Credentials::~Credentials()
 {
-    OPENSSL_cleanse(key_.data(), key_.size());
+    OPENSSL_cleanse(m_key.data(), m_key.size());
 }
 
 bool Credentials::isRemembered(std::string_view user, std::string_view password) const
 {
     const Digest digest = digestOf(user, password);
-    const std::lock_guard lock(mutex_);
-    return std::any_of(users_.begin(), users_.end(), [&](const User& known) {
+    const std::lock_guard lock(m_mutex);
+    return std::any_of(m_users.begin(), m_users.end(), [&](const User& known) {
         return known.accepted && CRYPTO_memcmp(known.accepted->data(), digest.data(), digest.size()) == 0;
     });
 }
@@ -162,17 +163,17 @@ bool Credentials::isRemembered(std::string_view user, std::string_view password)
 bool Credentials::accepts(std::string_view user, std::string_view password) const
 {
     const auto known =
-        std::find_if(users_.begin(), users_.end(), [&](const User& u) { return u.name == user; });
+        std::find_if(m_users.begin(), m_users.end(), [&](const User& u) { return u.name == user; });
     // Somebody's hash is computed for unknown users too, so that time does not tell which users exist.
-    const std::string& hash = known == users_.end() ? users_.front().hash : known->hash;
+    const std::string& hash = known == m_users.end() ? m_users.front().hash : known->hash;
     const bool same = equalInConstantTime(hashOf(password, hash), hash);
     // crypt(3) would stop reading at a zero byte.
     const bool whole = password.find('\0') == std::string_view::npos;
-    if (known == users_.end() || !same || !whole) {
+    if (known == m_users.end() || !same || !whole) {
         return false;
     }
     const Digest digest = digestOf(user, password);
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     known->accepted = digest;
     return true;
 }
@@ -184,7 +185,7 @@ Credentials::Digest Credentials::digestOf(std::string_view user, std::string_vie
     text += password;
     Digest digest{};
     unsigned length = 0;
-    HMAC(EVP_sha256(), key_.data(), static_cast<int>(key_.size()),
+    HMAC(EVP_sha256(), m_key.data(), static_cast<int>(m_key.size()),
          reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data(), &length);
     OPENSSL_cleanse(text.data(), text.size());
     return digest;

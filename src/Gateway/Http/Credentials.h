@@ -59,9 +59,9 @@ class Credentials
     explicit Credentials(std::vector<User> users);
     [[nodiscard]] Digest digestOf(std::string_view user, std::string_view password) const;
 
-    mutable std::mutex mutex_;
-    mutable std::vector<User> users_;
-    Digest key_{};
+    mutable std::mutex m_mutex;
+    mutable std::vector<User> m_users;
+    Digest m_key{};
 };
 
 } // namespace zyr_gateway

@@ -8,27 +8,27 @@ namespace zyr_gateway
 
 void Exchange::answer(HttpResponse response)
 {
-    const std::lock_guard lock(mutex_);
-    if (answered_) {
+    const std::lock_guard lock(m_mutex);
+    if (m_answered) {
         return;
     }
-    answered_ = true;
-    response_ = std::move(response);
-    if (sleeping_ != nullptr) {
+    m_answered = true;
+    m_response = std::move(response);
+    if (m_sleeping != nullptr) {
         // Under the lock: once answered, the connection may end, and a stop may follow, at any time.
-        MHD_resume_connection(std::exchange(sleeping_, nullptr));
+        MHD_resume_connection(std::exchange(m_sleeping, nullptr));
     }
 }
 
 std::optional<HttpResponse> Exchange::takeOrSleep(MHD_Connection* connection)
 {
-    const std::lock_guard lock(mutex_);
-    if (!answered_) {
+    const std::lock_guard lock(m_mutex);
+    if (!m_answered) {
         MHD_suspend_connection(connection);
-        sleeping_ = connection;
+        m_sleeping = connection;
         return std::nullopt;
     }
-    return std::exchange(response_, std::nullopt);
+    return std::exchange(m_response, std::nullopt);
 }
 
 } // namespace zyr_gateway

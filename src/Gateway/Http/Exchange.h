@@ -23,10 +23,10 @@ class Exchange
     [[nodiscard]] std::optional<HttpResponse> takeOrSleep(MHD_Connection* connection);
 
   private:
-    std::mutex mutex_;
-    bool answered_ = false;
-    std::optional<HttpResponse> response_;
-    MHD_Connection* sleeping_ = nullptr;
+    std::mutex m_mutex;
+    bool m_answered = false;
+    std::optional<HttpResponse> m_response;
+    MHD_Connection* m_sleeping = nullptr;
 };
 
 } // namespace zyr_gateway

@@ -55,14 +55,14 @@ struct Request
 class AnswerOnce
 {
   public:
-    explicit AnswerOnce(std::shared_ptr<Exchange> exchange) : exchange_(std::move(exchange)) {}
-    ~AnswerOnce() { exchange_->answer(plainResponse(500, "The request was not answered.")); }
+    explicit AnswerOnce(std::shared_ptr<Exchange> exchange) : m_exchange(std::move(exchange)) {}
+    ~AnswerOnce() { m_exchange->answer(plainResponse(500, "The request was not answered.")); }
     AnswerOnce(const AnswerOnce&) = delete;
     AnswerOnce& operator=(const AnswerOnce&) = delete;
-    void operator()(HttpResponse response) const { exchange_->answer(std::move(response)); }
+    void operator()(HttpResponse response) const { m_exchange->answer(std::move(response)); }
 
   private:
-    std::shared_ptr<Exchange> exchange_;
+    std::shared_ptr<Exchange> m_exchange;
 };
 
 std::string fileContent(const std::string& path)
@@ -147,7 +147,7 @@ class HttpServer::Impl
     Impl& operator=(const Impl&) = delete;
 
     void start();
-    [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
+    [[nodiscard]] std::uint16_t port() const noexcept { return m_port; }
     void stopAccepting();
     void stop(std::chrono::milliseconds grace);
 
@@ -172,78 +172,78 @@ class HttpServer::Impl
     void answerAll();
     void waitForAnswers(std::chrono::milliseconds time);
 
-    HttpOptions options_;
-    Handler handler_;
-    std::string certificate_;
-    std::string key_;
-    std::string startLog_;
-    std::uint16_t port_ = 0;
-    std::atomic<bool> starting_ = false;
-    std::unique_ptr<ConnectionWatch> watch_;
-    std::unique_ptr<PasswordChecker> checker_;
-    MHD_Daemon* daemon_ = nullptr;
-    bool accepting_ = false;
+    HttpOptions m_options;
+    Handler m_handler;
+    std::string m_certificate;
+    std::string m_key;
+    std::string m_startLog;
+    std::uint16_t m_port = 0;
+    std::atomic<bool> m_starting = false;
+    std::unique_ptr<ConnectionWatch> m_watch;
+    std::unique_ptr<PasswordChecker> m_checker;
+    MHD_Daemon* m_daemon = nullptr;
+    bool m_accepting = false;
 
-    std::mutex mutex_;
-    std::condition_variable fewerDue_;
-    bool stopping_ = false;
-    std::set<ExchangePointer> due_; ///< complete requests whose answers have not left yet
+    std::mutex m_mutex;
+    std::condition_variable m_fewerDue;
+    bool m_stopping = false;
+    std::set<ExchangePointer> m_due; ///< complete requests whose answers have not left yet
 };
 
 HttpServer::Impl::Impl(HttpOptions options, Handler handler)
-    : options_(std::move(options)), handler_(std::move(handler))
+    : m_options(std::move(options)), m_handler(std::move(handler))
 {
-    if (!isListenAddress(options_.address)) {
-        throw HttpServerError("cannot listen on \"" + options_.address +
+    if (!isListenAddress(m_options.address)) {
+        throw HttpServerError("cannot listen on \"" + m_options.address +
                               "\"; use a numeric IPv4 or IPv6 address, or localhost");
     }
-    if (!isLoopback(options_.address) && !options_.credentials) {
-        throw HttpServerError("listening on " + options_.address +
+    if (!isLoopback(m_options.address) && !m_options.credentials) {
+        throw HttpServerError("listening on " + m_options.address +
                               " is open to other machines and needs --credentials FILE; TLS is recommended "
                               "too: a TLS proxy, or --tls-cert FILE and --tls-key FILE");
     }
-    if (options_.tlsCertificateFile.empty() != options_.tlsKeyFile.empty()) {
+    if (m_options.tlsCertificateFile.empty() != m_options.tlsKeyFile.empty()) {
         throw HttpServerError("TLS needs both --tls-cert FILE and --tls-key FILE");
     }
 }
 
 void HttpServer::Impl::start()
 {
-    const bool encrypted = !options_.tlsCertificateFile.empty();
+    const bool encrypted = !m_options.tlsCertificateFile.empty();
     if (encrypted) {
-        certificate_ = fileContent(options_.tlsCertificateFile);
-        key_ = fileContent(options_.tlsKeyFile);
+        m_certificate = fileContent(m_options.tlsCertificateFile);
+        m_key = fileContent(m_options.tlsKeyFile);
     }
-    ListenSocket listenSocket(options_.address, options_.port);
-    watch_ = std::make_unique<ConnectionWatch>(ConnectionWatch::Limits{
-        options_.maxConnections, options_.requestDeadline, options_.idleTimeout, encrypted});
-    if (options_.credentials) {
-        checker_ = std::make_unique<PasswordChecker>();
+    ListenSocket listenSocket(m_options.address, m_options.port);
+    m_watch = std::make_unique<ConnectionWatch>(ConnectionWatch::Limits{
+        m_options.maxConnections, m_options.requestDeadline, m_options.idleTimeout, encrypted});
+    if (m_options.credentials) {
+        m_checker = std::make_unique<PasswordChecker>();
     }
-    starting_ = true;
-    daemon_ = startDaemon(listenSocket.descriptor());
-    starting_ = false;
-    if (daemon_ == nullptr) {
-        throw HttpServerError("cannot start the HTTP server: " + startLog_);
+    m_starting = true;
+    m_daemon = startDaemon(listenSocket.descriptor());
+    m_starting = false;
+    if (m_daemon == nullptr) {
+        throw HttpServerError("cannot start the HTTP server: " + m_startLog);
     }
-    port_ = listenSocket.port();
+    m_port = listenSocket.port();
     listenSocket.release();
-    accepting_ = true;
+    m_accepting = true;
 }
 
 MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
 {
     unsigned flags = MHD_USE_EPOLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME | MHD_USE_ERROR_LOG;
     std::vector<MHD_OptionItem> tls;
-    if (!certificate_.empty()) {
+    if (!m_certificate.empty()) {
         flags |= MHD_USE_TLS;
-        tls.push_back({MHD_OPTION_HTTPS_MEM_CERT, 0, certificate_.data()});
-        tls.push_back({MHD_OPTION_HTTPS_MEM_KEY, 0, key_.data()});
+        tls.push_back({MHD_OPTION_HTTPS_MEM_CERT, 0, m_certificate.data()});
+        tls.push_back({MHD_OPTION_HTTPS_MEM_KEY, 0, m_key.data()});
     }
     tls.push_back({MHD_OPTION_END, 0, nullptr});
     // The library's own limits lie beyond ours, so that ours give the answer.
-    const auto connections = static_cast<unsigned>(options_.maxConnections + spareConnections);
-    const std::size_t memory = 4 * options_.maxHeaderSize;
+    const auto connections = static_cast<unsigned>(m_options.maxConnections + spareConnections);
+    const std::size_t memory = 4 * m_options.maxHeaderSize;
     return MHD_start_daemon(flags, 0, nullptr, nullptr, &onAccess, this,       //
                             MHD_OPTION_EXTERNAL_LOGGER, &onLog, this,          //
                             MHD_OPTION_LISTEN_SOCKET, listenSocket,            //
@@ -259,11 +259,11 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
 void HttpServer::Impl::stopAccepting()
 {
     {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
     }
-    if (std::exchange(accepting_, false)) {
-        const MHD_socket listenSocket = MHD_quiesce_daemon(daemon_);
+    if (std::exchange(m_accepting, false)) {
+        const MHD_socket listenSocket = MHD_quiesce_daemon(m_daemon);
         if (listenSocket != MHD_INVALID_SOCKET) {
             close(listenSocket);
         }
@@ -273,28 +273,28 @@ void HttpServer::Impl::stopAccepting()
 void HttpServer::Impl::stop(std::chrono::milliseconds grace)
 {
     stopAccepting();
-    if (daemon_ == nullptr) {
+    if (m_daemon == nullptr) {
         return;
     }
     waitForAnswers(grace);
-    checker_.reset();
+    m_checker.reset();
     answerAll();
     waitForAnswers(sendGrace);
-    MHD_stop_daemon(std::exchange(daemon_, nullptr));
-    watch_.reset();
+    MHD_stop_daemon(std::exchange(m_daemon, nullptr));
+    m_watch.reset();
 }
 
 void HttpServer::Impl::waitForAnswers(std::chrono::milliseconds time)
 {
-    std::unique_lock lock(mutex_);
-    fewerDue_.wait_for(lock, time, [this] { return due_.empty(); });
+    std::unique_lock lock(m_mutex);
+    m_fewerDue.wait_for(lock, time, [this] { return m_due.empty(); });
 }
 
 void HttpServer::Impl::answerAll()
 {
     const auto due = [this] {
-        const std::lock_guard lock(mutex_);
-        return due_;
+        const std::lock_guard lock(m_mutex);
+        return m_due;
     }();
     for (const ExchangePointer& exchange : due) {
         exchange->answer(plainResponse(503, "The server is stopping."));
@@ -304,9 +304,9 @@ void HttpServer::Impl::answerAll()
 /// False when the server is stopping and takes no more requests.
 bool HttpServer::Impl::enlist(const ExchangePointer& exchange)
 {
-    const std::lock_guard lock(mutex_);
-    due_.insert(exchange);
-    return !stopping_;
+    const std::lock_guard lock(m_mutex);
+    m_due.insert(exchange);
+    return !m_stopping;
 }
 
 MHD_Result HttpServer::Impl::onAccess(void* self, MHD_Connection* connection, const char* url,
@@ -337,15 +337,15 @@ MHD_Result HttpServer::Impl::onAccess(void* self, MHD_Connection* connection, co
 MHD_Result HttpServer::Impl::begin(MHD_Connection* connection, const RequestHead& head, Request& request)
 {
     ConnectionWatch::Connection& client = watched(connection);
-    watch_->receiving(client);
+    m_watch->receiving(client);
     request.headSize = head.size;
     if (client.excess) {
         return refuse(connection, request, plainResponse(503, "There are too many connections."));
     }
-    if (const auto refusal = refusalOf(head, options_)) {
+    if (const auto refusal = refusalOf(head, m_options)) {
         return refuse(connection, request, *refusal);
     }
-    if (options_.credentials) {
+    if (m_options.credentials) {
         request.login = loginOf(connection);
     }
     request.request.method = head.method;
@@ -358,8 +358,8 @@ MHD_Result HttpServer::Impl::refuse(MHD_Connection* connection, Request& request
                                     const HttpResponse& response)
 {
     request.answering = true;
-    watch_->lingerAfter(watched(connection));
-    watch_->answering(watched(connection));
+    m_watch->lingerAfter(watched(connection));
+    m_watch->answering(watched(connection));
     return send(connection, response, true);
 }
 
@@ -371,7 +371,7 @@ MHD_Result HttpServer::Impl::proceed(MHD_Connection* connection, Request& reques
     }
     if (!request.exchange) {
         request.exchange = std::make_shared<Exchange>();
-        watch_->working(watched(connection));
+        m_watch->working(watched(connection));
         submit(request);
     }
     const auto response = request.exchange->takeOrSleep(connection);
@@ -379,10 +379,10 @@ MHD_Result HttpServer::Impl::proceed(MHD_Connection* connection, Request& reques
         return MHD_YES;
     }
     request.answering = true;
-    watch_->answering(watched(connection));
+    m_watch->answering(watched(connection));
     const bool close = [this] {
-        const std::lock_guard lock(mutex_);
-        return stopping_;
+        const std::lock_guard lock(m_mutex);
+        return m_stopping;
     }();
     return send(connection, *response, close || response->status == 401);
 }
@@ -398,19 +398,19 @@ void HttpServer::Impl::submit(Request& request)
     const Login login = std::exchange(request.login, {});
     request.request.user = login.user;
     const bool known =
-        !options_.credentials || options_.credentials->isRemembered(login.user, login.password);
+        !m_options.credentials || m_options.credentials->isRemembered(login.user, login.password);
     if (known) {
         handle(std::move(request.request), exchange);
         return;
     }
     auto check = [this, login, exchange, request = std::move(request.request)]() mutable {
-        if (options_.credentials->accepts(login.user, login.password)) {
+        if (m_options.credentials->accepts(login.user, login.password)) {
             handle(std::move(request), exchange);
         } else {
             exchange->answer(plainResponse(401, "The user or the password is wrong."));
         }
     };
-    if (!checker_->submit(std::move(check))) {
+    if (!m_checker->submit(std::move(check))) {
         exchange->answer(plainResponse(503, "Too many passwords are waiting to be checked."));
     }
 }
@@ -419,7 +419,7 @@ void HttpServer::Impl::handle(HttpRequest request, const ExchangePointer& exchan
 {
     const auto once = std::make_shared<AnswerOnce>(exchange);
     try {
-        handler_(std::move(request), [once](HttpResponse response) { (*once)(std::move(response)); });
+        m_handler(std::move(request), [once](HttpResponse response) { (*once)(std::move(response)); });
     } catch (...) {
         exchange->answer(plainResponse(500, "The request has failed."));
     }
@@ -433,11 +433,11 @@ void HttpServer::Impl::onCompleted(void* self, MHD_Connection* connection, void*
     if (!ended) {
         return;
     }
-    server.watch_->answered(watched(connection), ended->headSize);
+    server.m_watch->answered(watched(connection), ended->headSize);
     if (ended->exchange) {
-        const std::lock_guard lock(server.mutex_);
-        server.due_.erase(ended->exchange);
-        server.fewerDue_.notify_all();
+        const std::lock_guard lock(server.m_mutex);
+        server.m_due.erase(ended->exchange);
+        server.m_fewerDue.notify_all();
     }
 }
 
@@ -446,9 +446,9 @@ void HttpServer::Impl::onConnection(void* self, MHD_Connection* connection, void
 {
     auto& server = *static_cast<Impl*>(self);
     if (code == MHD_CONNECTION_NOTIFY_STARTED) {
-        *context = server.watch_->opened(infoOf(connection, MHD_CONNECTION_INFO_CONNECTION_FD).connect_fd);
+        *context = server.m_watch->opened(infoOf(connection, MHD_CONNECTION_INFO_CONNECTION_FD).connect_fd);
     } else {
-        server.watch_->closing(static_cast<ConnectionWatch::Connection*>(*context));
+        server.m_watch->closing(static_cast<ConnectionWatch::Connection*>(*context));
     }
 }
 
@@ -457,38 +457,38 @@ void HttpServer::Impl::onConnection(void* self, MHD_Connection* connection, void
 void HttpServer::Impl::onLog(void* self, const char* format, va_list arguments)
 {
     auto& server = *static_cast<Impl*>(self);
-    if (!server.starting_) {
+    if (!server.m_starting) {
         return;
     }
     std::array<char, 256> line{};
     std::vsnprintf(line.data(), line.size(), format, arguments);
-    server.startLog_ += line.data();
+    server.m_startLog += line.data();
 }
 
 HttpServer::HttpServer(HttpOptions options, Handler handler)
-    : impl_(std::make_unique<Impl>(std::move(options), std::move(handler)))
+    : m_impl(std::make_unique<Impl>(std::move(options), std::move(handler)))
 {}
 
 HttpServer::~HttpServer() = default;
 
 void HttpServer::start()
 {
-    impl_->start();
+    m_impl->start();
 }
 
 std::uint16_t HttpServer::port() const noexcept
 {
-    return impl_->port();
+    return m_impl->port();
 }
 
 void HttpServer::stopAccepting()
 {
-    impl_->stopAccepting();
+    m_impl->stopAccepting();
 }
 
 void HttpServer::stop(std::chrono::milliseconds grace)
 {
-    impl_->stop(grace);
+    m_impl->stop(grace);
 }
 
 } // namespace zyr_gateway

@@ -104,7 +104,7 @@ class HttpServer
 
   private:
     class Impl;
-    std::unique_ptr<Impl> impl_;
+    std::unique_ptr<Impl> m_impl;
 };
 
 } // namespace zyr_gateway

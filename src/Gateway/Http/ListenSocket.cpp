@@ -57,31 +57,31 @@ ListenSocket::ListenSocket(const std::string& address, std::uint16_t port)
         throw HttpServerError("cannot listen on " + address + ": not a numeric address");
     }
     const int on = 1;
-    descriptor_ = socket(target->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    m_descriptor = socket(target->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     const bool listening =
-        descriptor_ >= 0 && setsockopt(descriptor_, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) == 0 &&
-        bind(descriptor_, target->ai_addr, target->ai_addrlen) == 0 && listen(descriptor_, backlog) == 0;
+        m_descriptor >= 0 && setsockopt(m_descriptor, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) == 0 &&
+        bind(m_descriptor, target->ai_addr, target->ai_addrlen) == 0 && listen(m_descriptor, backlog) == 0;
     if (!listening) {
         const std::string reason = std::strerror(errno);
-        if (descriptor_ >= 0) {
-            close(descriptor_);
+        if (m_descriptor >= 0) {
+            close(m_descriptor);
         }
         throw HttpServerError("cannot listen on " + address + " port " + std::to_string(port) + ": " +
                               reason);
     }
-    port_ = portOf(descriptor_);
+    m_port = portOf(m_descriptor);
 }
 
 ListenSocket::~ListenSocket()
 {
-    if (descriptor_ >= 0) {
-        close(descriptor_);
+    if (m_descriptor >= 0) {
+        close(m_descriptor);
     }
 }
 
 int ListenSocket::release() noexcept
 {
-    return std::exchange(descriptor_, -1);
+    return std::exchange(m_descriptor, -1);
 }
 
 bool isListenAddress(const std::string& address)

@@ -19,15 +19,15 @@ class ListenSocket
     ListenSocket& operator=(const ListenSocket&) = delete;
 
     /// The descriptor.
-    [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
+    [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
     /// The port in use.
-    [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
+    [[nodiscard]] std::uint16_t port() const noexcept { return m_port; }
     /// Gives the descriptor away.
     int release() noexcept;
 
   private:
-    int descriptor_ = -1;
-    std::uint16_t port_ = 0;
+    int m_descriptor = -1;
+    std::uint16_t m_port = 0;
 };
 
 /// Whether the text is an address that `ListenSocket` takes.

@@ -13,41 +13,41 @@ constexpr std::size_t maxWaiting = 64;
 
 } // namespace
 
-PasswordChecker::PasswordChecker() : thread_([this] { run(); }) {}
+PasswordChecker::PasswordChecker() : m_thread([this] { run(); }) {}
 
 PasswordChecker::~PasswordChecker()
 {
     {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
+        const std::lock_guard lock(m_mutex);
+        m_ending = true;
     }
-    changed_.notify_one();
-    thread_.join();
+    m_changed.notify_one();
+    m_thread.join();
 }
 
 bool PasswordChecker::submit(std::function<void()> check)
 {
     {
-        const std::lock_guard lock(mutex_);
-        if (waiting_.size() >= maxWaiting) {
+        const std::lock_guard lock(m_mutex);
+        if (m_waiting.size() >= maxWaiting) {
             return false;
         }
-        waiting_.push_back(std::move(check));
+        m_waiting.push_back(std::move(check));
     }
-    changed_.notify_one();
+    m_changed.notify_one();
     return true;
 }
 
 void PasswordChecker::run()
 {
-    std::unique_lock lock(mutex_);
+    std::unique_lock lock(m_mutex);
     while (true) {
-        changed_.wait(lock, [this] { return ending_ || !waiting_.empty(); });
-        if (ending_) {
+        m_changed.wait(lock, [this] { return m_ending || !m_waiting.empty(); });
+        if (m_ending) {
             return;
         }
-        const std::function<void()> check = std::move(waiting_.front());
-        waiting_.pop_front();
+        const std::function<void()> check = std::move(m_waiting.front());
+        m_waiting.pop_front();
         lock.unlock();
         check();
         lock.lock();

@@ -26,11 +26,11 @@ class PasswordChecker
   private:
     void run();
 
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<std::function<void()>> waiting_;
-    bool ending_ = false;
-    std::thread thread_;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<std::function<void()>> m_waiting;
+    bool m_ending = false;
+    std::thread m_thread;
 };
 
 } // namespace zyr_gateway

@@ -93,41 +93,42 @@ class XmlRpcClient::Impl
     void set(CURLoption option, Argument argument);
     void setLogin();
     void setWatch();
+    bool wasConnected() const;
     [[noreturn]] void failTransfer(CURLcode code) const;
     static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
     static int onWire(CURL*, curl_infotype type, char* data, std::size_t size, void* self);
 
-    ClientOptions options_;
-    std::string shownUrl_;
-    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl_{nullptr, &curl_easy_cleanup};
-    HeaderList headers_{nullptr, &curl_slist_free_all};
-    std::array<char, CURL_ERROR_SIZE> reason_{};
-    std::string body_;
-    bool tooLong_ = false;
+    ClientOptions m_options;
+    std::string m_shownUrl;
+    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> m_curl{nullptr, &curl_easy_cleanup};
+    HeaderList m_headers{nullptr, &curl_slist_free_all};
+    std::array<char, CURL_ERROR_SIZE> m_reason{};
+    std::string m_body;
+    bool m_tooLong = false;
 };
 
 XmlRpcClient::Impl::Impl(ClientOptions options)
-    : options_(std::move(options)), shownUrl_(shownUrl(options_.url))
+    : m_options(std::move(options)), m_shownUrl(shownUrl(m_options.url))
 {
     initialiseCurl();
-    curl_.reset(curl_easy_init());
-    if (!curl_) {
+    m_curl.reset(curl_easy_init());
+    if (!m_curl) {
         throw ClientError("cannot initialise the HTTP client");
     }
     // libcurl would add "Expect: 100-continue" to a long body and then wait for an answer.
-    headers_.reset(curl_slist_append(nullptr, "Content-Type: text/xml"));
-    headers_.reset(curl_slist_append(headers_.release(), "Expect:"));
-    set(CURLOPT_URL, options_.url.c_str());
+    m_headers.reset(curl_slist_append(nullptr, "Content-Type: text/xml"));
+    m_headers.reset(curl_slist_append(m_headers.release(), "Expect:"));
+    set(CURLOPT_URL, m_options.url.c_str());
     set(CURLOPT_PROTOCOLS_STR, "http,https");
-    set(CURLOPT_HTTPHEADER, headers_.get());
+    set(CURLOPT_HTTPHEADER, m_headers.get());
     set(CURLOPT_USERAGENT, "zyrctl");
     set(CURLOPT_NOSIGNAL, 1L);
-    set(CURLOPT_TIMEOUT_MS, static_cast<long>(options_.timeout.count()));
-    set(CURLOPT_ERRORBUFFER, reason_.data());
+    set(CURLOPT_TIMEOUT_MS, static_cast<long>(m_options.timeout.count()));
+    set(CURLOPT_ERRORBUFFER, m_reason.data());
     set(CURLOPT_WRITEFUNCTION, &Impl::onBody);
     set(CURLOPT_WRITEDATA, static_cast<void*>(this));
-    if (!options_.caFile.empty()) {
-        set(CURLOPT_CAINFO, options_.caFile.c_str());
+    if (!m_options.caFile.empty()) {
+        set(CURLOPT_CAINFO, m_options.caFile.c_str());
     }
     setLogin();
     setWatch();
@@ -136,7 +137,7 @@ XmlRpcClient::Impl::Impl(ClientOptions options)
 template <typename Argument>
 void XmlRpcClient::Impl::set(CURLoption option, Argument argument)
 {
-    const CURLcode code = curl_easy_setopt(curl_.get(), option, argument);
+    const CURLcode code = curl_easy_setopt(m_curl.get(), option, argument);
     if (code != CURLE_OK) {
         throw ClientError(std::string("cannot use an option of the HTTP client: ") +
                           curl_easy_strerror(code));
@@ -145,16 +146,16 @@ void XmlRpcClient::Impl::set(CURLoption option, Argument argument)
 
 void XmlRpcClient::Impl::setLogin()
 {
-    if (options_.login) {
+    if (m_options.login) {
         set(CURLOPT_HTTPAUTH, static_cast<long>(CURLAUTH_BASIC));
-        set(CURLOPT_USERNAME, options_.login->user.c_str());
-        set(CURLOPT_PASSWORD, options_.login->password.c_str());
+        set(CURLOPT_USERNAME, m_options.login->user.c_str());
+        set(CURLOPT_PASSWORD, m_options.login->password.c_str());
     }
 }
 
 void XmlRpcClient::Impl::setWatch()
 {
-    if (options_.watch) {
+    if (m_options.watch) {
         set(CURLOPT_VERBOSE, 1L);
         set(CURLOPT_DEBUGFUNCTION, &Impl::onWire);
         set(CURLOPT_DEBUGDATA, static_cast<void*>(this));
@@ -166,61 +167,69 @@ MethodResponse XmlRpcClient::Impl::call(const MethodCall& call)
     const std::string request = writeMethodCall(call);
     set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request.size()));
     set(CURLOPT_POSTFIELDS, request.data());
-    body_.clear();
-    tooLong_ = false;
-    reason_.front() = '\0';
-    const CURLcode code = curl_easy_perform(curl_.get());
+    m_body.clear();
+    m_tooLong = false;
+    m_reason.front() = '\0';
+    const CURLcode code = curl_easy_perform(m_curl.get());
     if (code != CURLE_OK) {
         failTransfer(code);
     }
     long status = 0;
-    curl_easy_getinfo(curl_.get(), CURLINFO_RESPONSE_CODE, &status);
+    curl_easy_getinfo(m_curl.get(), CURLINFO_RESPONSE_CODE, &status);
     if (status != 200) {
-        throw HttpStatusError(status, shownUrl_ + " answers with HTTP status " + std::to_string(status) +
+        throw HttpStatusError(status, m_shownUrl + " answers with HTTP status " + std::to_string(status) +
                                           std::string(hintOf(status)));
     }
     try {
-        return parseMethodResponse(body_);
+        return parseMethodResponse(m_body);
     } catch (const XmlRpcError& error) {
-        throw ProtocolError("the answer of " + shownUrl_ + " is not XML-RPC: " + error.what());
+        throw ProtocolError("the answer of " + m_shownUrl + " is not XML-RPC: " + error.what());
     }
+}
+
+bool XmlRpcClient::Impl::wasConnected() const
+{
+    const char* address = nullptr;
+    curl_easy_getinfo(m_curl.get(), CURLINFO_PRIMARY_IP, &address);
+    return address != nullptr && *address != '\0';
 }
 
 void XmlRpcClient::Impl::failTransfer(CURLcode code) const
 {
-    const std::string reason = reason_.front() == '\0' ? curl_easy_strerror(code) : reason_.data();
-    if (tooLong_) {
-        throw ProtocolError("the answer of " + shownUrl_ + " is longer than " +
-                            std::to_string(options_.maxResponseSize) + " bytes");
+    const std::string reason = m_reason.front() == '\0' ? curl_easy_strerror(code) : m_reason.data();
+    if (m_tooLong) {
+        throw ProtocolError("the answer of " + m_shownUrl + " is longer than " +
+                            std::to_string(m_options.maxResponseSize) + " bytes");
     }
     if (code == CURLE_OPERATION_TIMEDOUT) {
-        throw TimeoutError("no answer from " + shownUrl_ + " within " +
-                           std::to_string(options_.timeout.count()) + " ms");
+        throw TimeoutError("no answer from " + m_shownUrl + " within " +
+                           std::to_string(m_options.timeout.count()) + " ms");
     }
     if (isConnectCode(code)) {
-        throw ConnectError("cannot connect to " + shownUrl_ + ": " + reason);
+        throw ConnectError("cannot connect to " + m_shownUrl + ": " + reason);
     }
-    if (code == CURLE_URL_MALFORMAT || code == CURLE_UNSUPPORTED_PROTOCOL) {
-        throw ClientError("the URL " + shownUrl_ + " cannot be used: " + reason);
+    // An answer that isn't HTTP at all is an unsupported protocol too.
+    if (code == CURLE_URL_MALFORMAT || (code == CURLE_UNSUPPORTED_PROTOCOL && !wasConnected())) {
+        throw ClientError("the URL " + m_shownUrl + " cannot be used: " + reason);
     }
-    throw ProtocolError("the exchange with " + shownUrl_ + " broke off: " + reason);
+    throw ProtocolError("the exchange with " + m_shownUrl + " broke off: " + reason);
 }
 
 std::size_t XmlRpcClient::Impl::onBody(char* data, std::size_t size, std::size_t count, void* self)
 {
     auto& client = *static_cast<Impl*>(self);
     const std::size_t length = size * count;
-    if (client.body_.size() + length > client.options_.maxResponseSize) {
-        client.tooLong_ = true;
+    if (client.m_body.size() + length > client.m_options.maxResponseSize) {
+        client.m_tooLong = true;
         return 0;
     }
-    client.body_.append(data, length);
+    client.m_body.append(data, length);
     return length;
 }
 
 int XmlRpcClient::Impl::onWire(CURL*, curl_infotype type, char* data, std::size_t size, void* self)
 {
-    const auto& watch = static_cast<Impl*>(self)->options_.watch;
+    const auto& watch = static_cast<Impl*>(self)->m_options.watch;
     const std::string_view bytes(data, size);
     switch (type) {
     case CURLINFO_HEADER_OUT:
@@ -239,13 +248,13 @@ int XmlRpcClient::Impl::onWire(CURL*, curl_infotype type, char* data, std::size_
     return 0;
 }
 
-XmlRpcClient::XmlRpcClient(ClientOptions options) : impl_(std::make_unique<Impl>(std::move(options))) {}
+XmlRpcClient::XmlRpcClient(ClientOptions options) : m_impl(std::make_unique<Impl>(std::move(options))) {}
 
 XmlRpcClient::~XmlRpcClient() = default;
 
 MethodResponse XmlRpcClient::call(const MethodCall& call)
 {
-    return impl_->call(call);
+    return m_impl->call(call);
 }
 
 } // namespace zyr_gateway

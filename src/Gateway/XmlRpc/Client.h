@@ -38,13 +38,13 @@ class TimeoutError : public ClientError
 class HttpStatusError : public ClientError
 {
   public:
-    HttpStatusError(long status, const std::string& text) : ClientError(text), status_(status) {}
+    HttpStatusError(long status, const std::string& text) : ClientError(text), m_status(status) {}
 
     /// The HTTP status, such as 401.
-    [[nodiscard]] long status() const noexcept { return status_; }
+    [[nodiscard]] long status() const noexcept { return m_status; }
 
   private:
-    long status_;
+    long m_status;
 };
 
 /// What came back is not an XML-RPC answer, or the exchange broke off.
@@ -100,7 +100,7 @@ class XmlRpcClient
 
   private:
     class Impl;
-    std::unique_ptr<Impl> impl_;
+    std::unique_ptr<Impl> m_impl;
 };
 
 } // namespace zyr_gateway

@@ -133,7 +133,7 @@ struct ParserDeleter
 
 } // namespace
 
-DocumentReader::DocumentReader(Element root) : root_(root)
+DocumentReader::DocumentReader(Element root) : m_root(root)
 {
     open(Element::document);
 }
@@ -145,17 +145,17 @@ void DocumentReader::read(std::string_view xml)
     if (!parser) {
         throw std::bad_alloc();
     }
-    parser_ = parser.get();
+    m_parser = parser.get();
     connectHandlers();
-    const XML_Status status = XML_Parse(parser_, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
-    if (error_) {
-        std::rethrow_exception(error_);
+    const XML_Status status = XML_Parse(m_parser, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
+    if (m_error) {
+        std::rethrow_exception(m_error);
     }
     if (status != XML_STATUS_OK) {
         fail(Kind::malformed,
-             std::string("not well-formed XML: ") + XML_ErrorString(XML_GetErrorCode(parser_)));
+             std::string("not well-formed XML: ") + XML_ErrorString(XML_GetErrorCode(m_parser)));
     }
-    parser_ = nullptr;
+    m_parser = nullptr;
 }
 
 /// expat recognises UTF-16 by its first bytes, whatever the document declares.
@@ -176,32 +176,32 @@ template <typename Step>
 void DocumentReader::guarded(Step step) noexcept
 {
     // A stopped parser may still report an event or two.
-    if (error_) {
+    if (m_error) {
         return;
     }
     try {
         step();
     } catch (...) {
-        error_ = std::current_exception();
-        XML_StopParser(parser_, XML_FALSE);
+        m_error = std::current_exception();
+        XML_StopParser(m_parser, XML_FALSE);
     }
 }
 
 void DocumentReader::connectHandlers()
 {
-    XML_SetUserData(parser_, this);
-    XML_SetXmlDeclHandler(parser_, [](void* self, const char*, const char* encoding, int) {
+    XML_SetUserData(m_parser, this);
+    XML_SetXmlDeclHandler(m_parser, [](void* self, const char*, const char* encoding, int) {
         auto& reader = *static_cast<DocumentReader*>(self);
         reader.guarded([&] { reader.declared(encoding); });
     });
-    XML_SetStartDoctypeDeclHandler(parser_, [](void* self, const char*, const char*, const char*, int) {
+    XML_SetStartDoctypeDeclHandler(m_parser, [](void* self, const char*, const char*, const char*, int) {
         auto& reader = *static_cast<DocumentReader*>(self);
         reader.guarded([&] {
             reader.fail(Kind::dtdRefused, "a document type declaration is refused; XML-RPC needs none");
         });
     });
     XML_SetElementHandler(
-        parser_,
+        m_parser,
         [](void* self, const char* tag, const char**) {
             auto& reader = *static_cast<DocumentReader*>(self);
             reader.guarded([&] { reader.started(tag); });
@@ -210,7 +210,7 @@ void DocumentReader::connectHandlers()
             auto& reader = *static_cast<DocumentReader*>(self);
             reader.guarded([&] { reader.ended(); });
         });
-    XML_SetCharacterDataHandler(parser_, [](void* self, const char* text, int length) {
+    XML_SetCharacterDataHandler(m_parser, [](void* self, const char* text, int length) {
         auto& reader = *static_cast<DocumentReader*>(self);
         reader.guarded([&] { reader.characters({text, static_cast<std::size_t>(length)}); });
     });
@@ -227,12 +227,12 @@ void DocumentReader::declared(const char* encoding)
 
 void DocumentReader::started(const char* tag)
 {
-    Frame& parent = open_.back();
+    Frame& parent = m_open.back();
     const std::string_view wantedTag = tag;
     const auto* const place = std::find_if(places.begin(), places.end(), [&](const Place& candidate) {
         return candidate.parent == parent.element && candidate.tag == wantedTag;
     });
-    if (place == places.end() || (place->parent == Element::document && place->element != root_)) {
+    if (place == places.end() || (place->parent == Element::document && place->element != m_root)) {
         failUnexpected(parent.element, wantedTag);
     }
     if (place->position != anywhere && place->position != parent.children) {
@@ -249,14 +249,14 @@ void DocumentReader::started(const char* tag)
 void DocumentReader::open(Element element)
 {
     if (element == Element::value) {
-        if (++depth_ > maxValueDepth) {
+        if (++m_depth > maxValueDepth) {
             fail(Kind::tooDeep, "values are nested deeper than " + std::to_string(maxValueDepth) + " levels");
         }
-        if (++valueCount_ > maxValueCount) {
+        if (++m_valueCount > maxValueCount) {
             fail(Kind::tooManyValues, "there are more than " + std::to_string(maxValueCount) + " values");
         }
     }
-    Frame& frame = open_.emplace_back();
+    Frame& frame = m_open.emplace_back();
     frame.element = element;
     if (element == Element::data) {
         frame.value = Value::array();
@@ -267,7 +267,7 @@ void DocumentReader::open(Element element)
 
 void DocumentReader::characters(std::string_view text)
 {
-    Frame& frame = open_.back();
+    Frame& frame = m_open.back();
     const bool typedValue = frame.element == Element::value && frame.children > 0;
     if (traitOf(frame.element).takesText && !typedValue) {
         frame.text += text;
@@ -279,9 +279,9 @@ void DocumentReader::characters(std::string_view text)
 
 void DocumentReader::ended()
 {
-    Frame frame = std::move(open_.back());
-    open_.pop_back();
-    Frame& parent = open_.back();
+    Frame frame = std::move(m_open.back());
+    m_open.pop_back();
+    Frame& parent = m_open.back();
     const Trait& trait = traitOf(frame.element);
     if (frame.children < trait.minChildren) {
         fail(Kind::malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
@@ -294,7 +294,7 @@ void DocumentReader::ended()
         }
         break;
     case Element::params:
-        if (root_ == Element::methodResponse && frame.children != 1) {
+        if (m_root == Element::methodResponse && frame.children != 1) {
             fail(Kind::malformed, "a response has exactly one <param>");
         }
         break;
@@ -328,7 +328,7 @@ void DocumentReader::ended()
 
 void DocumentReader::endedValue(Frame& frame, Frame& parent)
 {
-    --depth_;
+    --m_depth;
     if (frame.children == 0) {
         frame.value = std::move(frame.text);
     }
@@ -339,7 +339,7 @@ void DocumentReader::deliverValue(Frame& frame, Frame& parent)
 {
     if (parent.element == Element::data) {
         parent.value.push_back(std::move(frame.value));
-    } else if (parent.element == Element::param && root_ == Element::methodCall) {
+    } else if (parent.element == Element::param && m_root == Element::methodCall) {
         call.params.push_back(std::move(frame.value));
     } else if (parent.element == Element::param) {
         response.value = std::move(frame.value);
@@ -433,7 +433,7 @@ void DocumentReader::endedFault(const Frame& frame)
 
 std::size_t DocumentReader::line() const
 {
-    return parser_ == nullptr ? 1 : static_cast<std::size_t>(XML_GetCurrentLineNumber(parser_));
+    return m_parser == nullptr ? 1 : static_cast<std::size_t>(XML_GetCurrentLineNumber(m_parser));
 }
 
 void DocumentReader::fail(XmlRpcError::Kind kind, const std::string& text) const
@@ -445,7 +445,7 @@ void DocumentReader::failUnexpected(Element parent, std::string_view tag) const
 {
     const std::string found = "<" + forMessage(tag) + ">";
     if (parent == Element::document) {
-        fail(Kind::malformed, found + " is the root; it must be <" + std::string(traitOf(root_).tag) + ">");
+        fail(Kind::malformed, found + " is the root; it must be <" + std::string(traitOf(m_root).tag) + ">");
     }
     const std::string accepted = acceptedIn(parent);
     fail(Kind::malformed, found + " cannot stand in <" + std::string(traitOf(parent).tag) + ">" +

@@ -92,12 +92,12 @@ class DocumentReader
     [[noreturn]] void fail(XmlRpcError::Kind kind, const std::string& text) const;
     [[noreturn]] void failUnexpected(Element parent, std::string_view tag) const;
 
-    Element root_;
-    XML_ParserStruct* parser_ = nullptr;
-    std::vector<Frame> open_;
-    std::size_t depth_ = 0;
-    std::size_t valueCount_ = 0;
-    std::exception_ptr error_;
+    Element m_root;
+    XML_ParserStruct* m_parser = nullptr;
+    std::vector<Frame> m_open;
+    std::size_t m_depth = 0;
+    std::size_t m_valueCount = 0;
+    std::exception_ptr m_error;
 };
 
 } // namespace zyr_gateway

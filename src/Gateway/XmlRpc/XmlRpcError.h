@@ -29,18 +29,18 @@ class XmlRpcError : public std::runtime_error
 
     /// \param line line in the document, counted from 1
     XmlRpcError(Kind kind, std::size_t line, const std::string& text)
-        : std::runtime_error("line " + std::to_string(line) + ": " + text), kind_(kind), line_(line)
+        : std::runtime_error("line " + std::to_string(line) + ": " + text), m_kind(kind), m_line(line)
     {}
 
     /// The cause.
-    [[nodiscard]] Kind kind() const noexcept { return kind_; }
+    [[nodiscard]] Kind kind() const noexcept { return m_kind; }
 
     /// The line in the document, counted from 1.
-    [[nodiscard]] std::size_t line() const noexcept { return line_; }
+    [[nodiscard]] std::size_t line() const noexcept { return m_line; }
 
   private:
-    Kind kind_;
-    std::size_t line_;
+    Kind m_kind;
+    std::size_t m_line;
 };
 
 } // namespace zyr_gateway
