@@ -45,7 +45,7 @@ run_tests dev
 
 threaded='ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests'
 # shellcheck disable=SC2086
-build tsan --target $threaded zyrnode
+build tsan --target $threaded zyrnode zyrctl
 run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests)$'
 
 if [ "$all" = yes ]; then

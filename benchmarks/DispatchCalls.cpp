@@ -1,6 +1,7 @@
 // Makes a number of calls of one kind and ends: what callgrind counts. See dispatch_instructions.py.
 
 #include "DispatchTable.h"
+#include "StatusCalls.h"
 #include "TraceService.h"
 
 #include <cstdlib>
@@ -63,6 +64,8 @@ int main(int argc, char** argv)
         {"quiet-first", [](long calls) { dispatchFrom(0, calls); }},
         {"quiet-middle", [](long calls) { dispatchFrom(26, calls); }},
         {"quiet-last", [](long calls) { dispatchFrom(51, calls); }},
+        {"status-collaborators", benchmark_status::collaboratorsAlone},
+        {"status-dispatched", benchmark_status::dispatched},
         {"traced-first", [](long calls) { dispatchFrom(0, calls); }},
         {"traced-all-levels-first", [](long calls) { dispatchFrom(0, calls); }},
     };

@@ -28,6 +28,8 @@ KINDS = {
     "quiet-last": "quiet call, last entry",
     "traced-first": "traced at level 3 to no sink, first entry",
     "traced-all-levels-first": "traced at level 7 to no sink, first entry",
+    "status-collaborators": "the status command's collaborator calls alone",
+    "status-dispatched": "the status command, quiet",
 }
 
 CODE_BAR = 450
@@ -63,12 +65,17 @@ def code_bytes(library, command):
 def main():
     program, library = sys.argv[1:3]
     failures = 0
+    costs = {}
     print(f"{'what':45} {'instructions a call':>20} {'bar':>8}")
     for kind, text in KINDS.items():
         cost = (instructions(program, kind, 2 * CALLS) - instructions(program, kind, CALLS)) / CALLS
         bar = BARS.get(kind)
+        costs[kind] = cost
         failures += bar is not None and cost > bar
         print(f"{text:45} {cost:20.1f} {bar if bar is not None else '':>8}")
+    own = costs["status-dispatched"] - costs["status-collaborators"] - costs["quiet-first"]
+    print(f"{'the status command beyond those and the frame':45} {own:20.1f} "
+          f"{own / costs['status-collaborators']:8.1%} of the calls")
     size = code_bytes(library, "CriEnableAcm")
     failures += size == 0 or size > CODE_BAR
     print(f"{'dispatch code of one command, bytes':45} {size:20} {CODE_BAR:>8}")

@@ -79,20 +79,35 @@ void runStatus(Session& session, const ChannelOptions& options)
     }
 }
 
+Value askFrames(Session& session, const ChannelOptions& options)
+{
+    return session.node().call(kFrames, {Value{{"RadioChannelID", options.channel}, {"ReleasedFilter", 2}}});
+}
+
 void runFrames(Session& session, const ChannelOptions& options)
 {
     const auto response = responseOf(session, kFrames);
-    const Value answer =
-        session.node().call(kFrames, {Value{{"RadioChannelID", options.channel}, {"ReleasedFilter", 2}}});
+    const Value answer = askFrames(session, options);
     session.show(answer,
                  framesPicture(answer, textsOf(response, "Modulation"), textsOf(response, "FrameLinkType")));
+}
+
+// The power depends on the frame: the one that was named, or else the channel's first.
+std::int64_t frameOf(Session& session, const ChannelOptions& options)
+{
+    if (options.frame != 0) {
+        return options.frame;
+    }
+    const Value answer = askFrames(session, options);
+    const Value frames = answer.value("FrameFormatCapabilities", Value::array());
+    return frames.empty() ? 0 : frames.front().value("RadioFrameID", std::int64_t{0});
 }
 
 void runCapability(Session& session, const ChannelOptions& options)
 {
     const auto response = responseOf(session, kCapability);
     const Value answer = session.node().call(kCapability, {Value{{"RadioChannelID", options.channel},
-                                                                 {"radioFrameId", options.frame},
+                                                                 {"radioFrameId", frameOf(session, options)},
                                                                  {"minModulation", "4QAM_STRONG"},
                                                                  {"maxModulation", "4096QAM_LIGHT"},
                                                                  {"referenceSec", "4L"}}});
@@ -116,7 +131,8 @@ void addPictureCommands(CLI::App& app, Session& session)
 
     CLI::App* const capability = app.add_subcommand("capability", "What a radio channel can do");
     addChannel(*capability, *options);
-    capability->add_option("--frame", options->frame, "Radio frame for which the power is asked (0)");
+    capability->add_option("--frame", options->frame,
+                           "Radio frame for which the power is asked (the channel's first)");
     capability->callback([&session, options] { runCapability(session, *options); });
 }
 
