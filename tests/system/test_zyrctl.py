@@ -20,6 +20,7 @@ class ZyrctlTest(NodeTest):
         return done.stdout
 
     def configure(self):
+        self.zyrctl("SIM.SetTwoTransmitters", "--yes", "value=true")
         return self.zyrctl("--json", "CRI.SetRadioChannelNearEnd", "--yes", "RadioChannelID=1", "radioFrameId=102",
                            "minModulation=4QAM", "maxModulation=256QAM", "referenceSec=4L",
                            "txFrequency_kHz=14500000", "rxFrequency_kHz=14920000", "ffConfigTypePresent=true",

@@ -39,7 +39,7 @@ Value capabilities()
     const auto capability = [](const char* url, int version) {
         return Value{{"specUrl", url}, {"specVersion", version}};
     };
-    return {{"xmlrpc", capability("http://xmlrpc.com/spec.md", 1)},
+    return {{"xmlrpc", capability("http://www.xmlrpc.com/spec", 1)},
             {"nil", capability("http://ontosys.com/xml-rpc/extensions.php", 1)},
             {"introspection", capability("http://xmlrpc-c.sourceforge.net/introspection.html", 1)},
             {"system.multicall", capability("http://mirrors.talideon.com/articles/multicall.html", 1)}};

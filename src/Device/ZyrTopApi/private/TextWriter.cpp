@@ -1,5 +1,6 @@
 #include "TextWriter.h"
 
+#include <array>
 #include <charconv>
 #include <concepts>
 
@@ -12,9 +13,9 @@ namespace
 template <std::integral Number>
 void append(std::string& target, Number number, int base = 10)
 {
-    char digits[24];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number, base);
-    target.append(digits, end.ptr);
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, base);
+    target.append(digits.data(), end.ptr);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -44,7 +45,7 @@ class PerChannel
     static constexpr bool isChannel(std::uint32_t channel) { return channel - 1 < kChannels; }
 
     static constexpr std::size_t kChannels = 2;
-    Interface* m_collaborators[kChannels]{};
+    std::array<Interface*, kChannels> m_collaborators{};
 };
 
 } // namespace zyr_top_api

@@ -7,6 +7,8 @@
 #include "ResultLaw.h"
 #include "ZyrApiHandler.h"
 
+#include <array>
+
 namespace zyr_top_api
 {
 
@@ -18,8 +20,8 @@ constexpr unsigned kMaximumFailures = 3;
 
 void printAddress(TextWriter& text, const ether_addr& address)
 {
-    char digits[sizeof "ff:ff:ff:ff:ff:ff"];
-    text << ether_ntoa_r(&address, digits);
+    std::array<char, sizeof "ff:ff:ff:ff:ff:ff"> digits{};
+    text << ether_ntoa_r(&address, digits.data());
 }
 
 } // namespace
@@ -99,7 +101,7 @@ StandardResponse CriSetRadioChannelNearEndImpl::execute(const Command& command)
     }
     const RadioChannel channel = normalised(command);
     if (!m_systemPowerController[channel].isConfigurationBypassed()) {
-        const StandardResponse response = configureWithRecovery(command);
+        StandardResponse response = configureWithRecovery(command);
         if (!isFaultless(response)) {
             return response;
         }

@@ -9,6 +9,8 @@
 #include "ResultLaw.h"
 #include "ZyrApiHandler.h"
 
+#include <array>
+
 namespace zyr_top_api
 {
 
@@ -18,7 +20,7 @@ namespace
 constinit TylTrace trace{CriSetRfPower::identity.traceChannel, 3, TylTraceHdrOption_Default};
 
 // What these select inside the power controller isn't known here.
-constexpr int kPowerSettingsOptions[] = {0, 1};
+constexpr std::array kPowerSettingsOptions{0, 1};
 constexpr int kAdminStateOption = 0;
 
 template <class T>
