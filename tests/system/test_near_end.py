@@ -3,8 +3,9 @@
 import pathlib
 import subprocess
 import sys
+import unittest
 
-from node_process import NodeTest
+from node_process import PROGRAM, Node, NodeTest
 
 EXAMPLE = pathlib.Path(__file__).parents[2] / "docs" / "plot_level.py"
 
@@ -49,6 +50,24 @@ class NearEndTest(NodeTest):
         self.assertEqual(self.fault_of(self.proxy.CRI.SetRadioChannelNearEnd, REQUEST),
                          "4 IAcmHandler->muteAcm() failed (EACMHResult = 32769)")
         self.assertIn("Configuration failed 3 times, restart needed", self.trace_texts())
+
+
+class RadioTypeTest(unittest.TestCase):
+    REQUEST = {"RadioChannelID": 1, "radioFrameId": 102, "minModulation": "4QAM", "maxModulation": "256QAM",
+               "referenceSec": "4L"}
+
+    def test_each_radio_type_has_its_band_and_features(self):
+        bands = {"1": (14500000, False, False), "2": (22000000, True, False), "3": (5930000, False, True)}
+        for radio_type, expected in bands.items():
+            with self.subTest(radio_type), Node("--radio-type", radio_type) as node:
+                able = node.proxy().CRI.GetRadioChannelCapability(self.REQUEST)
+                self.assertEqual((able["MinTXFrequency"], able["CarrierAggregationCapable"],
+                                  able["SpaceDiversityCombinerCapable"]), expected)
+
+    def test_unknown_radio_type_is_a_usage_error(self):
+        done = subprocess.run([PROGRAM, "--radio-type", "4"], capture_output=True, text=True)
+        self.assertEqual(done.returncode, 2)
+        self.assertIn("--radio-type", done.stderr)
 
 
 class ExampleTest(NodeTest):

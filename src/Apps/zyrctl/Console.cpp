@@ -40,7 +40,7 @@ class Unseen
     ~Unseen()
     {
         if (m_isSet) {
-            tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+            tcsetattr(STDIN_FILENO, TCSADRAIN, &m_before);
         }
     }
     Unseen(const Unseen&) = delete;
@@ -106,10 +106,11 @@ bool Console::isConfirmed(const std::string& question)
 
 std::string Console::askSecretly(const std::string& question)
 {
-    m_error << question << ' ' << std::flush;
     std::string answer;
     {
+        // Before the question: what is typed at its sight must neither show nor be lost.
         const Unseen unseen;
+        m_error << question << ' ' << std::flush;
         std::getline(std::cin, answer);
     }
     m_error << '\n';

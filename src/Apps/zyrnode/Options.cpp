@@ -69,6 +69,9 @@ void addOptions(CLI::App& app, Options& options)
     key->needs(certificate);
     app.add_option("--channels", options.node.channels, "Radio channels, 1 or 2. Default 2")
         ->check(CLI::Range(1, 2));
+    app.add_option("--radio-type", options.node.radioType,
+                   "Radio units: 1 of the 15 GHz band, 2 of the 23 GHz band, 3 of the 6 GHz band. Default 1")
+        ->check(CLI::Range(1, 3));
     app.add_option("--seed", options.node.seed, "What is left to chance follows from it. Default 1");
     app.add_flag("--enable-ti", options.enableTi, "Open the test commands");
     app.add_option_function<std::vector<std::string>>(

@@ -33,6 +33,7 @@ class ZYR_EXPORT TiGetAllCommandsData
         std::vector<CmdDescription> commands;
 
         std::string printResponse() const override;
+        void print(TextWriter& text) const;
     };
 
     virtual ~TiGetAllCommandsData() = default;

@@ -16,8 +16,10 @@ namespace
 
 std::string TiGetAllCommandsData::Response::printResponse() const
 {
-    return {};
+    return printed(*this);
 }
+
+void TiGetAllCommandsData::Response::print(TextWriter&) const {}
 
 ETIResult TiGetAllCommandsDataImpl::initialize(unsigned)
 {
