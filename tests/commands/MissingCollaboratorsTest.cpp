@@ -1,0 +1,77 @@
+#include "CiGetEventsImpl.h"
+#include "CiGetFastEventsImpl.h"
+#include "CiReleaseFastEventsRequestsImpl.h"
+#include "CmdWrapper.h"
+#include "CommandTest.h"
+#include "CriEnableAcmImpl.h"
+#include "CriGetAirInterfaceCapabilityImpl.h"
+#include "CriGetRadioChannelStatusImpl.h"
+#include "CriSetRadioChannelNearEndImpl.h"
+#include "CriSetRfPowerImpl.h"
+#include "TiGetEventsImpl.h"
+#include "TiManageRadioChannelStatusImpl.h"
+#include "TiSetEventsImpl.h"
+#include "ZyrApiHandler.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+// What a command does whose collaborators were never found: it throws, and nothing but the call is lost.
+
+namespace
+{
+
+using namespace zyr_top_api;
+
+class NodeWideCollaboratorTest : public zyr_test::CommandTest
+{};
+
+template <class XImpl>
+class CollaboratorOfChannelTest : public zyr_test::CommandTest
+{};
+
+using CommandsOfAChannel =
+    testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
+                   CriSetRadioChannelNearEndImpl, CriSetRfPowerImpl, TiManageRadioChannelStatusImpl>;
+TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
+
+// Channel 0 passes the check of an object that was not initialised.
+template <class XImpl>
+typename XImpl::Command commandForChannelZero()
+{
+    typename XImpl::Command command{};
+    if constexpr (requires { command.channelId; }) {
+        command.channelId = RadioChannel(0);
+    } else {
+        command.RadioChannelID = RadioChannel(0);
+    }
+    return command;
+}
+
+TYPED_TEST(CollaboratorOfChannelTest, ThrowsIfItWasNeverLookedUp)
+{
+    TypeParam impl;
+    EXPECT_THROW(impl.execute(commandForChannelZero<TypeParam>()), std::out_of_range);
+}
+
+TEST_F(NodeWideCollaboratorTest, ThrowsIfItWasNeverFound)
+{
+    EXPECT_THROW(CiGetEventsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(CiGetFastEventsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(CiReleaseFastEventsRequestsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(TiGetEventsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(TiSetEventsImpl().execute({}), std::out_of_range);
+}
+
+TEST_F(NodeWideCollaboratorTest, ExceptionPassesTheDispatcherAndLeavesItFree)
+{
+    ZyrApiHandler::m_cmds = {std::make_shared<CmdWrapper<CiGetEventsImpl>>("CI.GetEvents")};
+    EXPECT_THROW(ciGetEvents({}), std::out_of_range);
+    EXPECT_THROW(ciGetEvents({}), std::out_of_range);
+    ZyrApiHandler::m_cmds.clear();
+    EXPECT_EQ(ciGetEvents({}).tiResult, 0U);
+}
+
+} // namespace
