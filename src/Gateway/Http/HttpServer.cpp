@@ -179,6 +179,7 @@ class HttpServer::Impl
     std::string m_startLog;
     std::uint16_t m_port = 0;
     std::atomic<bool> m_starting = false;
+    std::unique_ptr<ListenSocket> m_listenSocket;
     std::unique_ptr<ConnectionWatch> m_watch;
     std::unique_ptr<PasswordChecker> m_checker;
     MHD_Daemon* m_daemon = nullptr;
@@ -214,20 +215,20 @@ void HttpServer::Impl::start()
         m_certificate = fileContent(m_options.tlsCertificateFile);
         m_key = fileContent(m_options.tlsKeyFile);
     }
-    ListenSocket listenSocket(m_options.address, m_options.port);
+    auto listenSocket = std::make_unique<ListenSocket>(m_options.address, m_options.port);
     m_watch = std::make_unique<ConnectionWatch>(ConnectionWatch::Limits{
         m_options.maxConnections, m_options.requestDeadline, m_options.idleTimeout, encrypted});
     if (m_options.credentials) {
         m_checker = std::make_unique<PasswordChecker>();
     }
     m_starting = true;
-    m_daemon = startDaemon(listenSocket.descriptor());
+    m_daemon = startDaemon(listenSocket->descriptor());
     m_starting = false;
     if (m_daemon == nullptr) {
         throw HttpServerError("cannot start the HTTP server: " + m_startLog);
     }
-    m_port = listenSocket.port();
-    listenSocket.release();
+    m_port = listenSocket->port();
+    m_listenSocket = std::move(listenSocket);
     m_accepting = true;
 }
 
@@ -263,10 +264,9 @@ void HttpServer::Impl::stopAccepting()
         m_stopping = true;
     }
     if (std::exchange(m_accepting, false)) {
-        const MHD_socket listenSocket = MHD_quiesce_daemon(m_daemon);
-        if (listenSocket != MHD_INVALID_SOCKET) {
-            close(listenSocket);
-        }
+        // The socket is ours from then on. It stays open, though: the daemon's thread may still look at it.
+        MHD_quiesce_daemon(m_daemon);
+        m_listenSocket->refuse();
     }
 }
 
@@ -281,6 +281,7 @@ void HttpServer::Impl::stop(std::chrono::milliseconds grace)
     answerAll();
     waitForAnswers(sendGrace);
     MHD_stop_daemon(std::exchange(m_daemon, nullptr));
+    m_listenSocket.reset();
     m_watch.reset();
 }
 

@@ -10,7 +10,6 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
-#include <utility>
 
 namespace zyr_gateway
 {
@@ -79,9 +78,9 @@ ListenSocket::~ListenSocket()
     }
 }
 
-int ListenSocket::release() noexcept
+void ListenSocket::refuse() noexcept
 {
-    return std::exchange(m_descriptor, -1);
+    shutdown(m_descriptor, SHUT_RDWR);
 }
 
 bool isListenAddress(const std::string& address)

@@ -6,7 +6,7 @@
 namespace zyr_gateway
 {
 
-/// A socket that listens. Closes itself unless it is released.
+/// A socket that listens. Closes itself.
 class ListenSocket
 {
   public:
@@ -22,8 +22,8 @@ class ListenSocket
     [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
     /// The port in use.
     [[nodiscard]] std::uint16_t port() const noexcept { return m_port; }
-    /// Gives the descriptor away.
-    int release() noexcept;
+    /// Refuses connections from now on; the descriptor stays open.
+    void refuse() noexcept;
 
   private:
     int m_descriptor = -1;
