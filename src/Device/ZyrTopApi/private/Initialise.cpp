@@ -178,7 +178,6 @@ std::string nameWithNumber(std::string_view name, std::uint32_t channel)
 
 } // namespace detail
 
-// NOLINTNEXTLINE(readability-non-const-parameter): written through `Run`
 ETIResult initialise(const TylTrace& trace, const InitialiseRules& rules, unsigned numberOfChannels,
                      std::uint32_t* storedCount, std::initializer_list<Collaborator> collaborators,
                      const char* file, int line, const char* function)
