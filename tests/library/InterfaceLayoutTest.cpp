@@ -42,28 +42,14 @@
 #include "ITxIQImbalanceHandler.h"
 #include "IZyrRleHandler.h"
 #include "RecoveryController.h"
+#include "SlotOrder.h"
 
 using namespace zyr_top_api;
 
 namespace
 {
 
-/// The place of a virtual operation in its table, counted from 0; the destructor takes the places 0 and 1. -1
-/// for an operation that isn't virtual.
-///
-/// A pointer to a member is two words in the C++ ABI of our platforms: the place in bytes, or the address of
-/// a plain function, and an adjustment of the object's address. One of the two has its lowest bit set for a
-/// virtual operation.
-template <class Member>
-std::ptrdiff_t slotOf(Member member)
-{
-    static_assert(std::is_member_function_pointer_v<Member>);
-    std::array<std::ptrdiff_t, 2> words{};
-    static_assert(sizeof(member) == sizeof(words));
-    std::memcpy(words.data(), &member, sizeof(words));
-    const auto isVirtual = ((words[0] | words[1]) & 1) != 0;
-    return isVirtual ? words[0] / static_cast<std::ptrdiff_t>(sizeof(void*)) : -1;
-}
+using zyr_test::slotOf;
 
 /// All operations of an interface in their expected order, the first one behind the destructor.
 template <class... Members>

@@ -17,7 +17,6 @@
 #include <microhttpd.h>
 #include <mutex>
 #include <set>
-#include <unistd.h>
 #include <utility>
 
 namespace zyr_gateway
