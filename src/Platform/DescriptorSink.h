@@ -2,10 +2,10 @@
 
 #include "TraceSink.h"
 
-#include <unistd.h>
-
 #include <atomic>
 #include <cstdint>
+
+#include <unistd.h>
 
 namespace zyr_platform
 {
@@ -27,7 +27,7 @@ class DescriptorSink : public TraceSink
 
   private:
     int m_descriptor;
-    std::atomic<std::uint64_t> m_lostRecords{0};
+    std::atomic<std::uint64_t> m_lostRecords = 0;
 };
 
 /// Writes records to standard error.

@@ -1,9 +1,9 @@
 #include "FileSink.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <system_error>
+
+#include <fcntl.h>
 
 namespace zyr_platform
 {

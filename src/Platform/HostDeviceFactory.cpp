@@ -2,12 +2,12 @@
 
 #include "OwnedDescriptor.h"
 
-#include <fcntl.h>
-#include <sys/ioctl.h>
-
 #include <cerrno>
 #include <mutex>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
 
 namespace zyr_platform
 {

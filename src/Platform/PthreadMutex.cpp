@@ -1,9 +1,9 @@
 #include "DDevIo.h"
 
-#include <pthread.h>
-
 #include <cerrno>
 #include <system_error>
+
+#include <pthread.h>
 
 namespace DDevIo
 {

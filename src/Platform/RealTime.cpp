@@ -2,12 +2,12 @@
 
 #include "TylTrace.h"
 
-#include <pthread.h>
-
 #include <csignal>
 #include <exception>
 #include <string_view>
 #include <utility>
+
+#include <pthread.h>
 
 namespace zyr_platform
 {

@@ -1,11 +1,11 @@
 #include "TraceService.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 #include <utility>
+
+#include <unistd.h>
 
 namespace zyr_platform
 {

@@ -85,7 +85,7 @@ class TraceService
 
     mutable std::mutex m_sinksMutex; ///< guards the pointer; never held while a sink writes
     std::shared_ptr<const Sinks> m_sinks = std::make_shared<const Sinks>();
-    std::atomic<bool> m_hasSinks{false};
+    std::atomic<bool> m_hasSinks = false;
 };
 
 } // namespace zyr_platform

@@ -2,10 +2,10 @@
 
 #include "TylTrace.h"
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <string_view>
+
+#include <sys/types.h>
 
 namespace zyr_platform
 {

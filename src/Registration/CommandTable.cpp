@@ -1,5 +1,4 @@
 #include "CommandEntry.h"
-
 #include "CommandList.h"
 #include "CommandMessageBase.h"
 #include "ZyrApiHandler.h"

@@ -24,9 +24,9 @@ struct MethodNotes
 {
     std::string_view name;
     std::string_view help; ///< one sentence
-    std::span<const Field> request{};
-    std::span<const Field> response{};
-    std::span<const FaultNote> faults{};
+    std::span<const Field> request = {};
+    std::span<const Field> response = {};
+    std::span<const FaultNote> faults = {};
     bool isTest = false;          ///< refused while the test family is closed
     bool isLongPoll = false;      ///< blocks as long as its caller wishes
     bool disturbsTraffic = false; ///< people should be asked before it runs
@@ -35,10 +35,10 @@ struct MethodNotes
 /// What a description leaves out.
 struct DescriptionDefaults
 {
-    static constexpr std::array<Field, 0> request{}; ///< fields of the command's `Command`
-    static constexpr std::array<Field, 0>
-        response{}; ///< fields of its `Response`, without the result and the fault
-    static constexpr std::array<FaultNote, 0> faults{};
+    static constexpr std::array<Field, 0> request = {}; ///< fields of the command's `Command`
+    static constexpr std::array<Field, 0> response =
+        {}; ///< fields of its `Response`, without the result and the fault
+    static constexpr std::array<FaultNote, 0> faults = {};
     static constexpr bool disturbsTraffic = false; ///< whether people should be asked before it runs
 };
 

@@ -60,13 +60,13 @@ struct TypeOf;
 template <>
 struct TypeOf<bool>
 {
-    static constexpr ValueType type{.kind = Kind::Boolean};
+    static constexpr ValueType type = {.kind = Kind::Boolean};
 };
 
 template <>
 struct TypeOf<double>
 {
-    static constexpr ValueType type{.kind = Kind::Double};
+    static constexpr ValueType type = {.kind = Kind::Double};
 };
 
 template <>
@@ -169,7 +169,7 @@ requires requires
 }
 struct TypeOf<T>
 {
-    static constexpr ValueType type{.kind = Kind::Struct, .fields = RecordFields<T>::fields};
+    static constexpr ValueType type = {.kind = Kind::Struct, .fields = RecordFields<T>::fields};
 };
 
 template <auto Member>

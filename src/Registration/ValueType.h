@@ -72,15 +72,15 @@ struct SequenceAccess
 struct ValueType
 {
     Kind kind;
-    Range range{};              ///< of an integer
+    Range range = {};           ///< of an integer
     bool isChannel = false;     ///< an integer that is limited to the node's radio channels
     std::string_view form = {}; ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
     std::span<const EnumText> (*texts)() = nullptr; ///< of an enumeration
     std::span<const Field> fields = {};             ///< of a struct
     const ValueType* element = nullptr;             ///< of an array or an optional
-    NumberAccess number{};
-    TextAccess text{};
-    SequenceAccess sequence{};
+    NumberAccess number = {};
+    TextAccess text = {};
+    SequenceAccess sequence = {};
 };
 
 /// Whether a request may leave a member out.
@@ -108,7 +108,7 @@ struct Field
     std::string_view name;          ///< the member's, spelling and case included
     const ValueType* type;          ///< what it holds
     void* (*address)(void* record); ///< where it is in a record
-    FieldNotes notes{};
+    FieldNotes notes = {};
 
     /// The type behind an optional, or the type itself.
     const ValueType& valueType() const { return type->kind == Kind::Optional ? *type->element : *type; }

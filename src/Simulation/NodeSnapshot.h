@@ -1,12 +1,12 @@
 #pragma once
 
-#include <vector>
-
 #include "AlarmEvent.h"
 #include "ChannelState.h"
 #include "FaultInjector.h"
 #include "NodeState.h"
 #include "SimulatedNodeOptions.h"
+
+#include <vector>
 
 namespace zyr_simulation
 {

@@ -1,9 +1,5 @@
 #include "SimulatedNode.h"
 
-#include <array>
-#include <string_view>
-#include <utility>
-
 #include "ModuleManager.h"
 #include "SimulatedAcmHandler.h"
 #include "SimulatedAtpcController.h"
@@ -34,6 +30,10 @@
 #include "SimulatedTapsControllerLog.h"
 #include "SimulatedTxIQImbalanceHandler.h"
 #include "SimulatedZyrRleHandler.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
 
 namespace zyr_simulation
 {

@@ -1,12 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <list>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "FaultInjector.h"
 #include "HardwareVariables.h"
 #include "IInterface.h"
@@ -17,6 +10,13 @@
 #include "SimulatedAlarmHandler.h"
 #include "SimulatedNodeOptions.h"
 #include "TimeSource.h"
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace zyr_simulation
 {
@@ -100,7 +100,7 @@ class SimulatedNode
     std::list<zyr_platform::Publication> m_publications;
     zyr_platform::Registration m_closingPhase;
     std::optional<HardwareVariables> m_hardwareVariables;
-    SimulatedAlarmHandler* m_alarmHandler{nullptr};
+    SimulatedAlarmHandler* m_alarmHandler = nullptr;
 };
 
 } // namespace zyr_simulation

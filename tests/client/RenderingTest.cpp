@@ -1,4 +1,5 @@
 #include "Rendering.h"
+
 #include "Descriptions.h"
 #include "HelpText.h"
 #include "Refusal.h"

@@ -1,4 +1,5 @@
 #include "Request.h"
+
 #include "Descriptions.h"
 #include "Refusal.h"
 #include "Text.h"

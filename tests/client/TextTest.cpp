@@ -1,4 +1,5 @@
 #include "Text.h"
+
 #include "CommandLine.h"
 #include "Completion.h"
 #include "Descriptions.h"

@@ -1,11 +1,12 @@
 #include "Credentials.h"
-
 #include "HttpServer.h"
 #include "HttpTestClient.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <fstream>
-#include <gtest/gtest.h>
+
 #include <sys/stat.h>
 #include <unistd.h>
 

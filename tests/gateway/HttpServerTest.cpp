@@ -2,10 +2,11 @@
 
 #include "HttpTestClient.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <condition_variable>
 #include <deque>
-#include <gtest/gtest.h>
 #include <list>
 #include <mutex>
 #include <thread>

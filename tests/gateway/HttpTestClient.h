@@ -1,13 +1,15 @@
 #pragma once
 
-#include <arpa/inet.h>
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdint>
-#include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 

@@ -1,18 +1,19 @@
 #include "Client.h"
-
 #include "HttpServer.h"
 #include "HttpTestClient.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <memory>
-#include <netinet/in.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
-#include <sys/socket.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <memory>
 #include <thread>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 using namespace zyr_gateway;

@@ -1,7 +1,8 @@
 #include "Codec.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 #include <string>
 

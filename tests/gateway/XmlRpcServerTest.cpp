@@ -1,4 +1,5 @@
 #include "XmlRpcServer.h"
+
 #include "Client.h"
 #include "CommandTest.h"
 #include "HttpTestClient.h"

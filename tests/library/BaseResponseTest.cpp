@@ -1,4 +1,5 @@
 #include "BaseResponse.h"
+
 #include "TextWriter.h"
 
 #include <gtest/gtest.h>

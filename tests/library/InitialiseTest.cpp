@@ -1,4 +1,5 @@
 #include "Initialise.h"
+
 #include "AcmHandlerDouble.h"
 #include "CommandTest.h"
 #include "DspApiDouble.h"

@@ -1,14 +1,3 @@
-#include <array>
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
-#include <map>
-#include <string>
-#include <type_traits>
-#include <vector>
-
-#include <gtest/gtest.h>
-
 #include "AcmThreshold.h"
 #include "FeatureCapability.h"
 #include "FrequencyCapability.h"
@@ -43,6 +32,17 @@
 #include "IZyrRleHandler.h"
 #include "RecoveryController.h"
 #include "SlotOrder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <map>
+#include <string>
+#include <type_traits>
+#include <vector>
 
 using namespace zyr_top_api;
 

@@ -1,4 +1,5 @@
 #include "Log.h"
+
 #include "AllocationCounter.h"
 #include "MemorySink.h"
 #include "TraceService.h"

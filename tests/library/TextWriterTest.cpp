@@ -1,4 +1,5 @@
 #include "TextWriter.h"
+
 #include "RadioChannel.h"
 
 #include <gtest/gtest.h>

@@ -1,16 +1,3 @@
-#include <cstdint>
-#include <exception>
-#include <ios>
-#include <map>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <type_traits>
-#include <utility>
-#include <vector>
-
-#include <gtest/gtest.h>
-
 #include "AcmMode.h"
 #include "AlarmEvent.h"
 #include "BasebandSdcStatus.h"
@@ -43,6 +30,19 @@
 #include "SdcStatus.h"
 #include "TxRequestedStatus.h"
 #include "XpicMimoPreamble.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <exception>
+#include <ios>
+#include <map>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 using namespace zyr_top_api;
 

@@ -5,14 +5,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <cerrno>
 #include <mutex>
 #include <thread>
 #include <vector>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace
 {

@@ -1,4 +1,5 @@
 #include "Drivers.h"
+
 #include "CDriver.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "InterfaceBroker.h"
+
 #include "Publication.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "ModuleManager.h"
+
 #include "CModuleManager.h"
 #include "MemorySink.h"
 #include "TraceService.h"

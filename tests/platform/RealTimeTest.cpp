@@ -1,4 +1,5 @@
 #include "RealTime.h"
+
 #include "DefaultSleepApi.h"
 #include "MemorySink.h"
 #include "SteadyClockApi.h"

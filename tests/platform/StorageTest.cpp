@@ -1,4 +1,5 @@
 #include "Storage.h"
+
 #include "CStorageManager.h"
 
 #include <gtest/gtest.h>

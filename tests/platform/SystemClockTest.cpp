@@ -1,4 +1,5 @@
 #include "SystemClock.h"
+
 #include "SystemTime.h"
 
 #include <gtest/gtest.h>

@@ -7,10 +7,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -20,6 +16,10 @@
 #include <system_error>
 #include <thread>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
 
 namespace
 {

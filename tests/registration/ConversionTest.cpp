@@ -1,4 +1,5 @@
 #include "Conversion.h"
+
 #include "Field.h"
 #include "MemberCount.h"
 #include "RecordError.h"

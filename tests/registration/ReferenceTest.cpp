@@ -1,4 +1,5 @@
 #include "Reference.h"
+
 #include "CommandEntry.h"
 
 #include <gtest/gtest.h>

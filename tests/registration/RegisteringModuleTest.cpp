@@ -1,4 +1,5 @@
 #include "RegisteringModule.h"
+
 #include "CommandTest.h"
 #include "NodeDoubles.h"
 #include "RecordError.h"

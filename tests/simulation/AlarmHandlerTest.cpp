@@ -1,13 +1,13 @@
+#include "IAcmHandler.h"
+#include "IAlarmHandlerTopApi.h"
+#include "SimulationFixture.h"
+
 #include <gtest/gtest.h>
 
 #include <future>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include "IAcmHandler.h"
-#include "IAlarmHandlerTopApi.h"
-#include "SimulationFixture.h"
 
 namespace
 {

@@ -1,14 +1,14 @@
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <map>
-#include <vector>
-
 #include "CStorageManager.h"
 #include "ICapabilityHandler.h"
 #include "IOutputPowerCalculator.h"
 #include "IRadioCapability.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <vector>
 
 namespace
 {

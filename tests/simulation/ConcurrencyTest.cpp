@@ -1,3 +1,10 @@
+#include "IAlarmHandlerTopApi.h"
+#include "ICcdpController.h"
+#include "IOutputPowerController.h"
+#include "IRssiHandler.h"
+#include "RealTime.h"
+#include "SimulationFixture.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -5,13 +12,6 @@
 #include <functional>
 #include <thread>
 #include <vector>
-
-#include "IAlarmHandlerTopApi.h"
-#include "ICcdpController.h"
-#include "IOutputPowerController.h"
-#include "IRssiHandler.h"
-#include "RealTime.h"
-#include "SimulationFixture.h"
 
 namespace
 {

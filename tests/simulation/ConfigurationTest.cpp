@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
 
 namespace
 {

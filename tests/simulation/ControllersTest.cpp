@@ -1,8 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <string>
-
 #include "IBasebandSdcController.h"
 #include "ICcdpController.h"
 #include "IMimoController.h"
@@ -12,6 +7,11 @@
 #include "ITxIQImbalanceHandler.h"
 #include "IZyrRleHandler.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
 
 namespace
 {

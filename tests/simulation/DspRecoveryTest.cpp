@@ -1,9 +1,9 @@
+#include "RecoveryController.h"
+#include "SimulationFixture.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
-
-#include "RecoveryController.h"
-#include "SimulationFixture.h"
 
 namespace
 {

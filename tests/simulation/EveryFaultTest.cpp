@@ -1,12 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdint>
-#include <functional>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "IBasebandSdcController.h"
 #include "ICcdpController.h"
 #include "IIfLoopDriver.h"
@@ -28,6 +19,15 @@
 #include "IZyrRleHandler.h"
 #include "RecoveryController.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
 
 namespace
 {

@@ -1,12 +1,12 @@
 #include "FaultInjector.h"
 
+#include "IAcmHandler.h"
+#include "SimulationFixture.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
-
-#include "IAcmHandler.h"
-#include "SimulationFixture.h"
 
 namespace
 {

@@ -1,3 +1,9 @@
+#include "IOutputPowerCalculator.h"
+#include "IPpsController.h"
+#include "IRssiHandler.h"
+#include "RecoveryController.h"
+#include "SimulationFixture.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -5,12 +11,6 @@
 #include <limits>
 #include <memory>
 #include <vector>
-
-#include "IOutputPowerCalculator.h"
-#include "IPpsController.h"
-#include "IRssiHandler.h"
-#include "RecoveryController.h"
-#include "SimulationFixture.h"
 
 namespace
 {

@@ -1,13 +1,13 @@
 #include "SimulatedNode.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
 #include "IAcmHandler.h"
 #include "IAlarmHandlerTopApi.h"
 #include "InterfaceBroker.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
 
 namespace
 {

@@ -1,13 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "AlarmEvent.h"
 #include "CModuleManager.h"
 #include "IAcmHandler.h"
@@ -19,6 +11,14 @@
 #include "InterfaceBroker.h"
 #include "SimulatedNode.h"
 #include "VirtualTime.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 /// A simulated node under virtual time, and its collaborators by name.
 class SimulationFixture : public testing::Test

@@ -1,11 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <string>
-#include <vector>
-
 #include "IAtpcController.h"
 #include "IIfLoopDriver.h"
 #include "ILoopController.h"
@@ -18,6 +10,14 @@
 #include "ITapsControllerLog.h"
 #include "RecoveryController.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <string>
+#include <vector>
 
 namespace
 {

@@ -1,10 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <chrono>
-
 #include "IOutputPowerController.h"
 #include "IRadio.h"
 #include "SimulationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
 
 namespace
 {

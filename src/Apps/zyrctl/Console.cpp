@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <iostream>
+
 #include <termios.h>
 #include <unistd.h>
 

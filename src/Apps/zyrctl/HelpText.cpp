@@ -4,6 +4,7 @@
 #include "Text.h"
 
 #include <algorithm>
+
 #include <fnmatch.h>
 
 namespace zyr_ctl

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <system_error>
+
 #include <fcntl.h>
-// Not netinet/tcp.h: its tcp_info ends before the count of bytes received.
-#include <linux/tcp.h>
+#include <linux/tcp.h> // not netinet/tcp.h: its tcp_info ends before the count of bytes received
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace zyr_gateway

@@ -1,18 +1,20 @@
 #include "Credentials.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <crypt.h>
-#include <cstring>
-#include <fcntl.h>
-#include <memory>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
 #include <openssl/rand.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace zyr_gateway
 {

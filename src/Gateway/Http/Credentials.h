@@ -30,7 +30,7 @@ class Credentials
 {
   public:
     /// Reads the file, which must be a regular one that only its owner can read (mode 0600 or less).
-    /// \throws CredentialsError
+    /// @throws CredentialsError
     [[nodiscard]] static Credentials fromFile(const std::string& path);
 
     Credentials(Credentials&& other) noexcept;
@@ -61,7 +61,7 @@ class Credentials
 
     mutable std::mutex m_mutex;
     mutable std::vector<User> m_users;
-    Digest m_key{};
+    Digest m_key = {};
 };
 
 } // namespace zyr_gateway

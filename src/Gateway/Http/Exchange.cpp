@@ -1,6 +1,7 @@
 #include "Exchange.h"
 
 #include <microhttpd.h>
+
 #include <utility>
 
 namespace zyr_gateway

@@ -6,6 +6,8 @@
 #include "PasswordChecker.h"
 #include "RequestHead.h"
 
+#include <microhttpd.h>
+
 #include <array>
 #include <atomic>
 #include <condition_variable>
@@ -14,7 +16,6 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <microhttpd.h>
 #include <mutex>
 #include <set>
 #include <utility>

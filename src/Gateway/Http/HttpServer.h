@@ -80,7 +80,7 @@ class HttpServer
     using Handler = std::function<void(HttpRequest, Answer)>;
 
     /// Checks the options; nothing listens yet.
-    /// \throws HttpServerError when the address is not numeric, or beyond loopback without credentials
+    /// @throws HttpServerError when the address is not numeric, or beyond loopback without credentials
     HttpServer(HttpOptions options, Handler handler);
     /// Stops without grace.
     ~HttpServer();
@@ -88,7 +88,7 @@ class HttpServer
     HttpServer& operator=(const HttpServer&) = delete;
 
     /// Listens. To be called once.
-    /// \throws HttpServerError when the port is taken, or the TLS files cannot be used
+    /// @throws HttpServerError when the port is taken, or the TLS files cannot be used
     void start();
 
     /// The port that it listens on, also when 0 was asked; 0 before `start`.

@@ -2,10 +2,11 @@
 
 #include "HttpServer.h"
 
-#include <arpa/inet.h>
 #include <cerrno>
 #include <cstring>
 #include <memory>
+
+#include <arpa/inet.h>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <sys/socket.h>

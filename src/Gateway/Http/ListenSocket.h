@@ -10,9 +10,9 @@ namespace zyr_gateway
 class ListenSocket
 {
   public:
-    /// \param address numeric IPv4 or IPv6 address, or `localhost`
-    /// \param port 0 takes a free one
-    /// \throws HttpServerError
+    /// @param address numeric IPv4 or IPv6 address, or `localhost`
+    /// @param port 0 takes a free one
+    /// @throws HttpServerError
     ListenSocket(const std::string& address, std::uint16_t port);
     ~ListenSocket();
     ListenSocket(const ListenSocket&) = delete;

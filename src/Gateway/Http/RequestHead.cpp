@@ -1,10 +1,11 @@
 #include "RequestHead.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <array>
 #include <cctype>
 #include <charconv>
+
+#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <strings.h>
 

@@ -1,6 +1,5 @@
-#include "XmlRpcServer.h"
-
 #include "RecordError.h"
+#include "XmlRpcServer.h"
 
 #include <cstddef>
 

@@ -88,7 +88,7 @@ class XmlRpcServer
 
     zyr_registration::RegisteringModule& m_commands;
     std::map<std::string, Method, std::less<>> m_methods;
-    std::atomic<unsigned> m_longPolls{0}; // running now
+    std::atomic<unsigned> m_longPolls = 0; // running now
     bool m_isStopped = false;
     WorkerPool m_workers;
     HttpServer m_http; // destroyed first, since it hands requests to the workers

@@ -1,10 +1,12 @@
 #include "Client.h"
 
-#include <array>
 #include <curl/curl.h>
+
+#include <array>
 #include <mutex>
-#include <strings.h>
 #include <utility>
+
+#include <strings.h>
 
 namespace zyr_gateway
 {

@@ -88,14 +88,14 @@ struct ClientOptions
 class XmlRpcClient
 {
   public:
-    /// \throws ClientError when the URL or an option cannot be used
+    /// @throws ClientError when the URL or an option cannot be used
     explicit XmlRpcClient(ClientOptions options);
     ~XmlRpcClient();
     XmlRpcClient(const XmlRpcClient&) = delete;
     XmlRpcClient& operator=(const XmlRpcClient&) = delete;
 
     /// Calls and waits for the answer. A fault is an answer, not an error.
-    /// \throws ConnectError, TimeoutError, HttpStatusError, ProtocolError
+    /// @throws ConnectError, TimeoutError, HttpStatusError, ProtocolError
     [[nodiscard]] MethodResponse call(const MethodCall& call);
 
   private:

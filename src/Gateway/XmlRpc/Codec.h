@@ -71,19 +71,19 @@ struct MethodResponse // NOLINT(bugprone-exception-escape): moving a value does 
 };
 
 /// Reads a `methodCall` document.
-/// \throws XmlRpcError when the document is not acceptable
+/// @throws XmlRpcError when the document is not acceptable
 [[nodiscard]] MethodCall parseMethodCall(std::string_view xml);
 
 /// Reads a `methodResponse` document.
-/// \throws XmlRpcError when the document is not acceptable
+/// @throws XmlRpcError when the document is not acceptable
 [[nodiscard]] MethodResponse parseMethodResponse(std::string_view xml);
 
 /// Writes a `methodCall` document.
-/// \throws std::invalid_argument when values are nested deeper than `maxValueDepth`
+/// @throws std::invalid_argument when values are nested deeper than `maxValueDepth`
 [[nodiscard]] std::string writeMethodCall(const MethodCall& call);
 
 /// Writes a `methodResponse` document that holds a value.
-/// \throws std::invalid_argument when values are nested deeper than `maxValueDepth`
+/// @throws std::invalid_argument when values are nested deeper than `maxValueDepth`
 [[nodiscard]] std::string writeResponse(const Value& value);
 
 /// Writes a `methodResponse` document that holds a fault.

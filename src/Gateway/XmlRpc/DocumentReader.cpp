@@ -2,14 +2,16 @@
 
 #include "Scalars.h"
 
+#include <expat.h>
+
 #include <algorithm>
 #include <array>
 #include <climits>
-#include <expat.h>
 #include <limits>
 #include <memory>
-#include <strings.h>
 #include <utility>
+
+#include <strings.h>
 
 namespace zyr_gateway
 {

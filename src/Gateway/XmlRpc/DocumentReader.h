@@ -48,11 +48,11 @@ class DocumentReader
         nil
     };
 
-    /// \param root the root that is wanted, `methodCall` or `methodResponse`
+    /// @param root the root that is wanted, `methodCall` or `methodResponse`
     explicit DocumentReader(Element root);
 
     /// Reads the whole document.
-    /// \throws XmlRpcError when it is not acceptable
+    /// @throws XmlRpcError when it is not acceptable
     void read(std::string_view xml);
 
     MethodCall call;         ///< the outcome for the root `methodCall`

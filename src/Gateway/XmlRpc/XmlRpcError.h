@@ -27,7 +27,7 @@ class XmlRpcError : public std::runtime_error
         dtdRefused           ///< a document type declaration
     };
 
-    /// \param line line in the document, counted from 1
+    /// @param line line in the document, counted from 1
     XmlRpcError(Kind kind, std::size_t line, const std::string& text)
         : std::runtime_error("line " + std::to_string(line) + ": " + text), m_kind(kind), m_line(line)
     {}

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <map>
-
 #include "CollaboratorResults.h"
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "Modulation.h"
 #include "ModulationAndCoding.h"
+
+#include <map>
 
 /// Adaptive modulation (ACM) of one channel, published as "IAcmHandler_<n>".
 ///

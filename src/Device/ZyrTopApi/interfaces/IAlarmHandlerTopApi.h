@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "AlarmEvent.h"
 #include "CollaboratorResults.h"
 #include "IInterface.h"
 #include "TiSetEventsCommand.h"
+
+#include <cstdint>
+#include <vector>
 
 /// The alarm handler of the node, published as "IAlarmHandlerTopApi".
 ///

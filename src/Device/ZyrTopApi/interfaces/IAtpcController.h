@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
-
 #include "IInterface.h"
 #include "ISpcSimulatedObject.h"
+
+#include <cstdint>
 
 /// Automatic transmit power control of one channel, published as "IAtpcController_<n>".
 class ZYR_EXPORT IAtpcController : public IInterface

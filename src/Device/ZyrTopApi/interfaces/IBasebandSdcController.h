@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "BasebandSdcStatus.h"
 #include "ETIResult.h"
 #include "IInterface.h"
+
+#include <cstdint>
+#include <string>
 
 /// The space diversity combiner (SDC) in the baseband of one channel. Of its results 0x8000 alone is a
 /// failure.

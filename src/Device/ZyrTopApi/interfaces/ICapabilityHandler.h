@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "IInterface.h"
 #include "ModulationAndCoding.h"
+
+#include <cstdint>
+#include <vector>
 
 /// What the hardware of one channel can do, published as "ICapabilityHandler_<n>". Default bodies answer for
 /// hardware that can't.

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "LinkType.h"
 #include "XpicAcquireMode.h"
 #include "XpicMimoPreamble.h"
 #include "XpicStatusStruct.h"
+
+#include <string>
 
 /// Cross-polar interference cancelling (XPIC) of one channel, published as "ICcdpController_<n>". Results
 /// from 0x8000 are failures.
@@ -73,5 +73,5 @@ class ZYR_EXPORT ICcdpController : public IInterface
 
   protected:
     /// The bar as `getBar` answers it by default.
-    bool m_bar{false};
+    bool m_bar = false;
 };

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <vector>
-
 #include "AcmMode.h"
 #include "AcmThreshold.h"
 #include "ETIResult.h"
 #include "Export.h"
+
+#include <vector>
 
 /// Adaptive modulation inside the DSP, handed out by `IDspApi::getAcmApi`. Results from 0x8000 are failures.
 class ZYR_EXPORT IDspAcmApi

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "Action.h"
 #include "EDspATxMode.h"
 #include "EDspChannelState.h"
@@ -12,6 +10,8 @@
 #include "PpsCalibration.h"
 #include "PpsOutputMode.h"
 #include "PpsSource.h"
+
+#include <cstdint>
 
 /// Configuration of one channel of the DSP, handed out by `IDspApi::getDspChannelApi`.
 ///

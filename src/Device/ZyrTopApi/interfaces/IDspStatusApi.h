@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-
 #include "DspErrorBlocks.h"
 #include "ETIResult.h"
 #include "Export.h"
 #include "MimoStatusStruct.h"
+
+#include <cstdint>
 
 /// Status of one channel of the DSP, handed out by `IDspApi::getDspStatusApi`.
 ///
@@ -99,7 +99,7 @@ class ZYR_EXPORT IDspStatusApi
 
   protected:
     /// Kept by the default body of `injectErrorBlocks`.
-    bool m_injectErrorBlocks{false};
-    int m_injectCycles{0};
-    unsigned m_injectPercentage{0};
+    bool m_injectErrorBlocks = false;
+    int m_injectCycles = 0;
+    unsigned m_injectPercentage = 0;
 };

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
-
 #include "CollaboratorResults.h"
 #include "IInterface.h"
+
+#include <cstdint>
 
 /// The radio frequencies of one channel, published as "IFrequencyController_<n>".
 class ZYR_EXPORT IFrequencyController : public IInterface

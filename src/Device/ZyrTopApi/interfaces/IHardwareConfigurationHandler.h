@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "CollaboratorResults.h"
 #include "ETIResult.h"
 #include "FFConfigType.h"
 #include "IInterface.h"
 #include "RadioFrameRecord.h"
+
+#include <cstdint>
+#include <vector>
 
 /// The radio frames and the hardware of the node, published as "IHardwareConfigurationHandler". Unless an
 /// operation says otherwise, results from 0x8000 are failures.

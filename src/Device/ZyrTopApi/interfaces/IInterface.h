@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "Export.h"
 #include "RadioChannel.h"
+
+#include <string>
 
 /// The root of all collaborators: what the interface broker holds under a name.
 ///

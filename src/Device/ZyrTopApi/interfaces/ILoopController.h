@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "CollaboratorResults.h"
 #include "IInterface.h"
 #include "LoopStatePair.h"
+
+#include <string>
+#include <vector>
 
 namespace nord::zyr::loops
 {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "LinkType.h"
 #include "MimoLockStatus.h"
 #include "Optional.h"
+
+#include <cstdint>
 
 /// MIMO of one channel, published as "IMimoController_<n>".
 class ZYR_EXPORT IMimoController : public IInterface

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <map>
-
 #include "CollaboratorResults.h"
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "Modulation.h"
 #include "ModulationAndCoding.h"
 #include "ReferenceSec.h"
+
+#include <map>
 
 /// Works out which output powers one channel can have, published as "IOutputPowerCalculator_<n>". Powers are
 /// in the calculator's unit and pass through unchanged.

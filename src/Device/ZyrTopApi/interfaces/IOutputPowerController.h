@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "ETxPowerActualStatus.h"
 #include "IInterface.h"
+
+#include <string>
 
 /// The transmitter of one channel.
 class ZYR_EXPORT IOutputPowerController : public IInterface

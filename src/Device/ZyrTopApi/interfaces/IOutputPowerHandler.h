@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "TxDetectorData.h"
+
+#include <cstdint>
 
 /// Test access to the transmitter chain. Looked up as "IOutputPowerHandler.1", with a full stop and always 1.
 ///

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "PpsOutputMode.h"
+
+#include <string>
 
 namespace nord::zyr::pps
 {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ERAUHResult.h"
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "RadioRestartStatus.h"
+
+#include <cstdint>
 
 /// The radio unit of one channel, published as "IRadio_<n>".
 class ZYR_EXPORT IRadio : public IInterface

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-
 #include "ERAUHResult.h"
 #include "IRadio.h"
 #include "RauPowerMode.h"
+
+#include <string>
 
 /// The radio unit of one channel with its services. It is published under a name of its own, also where the
 /// same object is published as `IRadio`. Results from 0x8000 are failures and are printed by their text.

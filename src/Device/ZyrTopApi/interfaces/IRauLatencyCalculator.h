@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "RauLatencyRequest.h"
+
+#include <cstdint>
 
 /// The latency of one channel's radio path, published as "IRauLatencyCalculator_<n>". Called by
 /// `CriManagePathLatency`.

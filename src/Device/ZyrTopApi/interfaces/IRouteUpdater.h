@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "RouteType.h"
+
+#include <cstdint>
+#include <map>
 
 /// The routes between radio channels and ports, published as "IRouteUpdater".
 class ZYR_EXPORT IRouteUpdater : public IInterface

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 #include "CollaboratorResults.h"
 #include "ETIResult.h"
 #include "IInterface.h"
+
+#include <cstdint>
 
 /// The received signal strength of one channel, published as "IRssiHandler_<n>". Levels are in the handler's
 /// unit. Results from 0x8000 are failures.

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "Modulation.h"
 #include "SdcPath.h"
 #include "SdcStatus.h"
+
+#include <cstdint>
 
 /// The space diversity combiner (SDC) of one channel, published as "ISpaceDiversityCombinerController_<n>".
 ///

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ETIResult.h"
 #include "IInterface.h"
 #include "SpectrumDiagnostics.h"
+
+#include <cstdint>
 
 /// Spectrum scans of one channel, published as "ISpectrumDiagnosticsController_<n>". Called by
 /// `CriGetSpectrumDiagnostics`; results from 0x8000 are failures.

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "CollaboratorResults.h"
 #include "ETxPowerOverrideState.h"
 #include "ForceLoopMode.h"
 #include "IInterface.h"
 #include "ReferenceSec.h"
 #include "TxRequestedStatus.h"
+
+#include <cstdint>
+#include <string>
 
 /// The output power of one channel as a whole. Powers are in the controller's unit and pass through
 /// unchanged. Unless an operation says otherwise, results from 0x8000 are failures.

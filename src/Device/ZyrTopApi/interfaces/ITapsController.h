@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "CollaboratorResults.h"
 #include "IInterface.h"
 #include "SpcObservee.h"
+
+#include <cstdint>
+#include <string>
 
 /// TAPS of one channel. Unless an operation says otherwise, results from 0x8000 are failures.
 class ZYR_EXPORT ITapsController : public IInterface, public SpcObservee<ITapsController>

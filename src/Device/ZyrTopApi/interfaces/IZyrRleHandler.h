@@ -1,9 +1,9 @@
 #pragma once
 
+#include "IInterface.h"
+
 #include <cstdint>
 #include <string>
-
-#include "IInterface.h"
 
 namespace zyr
 {

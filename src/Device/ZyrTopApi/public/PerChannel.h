@@ -45,7 +45,7 @@ class PerChannel
     static constexpr bool isChannel(std::uint32_t channel) { return channel - 1 < kChannels; }
 
     static constexpr std::size_t kChannels = 2;
-    std::array<Interface*, kChannels> m_collaborators{};
+    std::array<Interface*, kChannels> m_collaborators = {};
 };
 
 } // namespace zyr_top_api

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "ModulationAndCoding.h"
+
+#include <cstdint>
 
 namespace zyr_top_api
 {
@@ -10,8 +10,8 @@ namespace zyr_top_api
 /// A threshold at which the DSP switches the modulation, in the DSP's own unit.
 struct AcmThreshold
 {
-    ModulationAndCoding modulationAndCoding{ModulationAndCoding::UNDEFINED};
-    std::int32_t threshold{0};
+    ModulationAndCoding modulationAndCoding = ModulationAndCoding::UNDEFINED;
+    std::int32_t threshold = 0;
 };
 
 } // namespace zyr_top_api

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <string_view>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {
@@ -24,11 +24,11 @@ ZYR_EXPORT std::string_view basebandSdcDadeStatusToString(BasebandSdcDadeStatus 
 /// What the baseband combiner measures, in its own units. Commands report both SNIR negated.
 struct BasebandSdcStatusData
 {
-    std::int32_t gain{0};
-    std::int32_t xpiMain{0};
-    std::int32_t xpiDiversity{0};
-    std::int32_t snirMain{0};
-    std::int32_t snirDiversity{0};
+    std::int32_t gain = 0;
+    std::int32_t xpiMain = 0;
+    std::int32_t xpiDiversity = 0;
+    std::int32_t snirMain = 0;
+    std::int32_t snirDiversity = 0;
 };
 
 } // namespace zyr_top_api

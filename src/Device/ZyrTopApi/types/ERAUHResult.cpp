@@ -1,9 +1,9 @@
 #include "ERAUHResult.h"
 
-#include <ostream>
-
 #include "EnumText.h"
 #include "ResultLaw.h"
+
+#include <ostream>
 
 namespace zyr_top_api
 {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <iosfwd>
 #include <string>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {

@@ -1,8 +1,8 @@
 #include "FFConfigType.h"
 
-#include <ostream>
-
 #include "EnumText.h"
+
+#include <ostream>
 
 namespace zyr_top_api
 {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <string_view>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <string_view>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {
@@ -12,20 +12,20 @@ namespace zyr_top_api
 /// kHz.
 struct FrequencyCapability
 {
-    std::uint32_t FrequencyBand{0};
-    std::uint32_t FrequencySubBand{0};
-    std::uint32_t MinTXFrequency{0};
-    std::uint32_t MaxTXFrequency{0};
-    std::uint32_t MinRXFrequency{0};
-    std::uint32_t MaxRXFrequency{0};
-    std::uint32_t FrequencyStepSize{0};
-    std::uint32_t TXBaseFrequency{0};
-    std::uint32_t RXBaseFrequency{0};
-    std::uint32_t MinTXFrequencyStep{0};
-    std::uint32_t MaxTXFrequencyStep{0};
-    std::uint32_t MinRXFrequencyStep{0};
-    std::uint32_t MaxRXFrequencyStep{0};
-    std::uint32_t DuplexType{0}; ///< 0 variable, 1 fixed distance between the two directions.
+    std::uint32_t FrequencyBand = 0;
+    std::uint32_t FrequencySubBand = 0;
+    std::uint32_t MinTXFrequency = 0;
+    std::uint32_t MaxTXFrequency = 0;
+    std::uint32_t MinRXFrequency = 0;
+    std::uint32_t MaxRXFrequency = 0;
+    std::uint32_t FrequencyStepSize = 0;
+    std::uint32_t TXBaseFrequency = 0;
+    std::uint32_t RXBaseFrequency = 0;
+    std::uint32_t MinTXFrequencyStep = 0;
+    std::uint32_t MaxTXFrequencyStep = 0;
+    std::uint32_t MinRXFrequencyStep = 0;
+    std::uint32_t MaxRXFrequencyStep = 0;
+    std::uint32_t DuplexType = 0; ///< 0 variable, 1 fixed distance between the two directions.
 };
 
 /// The text of `FrequencyCapability::DuplexType`, "UNDEFINED" for a number without one.

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <string>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {

@@ -9,7 +9,7 @@ namespace zyr_top_api
 struct LoopStatePair
 {
     std::string loopName;
-    bool closed{false}; ///< True closed, false open.
+    bool closed = false; ///< True closed, false open.
 };
 
 } // namespace zyr_top_api

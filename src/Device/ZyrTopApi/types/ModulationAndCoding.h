@@ -1,13 +1,13 @@
 #pragma once
 
+#include "Export.h"
+#include "Modulation.h"
+
 #include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "Export.h"
-#include "Modulation.h"
 
 namespace zyr_top_api
 {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Export.h"
+
 #include <exception>
 #include <optional>
 #include <utility>
-
-#include "Export.h"
 
 namespace general_classes
 {

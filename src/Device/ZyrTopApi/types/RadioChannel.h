@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <string>
-
-#include "Export.h"
 
 namespace zyr_top_api
 {
@@ -28,7 +28,7 @@ class ZYR_EXPORT RadioChannel
     std::string logString() const;
 
   private:
-    std::uint32_t m_number{1};
+    std::uint32_t m_number = 1;
 };
 
 /// The form of a channel in records: a `RadioChannel` that takes a plain number.

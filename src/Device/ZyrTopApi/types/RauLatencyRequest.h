@@ -11,10 +11,10 @@ namespace zyr_top_api
 /// One receive path of a `RauLatencyRequest`: twelve bytes.
 struct RauLatencyGroup
 {
-    std::int32_t value{0};      ///< The path's latency, 0 if it isn't given.
-    std::uint8_t hasValue{0};   ///< 1 if `value` is given.
-    std::uint8_t secondFlag{1}; ///< Always 1, also in groups that are never filled.
-    std::array<std::uint8_t, 6> reserved{};
+    std::int32_t value = 0;      ///< The path's latency, 0 if it isn't given.
+    std::uint8_t hasValue = 0;   ///< 1 if `value` is given.
+    std::uint8_t secondFlag = 1; ///< Always 1, also in groups that are never filled.
+    std::array<std::uint8_t, 6> reserved = {};
 };
 
 /// The latencies of the receive paths as the calculator takes them.
@@ -23,7 +23,7 @@ struct RauLatencyGroup
 /// to the byte. Groups 1, 3 and 4 are never filled.
 struct RauLatencyRequest
 {
-    std::array<std::uint8_t, 8> reserved{};
+    std::array<std::uint8_t, 8> reserved = {};
     RauLatencyGroup group1;
     RauLatencyGroup group2; ///< XPIC slave.
     RauLatencyGroup group3;

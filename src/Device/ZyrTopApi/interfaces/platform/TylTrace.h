@@ -71,5 +71,5 @@ class ZYR_EXPORT TylTrace
     const char* m_name;
     TylTraceLevel m_defaultLevel;
     TylTraceHdrOption m_headerOption;
-    mutable std::atomic<TylTraceLevel> m_level{kUnattached};
+    mutable std::atomic<TylTraceLevel> m_level = kUnattached;
 };

@@ -1,5 +1,4 @@
 #include "CriGetAirInterfaceCapabilityImpl.h"
-
 #include "EnumText.h"
 #include "Failure.h"
 #include "Initialise.h"

@@ -57,7 +57,7 @@ class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
         std::string_view mimoStatus;
         bool basebandSdcIsStarted = false;
         BasebandSdcStatusData basebandSdc;
-        BasebandSdcDadeStatus dadeStatus{};
+        BasebandSdcDadeStatus dadeStatus = {};
         std::int32_t dadeDelay = 0;
         std::uint32_t calibrationData = 0;
         PpfLockedStatus ppfLocked = PpfLockedStatus::notSupported;

@@ -1,7 +1,6 @@
 // What the collaborators of the channel say, in the order in which they are asked.
 
 #include "CriGetRadioChannelStatusImpl.h"
-
 #include "Failure.h"
 #include "IDspChannelApi.h"
 #include "IDspControlApi.h"

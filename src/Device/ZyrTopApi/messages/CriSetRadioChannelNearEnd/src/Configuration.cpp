@@ -1,7 +1,6 @@
 // One pass of the configuration: its phases in order, and those of them that are a call or two.
 
 #include "CriSetRadioChannelNearEndImpl.h"
-
 #include "Failure.h"
 #include "Log.h"
 #include "ResultLaw.h"

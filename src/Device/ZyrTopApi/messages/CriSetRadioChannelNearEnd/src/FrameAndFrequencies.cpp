@@ -1,7 +1,6 @@
 // The radio frame, the RSSI threshold, the frequencies and the radio unit's IF switch.
 
 #include "CriSetRadioChannelNearEndImpl.h"
-
 #include "Failure.h"
 #include "Log.h"
 #include "ResultLaw.h"

@@ -2,7 +2,6 @@
 // DSP.
 
 #include "CriSetRadioChannelNearEndImpl.h"
-
 #include "Failure.h"
 #include "IDspControlApi.h"
 #include "Log.h"

@@ -1,7 +1,6 @@
 // The transmitter is forced off while the channel is reconfigured, and handed back at the end.
 
 #include "CriSetRadioChannelNearEndImpl.h"
-
 #include "DefaultSleepApi.h"
 #include "Failure.h"
 #include "IDspControlApi.h"

@@ -35,7 +35,7 @@ class ZYR_EXPORT TiManageRadioChannelStatusImpl : public TiManageRadioChannelSta
     /// What is read before the response is filled.
     struct Readings
     {
-        ETxPowerActualStatus txStatus{};
+        ETxPowerActualStatus txStatus = {};
         bool isLinkUp = false;
         ModulationAndCoding currentTx = ModulationAndCoding::UNDEFINED;
         ModulationAndCoding currentRx = ModulationAndCoding::UNDEFINED;

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "IBasebandSdcController.h"
+#include "SimulatedCollaborator.h"
+
+#include <cstdint>
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations basebandSdcControllerOperations{
+    "IBasebandSdcController", "start",         "stop",       "startDadeCalibration", "abortDadeCalibration",
+    "resetDadeCalibration",   "setDadeParams", "setChannels"};
+
+/// The space diversity combiner in the baseband of a channel. A calibration takes `dadeCalibrationTime`, its
+/// stopping `dadeStopTime`.
+class SimulatedBasebandSdcController final
+    : public SimulatedCollaborator<IBasebandSdcController, basebandSdcControllerOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    zyr_top_api::ETIResult start(bool isCalibrationRequired) override;
+    zyr_top_api::ETIResult stop() override;
+
+    /// Refused unless the combiner is started.
+    zyr_top_api::ETIResult startDadeCalibration() override;
+
+    /// Does nothing if no calibration is running.
+    zyr_top_api::ETIResult abortDadeCalibration() override;
+
+    /// Answers 0x1003 and does nothing while a calibration is running.
+    zyr_top_api::ETIResult resetDadeCalibration() override;
+    zyr_top_api::ETIResult setDadeParams(std::uint16_t mainData, std::uint16_t diversityData) override;
+    zyr_top_api::ETIResult setChannels(bool mainEnabled, bool diversityEnabled) override;
+    bool isStarted() override;
+
+    /// In tenths of a dB. SNIR is given as a noise ratio, that is negated; a path that is off has none.
+    zyr_top_api::BasebandSdcStatusData getStatus() override;
+    zyr_top_api::BasebandSdcDadeStatus getDadeStatus() override;
+
+    /// What the parameters of the two paths differ by, once calibrated.
+    std::int32_t getDadeDelay() override;
+    std::uint32_t getCalibrationData() override;
+
+  private:
+    BasebandSdcState& sdc() const { return channel().basebandSdc; }
+    void beginCalibration() const;
+};
+
+} // namespace zyr_simulation

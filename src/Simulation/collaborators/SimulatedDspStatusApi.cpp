@@ -1,0 +1,157 @@
+#include "SimulatedDspStatusApi.h"
+
+#include "DualStream.h"
+#include "Hop.h"
+#include "Processes.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zyr_simulation
+{
+
+using zyr_top_api::DspErrorBlocks;
+using zyr_top_api::ETIResult;
+using zyr_top_api::MimoLockStatus;
+using zyr_top_api::MimoStatusStruct;
+
+namespace
+{
+
+constexpr std::int16_t slaveInternalAgc = -120;
+constexpr std::int16_t slaveExternalAgc = -80;
+constexpr std::int16_t slaveDifferentialGain = 3;
+
+std::int32_t counted(double count)
+{
+    constexpr double greatest = std::numeric_limits<std::int32_t>::max();
+    constexpr double roundingError = 1e-6; // of the sum of many small parts
+    return static_cast<std::int32_t>(std::min(count + roundingError, greatest));
+}
+
+/// Whole seconds up to a moment, counting a part as one.
+int secondsUntil(std::chrono::nanoseconds now, std::chrono::nanoseconds moment)
+{
+    return static_cast<int>(
+        std::chrono::ceil<std::chrono::seconds>(std::max(moment - now, std::chrono::nanoseconds::zero()))
+            .count());
+}
+
+} // namespace
+
+bool SimulatedDspStatusApi::isLinkUp()
+{
+    return locked([&] { return receiver().isLinkUp; });
+}
+
+ETIResult SimulatedDspStatusApi::getErrorBlocks(DspErrorBlocks& blocks, bool reset)
+{
+    return access("getErrorBlocks", [&] {
+        auto& received = receiver().received;
+        blocks.erroredBlocks = counted(received.erroredBlocks);
+        blocks.backgroundBlocks = counted(received.blocks);
+        blocks.errorBytes = counted(received.erroredBlocks * bytesPerBlock);
+        blocks.totalBytes = counted(received.blocks * bytesPerBlock);
+        if (reset) {
+            received.blocks = 0;
+            received.erroredBlocks = 0;
+        }
+    });
+}
+
+std::int32_t SimulatedDspStatusApi::getSnir()
+{
+    return locked([&] { return -receiver().snir; });
+}
+
+std::int32_t SimulatedDspStatusApi::getLowestSnir(bool reset)
+{
+    return locked([&] {
+        const auto lowest = receiver().lowestSnir.value_or(0);
+        if (reset) {
+            receiver().lowestSnir.reset();
+        }
+        return -lowest;
+    });
+}
+
+std::int32_t SimulatedDspStatusApi::getEbSinceLastRxLock()
+{
+    return locked([&] { return counted(receiver().received.erroredSinceLock); });
+}
+
+std::int32_t SimulatedDspStatusApi::getRxLockedCounter()
+{
+    return locked([&] { return receiver().lockedCounter; });
+}
+
+ETIResult SimulatedDspStatusApi::getSlaveAgc(std::int16_t& internalAgc, std::int16_t& externalAgc)
+{
+    return access("getSlaveAgc", [&] {
+        internalAgc = slaveInternalAgc;
+        externalAgc = slaveExternalAgc;
+    });
+}
+
+ETIResult SimulatedDspStatusApi::getIqSlaveImbalance(std::int16_t& first, std::int16_t& differentialGain,
+                                                     std::int16_t& third, std::int16_t& fourth,
+                                                     std::int16_t& fifth)
+{
+    return access("getIqSlaveImbalance", [&] {
+        first = third = fourth = fifth = 0;
+        differentialGain = slaveDifferentialGain;
+    });
+}
+
+ETIResult SimulatedDspStatusApi::mimoStatusGet(MimoStatusStruct& status)
+{
+    return access("mimoStatusGet", [&] {
+        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
+        const bool sweeps = node().now() < channel().xpic.sweepsUntil;
+        status = {};
+        status.slaveSweepInProgress = sweeps;
+        status.spatialSlaveSweepStatus = sweeps;
+        status.diversityMute = channel().mimo.isDiversityMuted;
+        if (isLocked) {
+            status.etaTenThousands = static_cast<std::uint32_t>(eta_tenThousandths(node(), channel()));
+            status.xpdDbTenths = crossPolarIsolation(node(), channel());
+            status.spatialXpdDbTenths = status.xpdDbTenths;
+            status.slaveCarrierOffsetHz = carrierOffset_Hz(node(), channel());
+            status.spatialCarrierOffsetHz = status.slaveCarrierOffsetHz;
+            status.spatialSlaveCarrierOffsetHz = status.slaveCarrierOffsetHz;
+        }
+    });
+}
+
+void SimulatedDspStatusApi::injectErrorBlocks(bool inject, int cycles, unsigned percentage)
+{
+    locked([&] {
+        const std::chrono::seconds duration(std::max(cycles, 0));
+        receiver().injectsErrors = inject;
+        receiver().injectedPercentage = percentage;
+        receiver().injectsUntil = node().settleAfter(duration);
+    });
+}
+
+bool SimulatedDspStatusApi::getInjectErrorBlocksData(int& cycles)
+{
+    return locked([&] {
+        cycles = receiver().injectsErrors ? secondsUntil(node().now(), receiver().injectsUntil) : 0;
+        return cycles > 0;
+    });
+}
+
+void SimulatedDspStatusApi::injectComError(unsigned resultCode, unsigned counter)
+{
+    locked([&] { channel().dsp.statusFailure = {resultCode, counter}; });
+}
+
+ETIResult SimulatedDspStatusApi::getRxXcStatusLevel(std::int16_t* ch0, std::int16_t* ch1)
+{
+    return access("getRxXcStatusLevel", [&] {
+        *ch0 = static_cast<std::int16_t>(receiver().level);
+        *ch1 = static_cast<std::int16_t>(channel().xpic.isStarted() ? receiver().level : noLevel_dBmTenths);
+    });
+}
+
+} // namespace zyr_simulation

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ILoopController.h"
+#include "SimulatedCollaborator.h"
+
+#include <string>
+#include <vector>
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations loopControllerOperations{"ILoopController", "getLoops", "setLoop"};
+
+/// The loops of the node: "IfLoop1" and, where the radio type has one, "RfLoop1", and the same for channel 2.
+/// A closed loop cuts the far end off.
+class SimulatedLoopController final
+    : public SimulatedCollaborator<nord::zyr::loops::ILoopController, loopControllerOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    ResultCode getLoops(std::vector<zyr_top_api::LoopStatePair>& loops) override;
+    ResultCode setLoop(const std::string& loopName, bool closed) override;
+
+  private:
+    struct Loop
+    {
+        std::string name;
+        bool& isClosed;
+    };
+
+    std::vector<Loop> loopsOfNode() const;
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "IRauHandler.h"
+#include "SimulatedCollaborator.h"
+
+#include <cstdint>
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations rauHandlerOperations{
+    "IRauHandler",      "triggerRestart",    "endRestart",   "setPowerSupplied",
+    "setActiveSubBand", "setTxIfSwitch2T2R", "setPowerMode", "getPowerMode"};
+
+/// The radio unit of a channel with its services; the same object serves as `IRadio`. A unit that isn't up
+/// refuses what it would have to carry out.
+class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, rauHandlerOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    /// Whether the unit answers: it is there, has power and isn't restarting.
+    bool isAvailable() override;
+
+    /// The restart takes `radioRestartTime` and fails if the unit isn't there then.
+    zyr_top_api::ERAUHResult triggerRestart(unsigned restartType) override;
+    zyr_top_api::RadioRestartStatus getRestartStatus() override;
+    zyr_top_api::ERAUHResult endRestart() override;
+    bool isPowerSupplied() override;
+
+    /// Any number but 0 gives power.
+    zyr_top_api::ERAUHResult setPowerSupplied(std::uint32_t value) override;
+    zyr_top_api::ETIResult setActiveSubBand(unsigned char subBand) override;
+
+    /// Refused by a unit with one transmitter.
+    zyr_top_api::ERAUHResult setTxIfSwitch2T2R(unsigned mode, unsigned channelIndex) override;
+
+    /// Transmitter 255 stands for both: the mode's lower two bits are for the first one, the next two for the
+    /// second.
+    zyr_top_api::ERAUHResult setPowerMode(zyr_top_api::RauPowerMode mode) override;
+    zyr_top_api::ERAUHResult getPowerMode(unsigned char trxId, unsigned char& powerMode) override;
+    bool isRau2T2R() override;
+
+  private:
+    RadioState& radio() const { return channel().radio; }
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ISpcSimulator.h"
+#include "SimulatedCollaborator.h"
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations spcSimulatorOperations{"ISpcSimulator", "simulate"};
+
+/// The simulator of power control of a channel: keeps the sweep and the object that it runs on.
+class SimulatedSpcSimulator final : public SimulatedCollaborator<ISpcSimulator, spcSimulatorOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    /// Refuses a mode above 2.
+    ESPCResult simulate(unsigned mode, int min, int max, double start, double step) override;
+
+    /// True as long as an object is under simulation, also when the sweep has been stopped.
+    bool isSimulating() override;
+    ISpcSimulatedObject* getSimulatedObject() override;
+    void setSimulated(ISpcSimulatedObject* object, bool simulated) override;
+
+  private:
+    ISpcSimulatedObject* m_object = nullptr;
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "IZyrRleHandler.h"
+#include "SimulatedCollaborator.h"
+
+#include <cstdint>
+#include <string>
+
+namespace zyr_simulation
+{
+
+inline constexpr CollaboratorOperations zyrRleHandlerOperations{"IZyrRleHandler", "setRadioLinkEncryption"};
+
+/// The encryption of a channel's radio link. The key is looked at and forgotten.
+class SimulatedZyrRleHandler final
+    : public SimulatedCollaborator<zyr::IZyrRleHandler, zyrRleHandlerOperations>
+{
+  public:
+    using SimulatedCollaborator::SimulatedCollaborator;
+
+    /// 0 not encrypted, 1 encrypted and the link is up, 2 encrypted and the link is down.
+    std::int32_t getRleStatus() override;
+
+    /// Refuses to encrypt without a key.
+    bool setRadioLinkEncryption(const std::string& masterKey, std::uint32_t txFrequency_kHz,
+                                std::uint32_t rxFrequency_kHz, bool enableRle) override;
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "AlarmEvent.h"
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zyr_simulation
+{
+
+/// Names of the alarms that the simulated node raises.
+namespace alarm
+{
+
+inline constexpr std::string_view acmDisabled = "AcmDisabled"; ///< ACM was switched off on the channel.
+inline constexpr std::string_view txOff = "TxOff";             ///< The channel's transmitter went off.
+inline constexpr std::string_view linkDown = "LinkDown";       ///< The channel's receiver lost the far end.
+inline constexpr std::string_view dspRecovery =
+    "DspRecovery"; ///< The DSP restarts; channel 0, the whole node.
+
+} // namespace alarm
+
+/// The alarms of the node, and the place where long polls wait for a change of them.
+///
+/// An alarm is known from the first time that it is raised. Everything here is guarded by the node's mutex:
+/// operations are called with that mutex held; those that wait take the lock and give it up while they wait.
+class AlarmBoard
+{
+  public:
+    /// How a wait for a change ended.
+    enum class WaitResult
+    {
+        Changed,  ///< The alarms differ from the view.
+        Released, ///< The wait was released, or the board is shut down.
+    };
+
+    /// Raises an alarm, or does nothing if it is active.
+    void raise(std::string_view name, unsigned channel);
+
+    /// Clears an alarm, or does nothing if it isn't active.
+    void clear(std::string_view name, unsigned channel);
+
+    /// Raises or clears an alarm.
+    void set(std::string_view name, unsigned channel, bool active);
+
+    /// Forgets the counts of the alarms that aren't active; the alarms stay known.
+    void resetCountsOfInactive();
+
+    /// All known alarms, by name and then by channel.
+    std::vector<zyr_top_api::AlarmEvent> all() const;
+
+    /// The alarms that are raised now, in the same order.
+    std::vector<zyr_top_api::AlarmEvent> active() const;
+
+    /// Waits until the alarms differ from a view of them: as sets, by name and channel, in flag and count.
+    WaitResult waitForChange(std::unique_lock<std::mutex>& lock,
+                             const std::vector<zyr_top_api::AlarmEvent>& view);
+
+    /// Ends all waits that are under way, and none that begins later.
+    void release();
+
+    /// Ends all waits, and lets none begin any more.
+    void shutdown();
+
+    /// How many waits are under way.
+    unsigned waiting() const { return m_waiting; }
+
+  private:
+    using Key = std::pair<std::string, unsigned>;
+    struct Condition
+    {
+        bool isActive = false;
+        std::int32_t count = 0;
+
+        bool operator==(const Condition&) const = default;
+    };
+
+    bool differsFrom(const std::vector<zyr_top_api::AlarmEvent>& view) const;
+
+    std::map<Key, Condition> m_alarms;
+    std::condition_variable m_changed;
+    unsigned m_waiting = 0;
+    std::uint64_t m_releases = 0;
+    bool m_isShutDown = false;
+};
+
+} // namespace zyr_simulation

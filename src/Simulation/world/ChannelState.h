@@ -1,0 +1,347 @@
+#pragma once
+
+#include "AcmMode.h"
+#include "BasebandSdcStatus.h"
+#include "EDspATxMode.h"
+#include "EDspChannelState.h"
+#include "ETxPowerActualStatus.h"
+#include "ETxPowerOverrideState.h"
+#include "ForceLoopMode.h"
+#include "InjectedFailure.h"
+#include "LinkType.h"
+#include "MimoCalibrationStatus.h"
+#include "ModemChain.h"
+#include "Modulation.h"
+#include "ModulationAndCoding.h"
+#include "PpsCalibration.h"
+#include "PpsOutputMode.h"
+#include "PpsSource.h"
+#include "RadioRestartStatus.h"
+#include "ReferenceSec.h"
+#include "SdcPath.h"
+#include "SdcStatus.h"
+#include "TapsLogData.h"
+#include "TxRequestedStatus.h"
+#include "XpicMimoPreamble.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace zyr_simulation
+{
+
+/// What stands for "no level": of a transmitter that is off, of a receiver that hears nothing. In tenths of a
+/// dBm.
+inline constexpr std::int32_t noLevel_dBmTenths = -990;
+
+/// The transmitter and its power control. Powers are in tenths of a dBm.
+struct TransmitterState
+{
+    zyr_top_api::TxRequestedStatus requested = zyr_top_api::TxRequestedStatus::Off;
+    zyr_top_api::ETxPowerOverrideState overridden = zyr_top_api::ETxPowerOverrideState::AsRequested;
+    zyr_top_api::ETxPowerActualStatus status = zyr_top_api::ETxPowerActualStatus::Off;
+    zyr_top_api::ETxPowerActualStatus target{
+        zyr_top_api::ETxPowerActualStatus::Off}; ///< Where the status goes.
+    std::chrono::nanoseconds switchesAt{0};      ///< When the status gets there.
+    std::int32_t minPower = 0;                   ///< The commanded window.
+    std::int32_t maxPower = 0;
+    std::int32_t farEndTarget = 0;          ///< The level that the far end shall receive.
+    std::int32_t power = noLevel_dBmTenths; ///< What is transmitted now.
+    unsigned maxPowerCutback = 0;
+    bool temporaryCutbackSet = false;
+    std::int32_t temporaryCutback = 0;
+    bool temporaryPmaxCapability = false;
+    bool fallbackEnabled = false;
+    std::int32_t fallbackPower = 0;
+    unsigned fallbackTimer = 0;
+    zyr_top_api::ReferenceSec referenceSec = zyr_top_api::ReferenceSec::Sec2;
+    unsigned toldFrequency_kHz = 0; ///< The frequency that power control was told last.
+    unsigned iqFrequency_kHz = 0;   ///< The frequency that the IQ compensation was told last.
+    unsigned warmRestartSyncs = 0;
+    bool requestedBarred = false; ///< A test holds the requested status.
+    bool targetBarred = false;    ///< A test holds the target level.
+    bool windowBarred = false;    ///< A test holds the window.
+    bool ignoresLimits = false;   ///< The window may leave the radio's limits.
+    zyr_top_api::ForceLoopMode loopMode = zyr_top_api::ForceLoopMode::NormalOperation;
+    std::map<std::pair<unsigned, unsigned>, double> gains; ///< By loop and kind.
+    int boosterPresence = 0;
+    int boosterGain = 0;
+    int boosterMaxInputPower = 0;
+    zyr_top_api::Modulation boosterMaxModulation = zyr_top_api::Modulation::UNDEFINED;
+};
+
+/// TAPS. The values are the commands' own.
+struct TapsState
+{
+    bool enabled = false;
+    bool hrlbEnabled = false;
+    std::int32_t idleRateOffset = 0;
+    double idleRateThresholdFactor = 1.0;
+    std::int32_t kValue = 0;
+};
+
+/// The log of TAPS.
+struct TapsLogState
+{
+    bool isActive = false;
+    unsigned period_s = 1;
+    std::chrono::nanoseconds nextSampleAt{0};
+    std::deque<zyr_top_api::TapsLogData> samples = {}; ///< Oldest first.
+};
+
+/// What test commands set in the chain of the transmitter. It doesn't act on the power that is sent.
+struct TransmitterChainState
+{
+    bool isRfGainBarred = false;
+    std::int32_t rfGain = 0;
+    bool isIfPowerBarred = false;
+    std::int32_t ifPower = 0;
+};
+
+/// The simulator of power control.
+struct SpcSimulationState
+{
+    bool isObjectSimulated = false; ///< Power control sees the sweep in place of the real level.
+    unsigned mode = 2;              ///< 0 up, 1 down, 2 stopped.
+    std::int32_t min = 0;
+    std::int32_t max = 0;
+    double start = 0;
+    double step = 0;
+    std::map<unsigned, double> atpcGains = {}; ///< By kind.
+};
+
+/// Loops that send the channel's signal back to it. A closed one cuts the far end off.
+struct LoopState
+{
+    bool isIfLoopClosed = false;
+    bool isRfLoopClosed = false;
+
+    bool isClosed() const { return isIfLoopClosed || isRfLoopClosed; }
+};
+
+/// The compensation of the radio path's latency.
+struct LatencyState
+{
+    bool isCompensated = false;
+    std::uint32_t compensation = 0;
+    unsigned setInRecovery = 0; ///< The count of recoveries of the DSP when it was set.
+};
+
+/// The space diversity combiner of the radio unit.
+struct SdcState
+{
+    zyr_top_api::SdcStatus operation = zyr_top_api::SdcStatus::Inactive;
+    std::chrono::nanoseconds operationEndsAt{0};
+    zyr_top_api::SdcStatus dade = zyr_top_api::SdcStatus::Inactive;
+    std::chrono::nanoseconds dadeEndsAt{0};
+    zyr_top_api::SdcPath path = zyr_top_api::SdcPath::Main;
+    zyr_top_api::Modulation maxModulation = zyr_top_api::Modulation::UNDEFINED;
+    std::int32_t spacingCode = 0;
+    bool xpicEnabled = false;
+};
+
+/// A scan of the spectrum.
+struct SpectrumScanState
+{
+    bool isStarted = false;
+    bool isSubBand = false;
+    std::uint32_t first_kHz = 0;
+    std::uint32_t step_kHz = 0;
+    std::size_t points = 0;
+    std::chrono::nanoseconds startedAt{0};
+    std::chrono::nanoseconds timePerPoint{1};
+};
+
+/// The radio unit.
+struct RadioState
+{
+    bool isAvailable = true; ///< The unit answers; set from outside.
+    bool isPowerSupplied = true;
+    zyr_top_api::RadioRestartStatus restart = zyr_top_api::RadioRestartStatus::Idle;
+    std::chrono::nanoseconds restartEndsAt{0};
+    unsigned preparations = 0; ///< How many restarts power control has been prepared for.
+    unsigned subBand = 0;
+    unsigned powerMode = 0; ///< Two bits for each transmitter, the first one's lowest.
+    std::map<unsigned, unsigned> ifSwitchModes = {}; ///< By the channel's index, 0 or 1.
+
+    /// Whether the unit can serve now.
+    bool isUp() const
+    {
+        return isAvailable && isPowerSupplied && restart != zyr_top_api::RadioRestartStatus::Restarting;
+    }
+};
+
+/// Received blocks and bytes since the last reset. Fractions are kept between two readings.
+struct ReceivedBlocks
+{
+    double blocks = 0;
+    double erroredBlocks = 0;
+    double erroredSinceLock = 0;
+};
+
+/// What the hop gives the receiver, as it was worked out last. Levels in tenths of a dB or of a dBm.
+struct ReceiverState
+{
+    std::chrono::nanoseconds settledAt{0};
+    bool isLinkUp = false;
+    std::int32_t level = noLevel_dBmTenths;
+    std::optional<std::int32_t> lowestLevel = {}; ///< Since its last reset, while the radio served.
+    std::int32_t snir = 0;
+    std::optional<std::int32_t> lowestSnir = {}; ///< Since its last reset, while the link was up.
+    std::int32_t farEndSnir = 0;                 ///< What the far end receives from here.
+    std::int32_t threshold = 0;                  ///< RSSI threshold.
+    // `UNDEFINED` while there is no traffic; the lowest ones since their last reset.
+    zyr_top_api::ModulationAndCoding rxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding txModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding lowestRxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding lowestTxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    std::int32_t lockedCounter = 0;
+    ReceivedBlocks received;
+    bool injectsErrors = false;
+    std::chrono::nanoseconds injectsUntil{0};
+    unsigned injectedPercentage = 0;
+};
+
+/// Cross-polar interference cancelling.
+struct XpicState
+{
+    bool isBarred = false;
+    zyr_top_api::LinkType linkType = zyr_top_api::LinkType::Disable;
+    bool isMuted = false;
+    zyr_top_api::XpicMimoPreamble preamble = zyr_top_api::XpicMimoPreamble::Preamble_A;
+    std::chrono::nanoseconds sweepsUntil{0};
+
+    bool isStarted() const { return linkType != zyr_top_api::LinkType::Disable; }
+};
+
+/// MIMO.
+struct MimoState
+{
+    zyr_top_api::LinkType linkType = zyr_top_api::LinkType::Disable;
+    bool isSpatialMuted = false;
+    bool isDiversityMuted = false;
+    unsigned configurations = 0;
+    std::chrono::nanoseconds calibrationEndsAt{0};
+    zyr_top_api::MimoCalibrationStatus calibration = zyr_top_api::MimoCalibrationStatus::Disabled;
+
+    bool isStarted() const { return linkType != zyr_top_api::LinkType::Disable; }
+};
+
+/// The space diversity combiner in the baseband.
+struct BasebandSdcState
+{
+    bool isStarted = false;
+    bool mainEnabled = true;
+    bool diversityEnabled = true;
+    std::uint16_t mainData = 0;
+    std::uint16_t diversityData = 0;
+    zyr_top_api::BasebandSdcDadeStatus dade = zyr_top_api::BasebandSdcDadeStatus::CalibrationNotStarted;
+    std::chrono::nanoseconds dadeEndsAt{0}; ///< When a calibration, or its stopping, ends.
+};
+
+/// The pulse per second.
+struct PpsState
+{
+    bool isConfigured = false;
+    bool isSlave = false;
+    zyr_top_api::PpsOutputMode outputMode = zyr_top_api::PpsOutputMode::Off;
+    zyr_top_api::PpsSource source = zyr_top_api::PpsSource::Internal;
+    std::uint32_t offset_ns = 0;
+    zyr_top_api::PpsCalibStatus calibration = zyr_top_api::PpsCalibStatus::NotCalibrated;
+    zyr_top_api::PpsCalibReasonOfFailure reasonOfFailure = zyr_top_api::PpsCalibReasonOfFailure::NotRelevant;
+    bool repeats = false; ///< The automatic mode is on.
+    std::uint16_t period_ms = 0;
+    std::chrono::nanoseconds calibrationEndsAt{0}; ///< When the running step of a calibration ends.
+    std::int16_t asymmetry_ns = 0;
+};
+
+/// The signal that a chain of the DSP transmits.
+struct TxSignal
+{
+    zyr_top_api::EDspATxMode mode = zyr_top_api::eDspATxModeNormal;
+    int sweepTime = 0;
+    int toneFrequency = 0;
+};
+
+/// The channel's part of the DSP.
+struct DspChannelState
+{
+    std::map<bcm::types::ModemChain, TxSignal> txSignals;
+    std::map<bcm::types::ModemChain, std::uint8_t> rxChainDelays;
+    std::map<bcm::types::ModemChain, std::uint8_t> equalizerDelays;
+    std::int32_t txIfFrequency = 0;
+    std::int32_t rxIfFrequency = 0;
+    std::int32_t filters = 0;
+    zyr_top_api::AcmRlpControl rlpControl = zyr_top_api::AcmRlpControl::Normal;
+    zyr_top_api::AcmMode acmMode = zyr_top_api::AcmMode::Active;
+    zyr_top_api::AcmModePosition acmModePosition = zyr_top_api::AcmModePosition::Internal;
+    InjectedFailure controlFailure;
+    InjectedFailure statusFailure;
+    InjectedFailure i2cFailure;
+    InjectedFailure acmEnableFailure;
+    InjectedFailure acmThresholdFailure;
+};
+
+/// The encryption of the radio link. The key itself is kept nowhere.
+struct EncryptionState
+{
+    bool isEnabled = false;
+    std::uint32_t txFrequency_kHz = 0;
+    std::uint32_t rxFrequency_kHz = 0;
+};
+
+/// Everything that the node knows about one radio channel: what commands have set, and what follows from it.
+struct ChannelState
+{
+    unsigned number = 0; ///< 1 or 2.
+
+    // Adaptive coding and modulation.
+    bool acmEnabled = false;
+    bool acmMuted = false;           ///< Held at the lowest modulation while something else changes.
+    bool acmConfigured = false;      ///< ACM has been enabled since the frame was set first.
+    bool modulationDisabled = false; ///< The DSP sends a test signal in place of traffic.
+    bool thresholdsCached = false;
+    unsigned acmSyncs = 0; ///< Synchronisations behind a warm restart.
+    zyr_top_api::ModulationAndCoding minModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding maxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    std::map<zyr_top_api::Modulation, int> farEndPmaxCapability = {};
+    bool farEndPmaxCached = false; ///< The capability waits for the channel to be configured.
+
+    // Configuration.
+    unsigned radioFrameId = 0; ///< 0 when no frame is set.
+    unsigned txFrequency_kHz = 0;
+    unsigned rxFrequency_kHz = 0;
+    bool closingPhasesRun = false; ///< The phases that close a configuration have run.
+
+    TransmitterState transmitter = {};
+    TapsState taps = {};
+    RadioState radio = {};
+    ReceiverState receiver = {};
+    XpicState xpic = {};
+    MimoState mimo = {};
+    BasebandSdcState basebandSdc = {};
+    PpsState pps = {};
+    DspChannelState dsp = {};
+    EncryptionState encryption = {};
+    TapsLogState tapsLog = {};
+    TransmitterChainState transmitterChain = {};
+    SpcSimulationState spcSimulation = {};
+    LoopState loops = {};
+    LatencyState latency = {};
+    SdcState sdc = {};
+    SpectrumScanState scan = {};
+
+    /// How far the channel is configured, a restart of the DSP left aside: not at all ("blocked"), all but
+    /// the closing phases ("acm configured"), whole ("configured"), or anything else ("incomplete").
+    zyr_top_api::EDspChannelState configuration() const;
+
+    /// Whether the DSP of the channel is configured for traffic.
+    bool isConfigured() const { return configuration() == zyr_top_api::EDspChannelState::Configured; }
+};
+
+} // namespace zyr_simulation

@@ -1,0 +1,225 @@
+#include "Hop.h"
+
+#include "FrameDatabase.h"
+#include "ModulationLadder.h"
+#include "RadioType.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zyr_simulation
+{
+
+namespace
+{
+
+using zyr_top_api::ETxPowerActualStatus;
+using zyr_top_api::ForceLoopMode;
+using zyr_top_api::ModulationAndCoding;
+using Seconds = std::chrono::duration<double>;
+
+constexpr double noiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
+constexpr std::int32_t snirCeiling_dBTenths = 450;
+constexpr double powerStepPerBit_dBTenths = 5.0;
+
+/// Below this distance to the SNIR that the modulation needs, blocks come errored: up to so many of them.
+constexpr double scarceMargin_dBTenths = 10.0;
+constexpr double greatestErrorShare = 0.02;
+
+/// The channels' fading: two waves, each with its own period and a phase that follows from seed and channel.
+double fading_dBTenths(const NodeState& node, const ChannelState& channel)
+{
+    constexpr double firstPeriod_s = 97.0;
+    constexpr double secondPeriod_s = 41.0;
+    const auto time = Seconds(node.now()).count();
+    const auto phase = static_cast<double>(node.settings.seed) * 0.7 + channel.number * 1.9;
+    const auto wave = std::sin(2 * std::numbers::pi * time / firstPeriod_s + phase) +
+                      std::sin(2 * std::numbers::pi * time / secondPeriod_s + 2 * phase);
+    return node.settings.fading_dBTenths * wave / 2;
+}
+
+std::int32_t rounded(double value)
+{
+    return static_cast<std::int32_t>(std::lround(value));
+}
+
+/// A level or a power as it can be: commands and settings may give any number.
+std::int32_t level(double value_dBmTenths)
+{
+    constexpr double greatest_dBmTenths = 1000.0;
+    return rounded(std::clamp(value_dBmTenths, static_cast<double>(noLevel_dBmTenths), greatest_dBmTenths));
+}
+
+std::int32_t snirOf(std::int32_t level, const ChannelState& channel)
+{
+    return std::min(level - noiseFloor_dBmTenths(channel), snirCeiling_dBTenths);
+}
+
+std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel, double attenuation)
+{
+    const auto& transmitter = channel.transmitter;
+    if (transmitter.status != ETxPowerActualStatus::On) {
+        return noLevel_dBmTenths;
+    }
+    const bool isOpen = transmitter.loopMode == ForceLoopMode::OpenLoop;
+    const auto wanted = isOpen ? transmitter.maxPower : level(transmitter.farEndTarget + attenuation);
+    const auto power = level(std::clamp(wanted, transmitter.minPower, transmitter.maxPower));
+    return transmitter.ignoresLimits ? power
+                                     : std::min(power, greatestPower(node, channel, channel.minModulation));
+}
+
+bool sendsTraffic(const NodeState& node, const ChannelState& channel)
+{
+    const auto signal = channel.dsp.txSignals.find(bcm::types::ModemChain::Main);
+    const bool isNormal =
+        signal == channel.dsp.txSignals.end() || signal->second.mode == zyr_top_api::eDspATxModeNormal;
+    return channel.transmitter.status == ETxPowerActualStatus::On && channel.isConfigured() && isNormal &&
+           !channel.modulationDisabled && !node.dsp.isRecovering;
+}
+
+/// The modulation that this SNIR allows on the channel.
+ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir)
+{
+    auto chosen = channel.minModulation;
+    if (!channel.acmEnabled || channel.acmMuted) {
+        return chosen;
+    }
+    const auto min = ladderStep(channel.minModulation);
+    const auto max = ladderStep(channel.maxModulation);
+    for (auto step = min.value_or(0); min && max && step <= *max; ++step) {
+        const auto& rung = modulationLadder()[step];
+        if (isUsedInFrames(rung.modulation) && rung.requiredSnir_dBTenths <= snir) {
+            chosen = rung.modulation;
+        }
+    }
+    return chosen;
+}
+
+std::int32_t requiredSnir(ModulationAndCoding modulation)
+{
+    const auto step = ladderStep(modulation);
+    return step ? modulationLadder()[*step].requiredSnir_dBTenths : snirCeiling_dBTenths;
+}
+
+bool receives(const NodeState& node, const ChannelState& channel)
+{
+    return node.settings.farEndTransmits && channel.radio.isUp() && channel.rxFrequency_kHz != 0 &&
+           !channel.loops.isClosed();
+}
+
+double errorShare(const NodeState& node, const ReceiverState& receiver)
+{
+    const auto margin = receiver.snir - requiredSnir(receiver.rxModulation);
+    const auto scarcity = std::clamp(1.0 - margin / scarceMargin_dBTenths, 0.0, 1.0);
+    const bool injects = receiver.injectsErrors && node.now() <= receiver.injectsUntil;
+    return std::min(1.0,
+                    scarcity * greatestErrorShare + (injects ? receiver.injectedPercentage / 100.0 : 0.0));
+}
+
+/// Counts what has been received since the last time, under the conditions of the last time.
+void countBlocks(const NodeState& node, ReceiverState& receiver)
+{
+    const auto elapsed = Seconds(node.now() - receiver.settledAt).count();
+    if (receiver.isLinkUp) {
+        const auto blocks = elapsed * blocksPerSecond;
+        const auto errored = blocks * errorShare(node, receiver);
+        receiver.received.blocks += blocks;
+        receiver.received.erroredBlocks += errored;
+        receiver.received.erroredSinceLock += errored;
+    }
+    receiver.settledAt = node.now();
+}
+
+void setLink(NodeState& node, ChannelState& channel, bool isUp)
+{
+    auto& receiver = channel.receiver;
+    if (receiver.isLinkUp == isUp) {
+        return;
+    }
+    receiver.isLinkUp = isUp;
+    node.alarms.set(alarm::linkDown, channel.number, !isUp);
+    if (isUp) {
+        ++receiver.lockedCounter;
+        receiver.received.erroredSinceLock = 0;
+    }
+}
+
+/// The more robust of two modulations, `UNDEFINED` standing for none.
+ModulationAndCoding lower(ModulationAndCoding left, ModulationAndCoding right)
+{
+    const auto leftStep = ladderStep(left);
+    const auto rightStep = ladderStep(right);
+    return !rightStep || (leftStep && *leftStep <= *rightStep) ? left : right;
+}
+
+void keepLowest(const NodeState& node, const ChannelState& channel, ReceiverState& receiver)
+{
+    if (receives(node, channel)) {
+        receiver.lowestLevel = std::min(receiver.level, receiver.lowestLevel.value_or(receiver.level));
+    }
+    if (receiver.isLinkUp) {
+        receiver.lowestSnir = std::min(receiver.snir, receiver.lowestSnir.value_or(receiver.snir));
+    }
+    receiver.lowestRxModulation = lower(receiver.rxModulation, receiver.lowestRxModulation);
+    receiver.lowestTxModulation = lower(receiver.txModulation, receiver.lowestTxModulation);
+}
+
+} // namespace
+
+void settleHop(NodeState& node, ChannelState& channel)
+{
+    auto& receiver = channel.receiver;
+    countBlocks(node, receiver);
+
+    const auto attenuation = node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
+    channel.transmitter.power = transmittedPower(node, channel, attenuation);
+    const bool sends = sendsTraffic(node, channel);
+    receiver.farEndSnir = sends ? snirOf(level(channel.transmitter.power - attenuation), channel) : 0;
+    receiver.txModulation =
+        sends ? modulationAt(channel, receiver.farEndSnir) : ModulationAndCoding::UNDEFINED;
+
+    receiver.level = receives(node, channel) ? level(node.settings.farEndTxPower_dBmTenths - attenuation)
+                                             : noLevel_dBmTenths;
+    receiver.snir = receives(node, channel) ? std::max(snirOf(receiver.level, channel), 0) : 0;
+    setLink(node, channel,
+            receives(node, channel) && channel.isConfigured() && !node.dsp.isRecovering &&
+                receiver.snir >= requiredSnir(channel.minModulation));
+    receiver.rxModulation =
+        receiver.isLinkUp ? modulationAt(channel, receiver.snir) : ModulationAndCoding::UNDEFINED;
+    keepLowest(node, channel, receiver);
+}
+
+std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, ModulationAndCoding modulation)
+{
+    const auto step = ladderStep(modulation);
+    const auto bits = step ? modulationLadder()[*step].bitsPerSymbol : 0.0;
+    const auto& transmitter = channel.transmitter;
+    const double cutback = transmitter.temporaryCutbackSet ? transmitter.temporaryCutback
+                                                           : static_cast<double>(transmitter.maxPowerCutback);
+    const double boost = transmitter.boosterPresence != 0 ? transmitter.boosterGain : 0.0;
+    return level(radioType(node.settings.radioType).maxPower_dBmTenths - bits * powerStepPerBit_dBTenths -
+                 cutback + boost);
+}
+
+std::int32_t channelSpacing_kHz(const ChannelState& channel)
+{
+    constexpr std::int32_t withoutFrame_kHz = 28'000;
+    const auto* frame = findRadioFrame(channel.radioFrameId);
+    return frame == nullptr ? withoutFrame_kHz : frame->channelSpacing_kHz;
+}
+
+std::int32_t noiseFloor_dBmTenths(const ChannelState& channel)
+{
+    return rounded(noiseDensity_dBmTenths + 100.0 * std::log10(channelSpacing_kHz(channel) * 1000.0));
+}
+
+std::uint32_t hopLatency_ns(const NodeState& node)
+{
+    constexpr double metresPerNanosecond = 0.299792458;
+    constexpr double modems_ns = 10'000;
+    return static_cast<std::uint32_t>(
+        std::lround(node.settings.hopLength_m / metresPerNanosecond + modems_ns));
+}
+
+} // namespace zyr_simulation

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "NodeState.h"
+
+#include <cstdint>
+
+namespace zyr_simulation
+{
+
+/// Works out what the hop gives a channel at this moment: the power that is transmitted, the level and the
+/// SNIR at both ends, the modulation of each direction, the received blocks since the last time, and whether
+/// the link is up (alarm "LinkDown").
+///
+/// The far end is on the channel's frequencies with the channel's frame and modulations. All levels are in
+/// tenths:
+///
+/// - power: what brings the far end to its target level, but within the commanded window and the radio's
+/// limit;
+///   the upper end of the window if power control is held open;
+/// - received level: power of the other end, less the path loss, less the fading, a slow sum of two waves;
+/// - SNIR: received level above the noise floor of the frame's channel spacing, up to a ceiling;
+/// - modulation: the greatest of the commanded range whose SNIR is there; the least one while ACM is muted or
+/// off;
+/// - link: up if the channel is configured and the least modulation's SNIR is there;
+/// - blocks: a constant number in a second; some are errored when the SNIR is scarce.
+void settleHop(NodeState& node, ChannelState& channel);
+
+/// The greatest power of a modulation on a channel, in tenths of a dBm: less for denser constellations, less
+/// the cutback, more with a booster.
+std::int32_t greatestPower(const NodeState& node, const ChannelState& channel,
+                           zyr_top_api::ModulationAndCoding modulation);
+
+/// The channel spacing of a channel's frame, or 28 MHz as long as it has no frame.
+std::int32_t channelSpacing_kHz(const ChannelState& channel);
+
+/// The noise that the receiver of a channel sees within its channel spacing, in tenths of a dBm.
+std::int32_t noiseFloor_dBmTenths(const ChannelState& channel);
+
+/// The time that a signal travels from end to end, in nanoseconds.
+std::uint32_t hopLatency_ns(const NodeState& node);
+
+/// What the diversity path of a receiver lies below the main one, and what combining both wins.
+inline constexpr std::int32_t diversityLoss_dBTenths = 15;
+inline constexpr std::int32_t combiningGain_dBTenths = 25;
+
+/// Blocks that the modem receives in a second, and bytes in a block.
+inline constexpr double blocksPerSecond = 1000.0;
+inline constexpr double bytesPerBlock = 200.0;
+
+} // namespace zyr_simulation

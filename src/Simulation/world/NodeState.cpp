@@ -1,0 +1,75 @@
+#include "NodeState.h"
+
+#include "Hop.h"
+#include "Processes.h"
+#include "RadioType.h"
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace zyr_simulation
+{
+
+namespace
+{
+
+using namespace std::chrono_literals;
+
+/// The longest time for which a change of the hop can go unnoticed.
+constexpr std::chrono::nanoseconds tickPeriod = 100ms;
+
+} // namespace
+
+NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time)
+    : faults(options.channels), settings(options), m_time(time)
+{
+    if (options.channels < 1 || options.channels > 2) {
+        throw std::invalid_argument("a node has 1 or 2 radio channels, not " +
+                                    std::to_string(options.channels));
+    }
+    radioType(options.radioType); // refuses an unknown type
+    for (unsigned number = 1; number <= options.channels; ++number) {
+        auto& channel = channels.emplace_back();
+        channel.number = number;
+        channel.receiver.settledAt = now();
+    }
+}
+
+void NodeState::start()
+{
+    after(tickPeriod, &NodeState::tick);
+}
+
+void NodeState::settle()
+{
+    settleDspRecovery(*this);
+    for (auto& channel : channels) {
+        settleProcesses(*this, channel);
+        settleHop(*this, channel);
+    }
+}
+
+std::chrono::nanoseconds NodeState::settleAfter(std::chrono::nanoseconds delay)
+{
+    after(delay, &NodeState::settle);
+    return now() + delay;
+}
+
+void NodeState::after(std::chrono::nanoseconds delay, std::function<void(NodeState&)> action)
+{
+    m_time.schedule(delay, [weak = weak_from_this(), action = std::move(action)] {
+        if (const auto node = weak.lock()) {
+            const std::scoped_lock lock(node->mutex);
+            action(*node);
+        }
+    });
+}
+
+void NodeState::tick()
+{
+    settle();
+    after(tickPeriod, &NodeState::tick);
+}
+
+} // namespace zyr_simulation

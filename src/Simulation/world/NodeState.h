@@ -1,0 +1,83 @@
+#pragma once
+
+#include "AlarmBoard.h"
+#include "ChannelState.h"
+#include "FFConfigType.h"
+#include "FaultInjector.h"
+#include "Recover.h"
+#include "RouteType.h"
+#include "SimulatedNodeOptions.h"
+#include "TimeSource.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace zyr_simulation
+{
+
+/// The DSP as a whole.
+struct DspState
+{
+    zyr_top_api::FFConfigType type = zyr_top_api::FFConfigType::Std; ///< The frame format type in force.
+    zyr_top_api::FFConfigType pendingType{
+        zyr_top_api::FFConfigType::Std}; ///< Comes into force with a recovery.
+    bool isRecovering = false;
+    std::chrono::nanoseconds recoveryEndsAt{0};
+    unsigned recoveries = 0;
+    zyr_top_api::Recover lastRecovery = zyr_top_api::Recover::None;
+};
+
+/// Destinations by route type and channel.
+using Routes = std::map<std::pair<zyr_top_api::RouteType, std::uint32_t>, std::uint32_t>;
+
+/// The state that all simulated collaborators of a node share.
+///
+/// Everything but the faults, which guard themselves, is guarded by `mutex`. Always owned by a shared
+/// pointer, so that a timer that comes too late finds the node either whole or gone.
+class NodeState : public std::enable_shared_from_this<NodeState>
+{
+  public:
+    /// @throws std::invalid_argument if the options can't be
+    NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time);
+
+    /// Starts the node's life: from now on its state is brought up to date regularly.
+    void start();
+
+    /// The channel with this number, 1 up to the number of channels.
+    ChannelState& channel(unsigned number) { return channels.at(number - 1); }
+
+    /// The time of the node's clock.
+    std::chrono::nanoseconds now() const { return m_time.now(); }
+
+    /// Brings everything that changes by itself up to the present: transmitters, restarts, calibrations, the
+    /// hop, and the alarms that follow from them. Called with the mutex held.
+    void settle();
+
+    /// Takes care that the state is brought up to date when so much time has passed, however quiet the node
+    /// is.
+    /// @return the moment at which that will be
+    std::chrono::nanoseconds settleAfter(std::chrono::nanoseconds delay);
+
+    std::mutex mutex;
+    FaultInjector faults;
+    AlarmBoard alarms;
+    SimulatedNodeOptions settings; ///< As they are now.
+    std::vector<ChannelState> channels;
+    DspState dsp;
+    unsigned frameUpdateMode = 0;
+    Routes routes;
+
+  private:
+    void after(std::chrono::nanoseconds delay, std::function<void(NodeState&)> action);
+    void tick();
+
+    zyr_platform::TimeSource& m_time;
+};
+
+} // namespace zyr_simulation

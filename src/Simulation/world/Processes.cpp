@@ -1,0 +1,179 @@
+#include "Processes.h"
+
+#include "FrameDatabase.h"
+
+#include <cstddef>
+#include <string>
+
+namespace zyr_simulation
+{
+
+namespace
+{
+
+using std::chrono::nanoseconds;
+using zyr_top_api::BasebandSdcDadeStatus;
+using zyr_top_api::ETxPowerActualStatus;
+using zyr_top_api::ETxPowerOverrideState;
+using zyr_top_api::MimoCalibrationStatus;
+using zyr_top_api::ModulationAndCoding;
+using zyr_top_api::PpsCalibReasonOfFailure;
+using zyr_top_api::PpsCalibStatus;
+using zyr_top_api::RadioRestartStatus;
+using zyr_top_api::SdcStatus;
+using zyr_top_api::TapsLogData;
+using zyr_top_api::TxRequestedStatus;
+
+void settleRadio(RadioState& radio, nanoseconds now)
+{
+    if (radio.restart == RadioRestartStatus::Restarting && now >= radio.restartEndsAt) {
+        radio.restart =
+            radio.isAvailable ? RadioRestartStatus::RestartSuccessful : RadioRestartStatus::RestartFailed;
+    }
+}
+
+ETxPowerActualStatus wantedStatus(const ChannelState& channel)
+{
+    const auto& transmitter = channel.transmitter;
+    const bool on = transmitter.overridden == ETxPowerOverrideState::AsRequested &&
+                    transmitter.requested == TxRequestedStatus::On && channel.radio.isUp();
+    return on ? ETxPowerActualStatus::On : ETxPowerActualStatus::Off;
+}
+
+void settleTransmitter(NodeState& node, ChannelState& channel, nanoseconds now)
+{
+    auto& transmitter = channel.transmitter;
+    if (transmitter.status != transmitter.target && now >= transmitter.switchesAt) {
+        transmitter.status = transmitter.target;
+        node.alarms.set(alarm::txOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
+    }
+    const auto wanted = wantedStatus(channel);
+    if (transmitter.target != wanted) {
+        transmitter.target = wanted;
+        transmitter.switchesAt = node.settleAfter(transmitterSwitchTime);
+    }
+}
+
+void settleDade(BasebandSdcState& sdc, nanoseconds now)
+{
+    if (now < sdc.dadeEndsAt) {
+        return;
+    }
+    if (sdc.dade == BasebandSdcDadeStatus::CalibrationOngoing) {
+        sdc.dade = BasebandSdcDadeStatus::Calibrated;
+    } else if (sdc.dade == BasebandSdcDadeStatus::CalibrationStopping) {
+        sdc.dade = BasebandSdcDadeStatus::CalibrationNotStarted;
+    }
+}
+
+void finishPps(PpsState& pps, PpsCalibStatus status, PpsCalibReasonOfFailure reason)
+{
+    pps.calibration = status;
+    pps.reasonOfFailure = reason;
+}
+
+void settlePps(NodeState& node, ChannelState& channel, nanoseconds now)
+{
+    auto& pps = channel.pps;
+    const bool isRunning = pps.calibration == PpsCalibStatus::CoarseInProgress ||
+                           pps.calibration == PpsCalibStatus::FineInProgress ||
+                           pps.calibration == PpsCalibStatus::AutoFineInProgress;
+    if (!isRunning || now < pps.calibrationEndsAt) {
+        return;
+    }
+    if (!channel.receiver.isLinkUp) {
+        finishPps(pps, PpsCalibStatus::Failed, PpsCalibReasonOfFailure::SlaveLOL);
+    } else if (pps.calibration == PpsCalibStatus::CoarseInProgress) {
+        pps.calibration = PpsCalibStatus::FineInProgress;
+        pps.calibrationEndsAt = node.settleAfter(ppsFineCalibrationTime);
+    } else {
+        finishPps(pps, PpsCalibStatus::Successful, PpsCalibReasonOfFailure::NotRelevant);
+    }
+}
+
+void settleMimo(ChannelState& channel, nanoseconds now)
+{
+    auto& mimo = channel.mimo;
+    if (mimo.calibration == MimoCalibrationStatus::InProgress && now >= mimo.calibrationEndsAt) {
+        mimo.calibration = channel.receiver.isLinkUp ? MimoCalibrationStatus::Success
+                                                     : MimoCalibrationStatus::NoCorrelationFailure;
+    }
+}
+
+void settleSdc(SdcState& sdc, nanoseconds now)
+{
+    if (sdc.operation == SdcStatus::InProgress && now >= sdc.operationEndsAt) {
+        sdc.operation = SdcStatus::Active;
+    }
+    if (sdc.dade == SdcStatus::InProgress && now >= sdc.dadeEndsAt) {
+        sdc.dade = SdcStatus::Active;
+    }
+}
+
+/// The capacity of the channel with a modulation, 0 without a frame.
+std::int32_t capacity_Mbit(const ChannelState& channel, ModulationAndCoding modulation)
+{
+    const auto* frame = findRadioFrame(channel.radioFrameId);
+    return frame == nullptr ? 0 : static_cast<std::int32_t>(capacity_kbit(*frame, modulation) / 1000);
+}
+
+/// A sample of TAPS as the channel is now.
+TapsLogData sampleOf(const ChannelState& channel, nanoseconds now)
+{
+    constexpr std::int32_t mebit = 1'048'576;
+    const auto& transmitter = channel.transmitter;
+    const auto time = std::chrono::duration_cast<std::chrono::milliseconds>(now);
+    TapsLogData sample;
+    sample.timeStamp = std::to_string(time.count()) + " ms";
+    sample.minPowerIn = transmitter.minPower;
+    sample.maxPowerIn = transmitter.maxPower;
+    sample.dspRateMbit = capacity_Mbit(channel, channel.receiver.txModulation);
+    sample.dspRateMebit = static_cast<std::int32_t>(sample.dspRateMbit * 1'000'000LL / mebit);
+    sample.dspMinRateMbit = capacity_Mbit(channel, channel.minModulation);
+    sample.dspMaxRateMbit = capacity_Mbit(channel, channel.maxModulation);
+    sample.currentModValue = static_cast<std::int32_t>(channel.receiver.txModulation);
+    sample.idleRate = channel.taps.idleRateOffset;
+    sample.rateMin = sample.dspMinRateMbit;
+    sample.minPowerOut = transmitter.minPower;
+    sample.maxPowerOut = transmitter.maxPower;
+    sample.atpcEnabled = transmitter.minPower != transmitter.maxPower;
+    return sample;
+}
+
+void settleTapsLog(ChannelState& channel, nanoseconds now)
+{
+    constexpr std::size_t greatestSize = 1000;
+    auto& log = channel.tapsLog;
+    while (log.isActive && now >= log.nextSampleAt) {
+        log.samples.push_back(sampleOf(channel, log.nextSampleAt));
+        if (log.samples.size() > greatestSize) {
+            log.samples.pop_front();
+        }
+        log.nextSampleAt += std::chrono::seconds(log.period_s);
+    }
+}
+
+} // namespace
+
+void settleDspRecovery(NodeState& node)
+{
+    if (node.dsp.isRecovering && node.now() >= node.dsp.recoveryEndsAt) {
+        node.dsp.isRecovering = false;
+        node.alarms.clear(alarm::dspRecovery, 0);
+    }
+}
+
+void settleProcesses(NodeState& node, ChannelState& channel)
+{
+    const auto now = node.now();
+    settleRadio(channel.radio, now);
+    settleTransmitter(node, channel, now);
+    settleDade(channel.basebandSdc, now);
+    settlePps(node, channel, now);
+    settleMimo(channel, now);
+    settleSdc(channel.sdc, now);
+    settleTapsLog(channel, now);
+    channel.farEndPmaxCached = channel.farEndPmaxCached && !channel.isConfigured();
+}
+
+} // namespace zyr_simulation

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zyr_simulation
+{
+
+/// How a simulated node starts. Whatever has a setter on the node can be changed later. Levels are in tenths
+/// of a dB or of a dBm.
+struct SimulatedNodeOptions
+{
+    unsigned channels = 2;  ///< Radio channels, 1 or 2.
+    std::uint32_t seed = 1; ///< What is left to chance follows from this number and the time alone.
+
+    // The radio units and the modem.
+    unsigned radioType = 1; ///< 1 to 3, the rows of `radioType`.
+    bool carrierAggregation = false;
+    bool longHaul = false;
+    bool twoTransmitters = false; ///< Radio units with two transmitters and two receivers.
+    std::uint32_t duplexType{
+        0}; ///< 0 variable, 1 fixed distance between the two directions, others are invalid.
+    bool configurationBypassed = false; ///< Channels take no configuration now.
+
+    // The hop to the far end.
+    std::int32_t pathLoss_dBTenths = 600;
+    std::int32_t fading_dBTenths = 5; ///< Amplitude of the slow fading, 0 for none.
+    std::int32_t farEndTxPower_dBmTenths = 200;
+    bool farEndTransmits = true;
+    std::uint32_t hopLength_m = 5000;
+};
+
+} // namespace zyr_simulation
