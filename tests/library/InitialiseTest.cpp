@@ -2,6 +2,7 @@
 
 #include "AcmHandlerDouble.h"
 #include "CommandTest.h"
+#include "Drivers.h"
 #include "DspApiDouble.h"
 #include "MemorySink.h"
 #include "RecoveryControllerDouble.h"
@@ -48,7 +49,7 @@ struct CommandLike
 
     ETIResult initialize(unsigned channels, std::initializer_list<Collaborator> collaborators)
     {
-        return initialise(trace, rules, channels, &numberOfChannels, collaborators);
+        return initialise(trace, rules, channels, numberOfChannels, collaborators);
     }
     ETIResult initialize(unsigned channels)
     {
@@ -135,7 +136,7 @@ TEST_F(InitialiseTest, BoundsRuleHasAPlainTextAndAnotherResult)
 
 TEST_F(InitialiseTest, SilentRangeRefusesWithoutAWord)
 {
-    command.rules.range = {.form = RangeRule::Text::None, .result = eTI_E_FAILED};
+    command.rules.range = family::silentRange(eTI_E_FAILED);
     EXPECT_EQ(command.initialize(0), 0x8000U);
     EXPECT_EQ(command.numberOfChannels, 0U);
     EXPECT_EQ(transcript.text(), "\n");
@@ -143,10 +144,9 @@ TEST_F(InitialiseTest, SilentRangeRefusesWithoutAWord)
 
 TEST_F(InitialiseTest, NodeWideFamilyIgnoresTheNumberAndKeepsNone)
 {
-    for (const unsigned channels : {0U, 1U, 3U}) {
+    for (const unsigned channels : {0U, 1U, 2U, 3U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
         NodeWide<IRouteUpdater> taken;
-        EXPECT_EQ(initialise(trace, family::kNodeWide, channels, nullptr, {nodeWide("IRouteUpdater", taken)}),
-                  0U);
+        EXPECT_EQ(initialise(trace, family::kNodeWide, channels, {nodeWide("IRouteUpdater", taken)}), 0U);
         EXPECT_EQ(taken.find(), &routeUpdater);
     }
     EXPECT_EQ(transcript.text(), "\n");
@@ -460,6 +460,129 @@ TEST_F(InitialiseTest, NameCanDoWithoutTheUnderscore)
     EXPECT_EQ(command.acmHandler.find(1), &acmHandler1);
     EXPECT_EQ(transcript.text(), R"(
 1 ZYR.TEST.Initialise:  Error getting interface to IAcmHandler2
+)");
+}
+
+// Parts and drivers.
+
+TEST_F(InitialiseTest, PartIsTakenFromTheCollaboratorOfItsChannel)
+{
+    PerChannel<IDspStatusApi> statusApi;
+    EXPECT_EQ(command.initialize(2, {perChannel("IDspApi", command.dspApi),
+                                     part<&IDspApi::getDspStatusApi>(command.dspApi, statusApi, kSilent)}),
+              0U);
+    EXPECT_EQ(statusApi.find(1), &dspApi1.statusApi);
+    EXPECT_EQ(statusApi.find(2), &dspApi2.statusApi);
+    EXPECT_EQ(transcript.text(), "\n");
+}
+
+TEST_F(InitialiseTest, AbsentPartEndsWithItsOwnText)
+{
+    PerChannel<IDspStatusApi> statusApi;
+    dspApi2.onGetDspStatusApi = nullptr;
+    EXPECT_EQ(command.initialize(2, {perChannel("IDspApi", command.dspApi),
+                                     part<&IDspApi::getDspStatusApi>(command.dspApi, statusApi,
+                                                                     textAndChannel("none for "))}),
+              0x8000U);
+    EXPECT_EQ(statusApi.find(1), &dspApi1.statusApi);
+    EXPECT_EQ(statusApi.find(2), nullptr);
+    EXPECT_EQ(transcript.text(), R"(
+1 ZYR.TEST.Initialise: none for 2
+)");
+}
+
+TEST_F(InitialiseTest, MissingTextCanHaveTheChannelInFrontOrTheNameInItsMiddle)
+{
+    withdraw("IAcmHandler_2");
+    EXPECT_EQ(command.initialize(2, {perChannel("IAcmHandler", command.acmHandler, channelAndText("none"))}),
+              0x8000U);
+    EXPECT_EQ(command.initialize(
+                  2, {perChannel("IAcmHandler", command.acmHandler, textAroundName("no ", " here"))}),
+              0x8000U);
+    EXPECT_EQ(transcript.text(), R"(
+1 ZYR.TEST.Initialise: channel 2: none
+1 ZYR.TEST.Initialise: no IAcmHandler_2 here
+)");
+}
+
+TEST_F(InitialiseTest, DriverThatIsAbsentIsToldAndLeavesItsHandleEmpty)
+{
+    setTraceLevel("ZYR.TEST.Initialise", 5);
+    const auto readsSeven = [](std::uint32_t& value) {
+        value = 7;
+        return 0U;
+    };
+    const zyr_platform::Registration added =
+        zyr_platform::Drivers::get().add("channel.2.test", {.read = readsSeven, .write = {}});
+    DriverPerChannel drivers;
+    EXPECT_EQ(command.initialize(
+                  2, {driver("channel.", ".test", drivers, textAroundName("driver ", " not supported", 5)),
+                      perChannel("IAcmHandler", command.acmHandler)}),
+              0U);
+    EXPECT_EQ(drivers[1].read, nullptr);
+    std::uint32_t value = 0;
+    EXPECT_EQ(drivers[2].read(drivers[2].context, &value), 0U);
+    EXPECT_EQ(value, 7U);
+    EXPECT_EQ(command.acmHandler.find(2), &acmHandler2);
+    EXPECT_EQ(transcript.text(), R"(
+5 ZYR.TEST.Initialise: driver channel.1.test not supported
+)");
+}
+
+TEST_F(InitialiseTest, DriverThatIsGoneEmptiesItsHandle)
+{
+    DriverPerChannel drivers;
+    CDriverHandle handle;
+    handle.context = this;
+    drivers.set(1, handle);
+    EXPECT_EQ(command.initialize(1, {driver("channel.", ".test", drivers, kSilent)}), 0U);
+    EXPECT_EQ(drivers[1].context, nullptr);
+}
+
+// Commands without a number of channels of their own.
+
+TEST_F(InitialiseTest, UncountedCommandMayTestTheRange)
+{
+    NodeWide<IRouteUpdater> taken;
+    EXPECT_EQ(initialise(trace, UncountedRules{.isRangeTested = true}, 3, {nodeWide("IRouteUpdater", taken)}),
+              0xA100U);
+    EXPECT_EQ(taken.find(), nullptr);
+    EXPECT_EQ(initialise(trace, UncountedRules{.isRangeTested = true}, 2, {nodeWide("IRouteUpdater", taken)}),
+              0U);
+    EXPECT_EQ(taken.find(), &routeUpdater);
+    EXPECT_EQ(transcript.text(), R"(
+1 ZYR.TEST.Initialise: Error: numberOfChannels is out of range (3)
+)");
+}
+
+TEST_F(InitialiseTest, UncountedCommandMayTellTheCountAndEndsAtTheFirstAbsence)
+{
+    setTraceLevel("ZYR.TEST.Initialise", 6);
+    NodeWide<IRouteUpdater> first;
+    NodeWide<RecoveryController> second;
+    withdraw("IRouteUpdater");
+    EXPECT_EQ(initialise(trace, UncountedRules{.entryTellsCount = true}, 0xFFFFFFFFU,
+                         {nodeWide("IRouteUpdater", first, textAndName("Could not find ")),
+                          nodeWide("RecoveryController", second)}),
+              0x8000U);
+    EXPECT_EQ(second.find(), nullptr);
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TEST.Initialise: numberOfChannels=4294967295
+1 ZYR.TEST.Initialise: Could not find IRouteUpdater
+)");
+}
+
+TEST_F(InitialiseTest, ClassGuardThatStoresTheCountFirstBarsACallBehindAFailedOne)
+{
+    command.rules = family::classGuarded(Guard::BeforeRange, "XImpl already initialized",
+                                         InitialiseRules::CountStored::First);
+    withdraw("IAcmHandler_1");
+    EXPECT_EQ(command.initialize(1), 0x8000U);
+    EXPECT_EQ(command.numberOfChannels, 1U);
+    EXPECT_EQ(command.initialize(3), 0x8000U);
+    EXPECT_EQ(transcript.text(), R"(
+1 ZYR.TEST.Initialise:  Error getting interface to IAcmHandler_1
+1 ZYR.TEST.Initialise: XImpl already initialized
 )");
 }
 

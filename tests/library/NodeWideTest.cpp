@@ -1,18 +1,44 @@
 #include "NodeWide.h"
 
+#include "StorageVariable.h"
+
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <stdexcept>
+#include <string>
 
 namespace
 {
 
 using zyr_top_api::NodeWide;
+using zyr_top_api::StorageVariable;
 
 struct Thing
 {
     int number = 7;
 };
+
+template <class Function>
+std::string complaintOf(Function function)
+{
+    try {
+        function();
+    } catch (const std::out_of_range& complaint) {
+        return complaint.what();
+    }
+    return "none";
+}
+
+TEST(StorageVariableTest, GivesTheValueNowAndComplainsByName)
+{
+    StorageVariable variable("common.minTemp");
+    EXPECT_EQ(complaintOf([&] { static_cast<void>(*variable); }), "common.minTemp of the node");
+    std::int32_t content = -40;
+    variable.set(&content);
+    content = -33;
+    EXPECT_EQ(*variable, -33);
+}
 
 TEST(NodeWideTest, IsEmptyAtFirst)
 {
@@ -20,11 +46,11 @@ TEST(NodeWideTest, IsEmptyAtFirst)
     EXPECT_EQ(empty.find(), nullptr);
 }
 
-TEST(NodeWideTest, ReachingForWhatWasNotFoundThrows)
+TEST(NodeWideTest, ReachingForWhatWasNotFoundThrowsItsName)
 {
     const NodeWide<Thing> empty;
-    EXPECT_THROW(static_cast<void>(*empty), std::out_of_range);
-    EXPECT_THROW(static_cast<void>(empty->number), std::out_of_range);
+    EXPECT_EQ(complaintOf([&] { static_cast<void>(*empty); }), "Thing of the node");
+    EXPECT_EQ(complaintOf([&] { static_cast<void>(empty->number); }), "Thing of the node");
 }
 
 TEST(NodeWideTest, GivesWhatWasFoundUntilNothingIs)

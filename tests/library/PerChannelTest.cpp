@@ -1,5 +1,7 @@
 #include "PerChannel.h"
 
+#include "IPpsController.h"
+
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -9,6 +11,11 @@ namespace zyr_top_api
 {
 namespace
 {
+
+struct Amplifier
+{
+    int number = 0;
+};
 
 template <class Function>
 std::string complaintOf(Function function)
@@ -23,17 +30,17 @@ std::string complaintOf(Function function)
 
 TEST(PerChannelTest, IsEmptyAfterConstruction)
 {
-    const PerChannel<int> collaborators;
+    const PerChannel<Amplifier> collaborators;
     EXPECT_EQ(collaborators.find(1), nullptr);
     EXPECT_EQ(collaborators.find(2), nullptr);
-    EXPECT_EQ(complaintOf([&] { collaborators[1]; }), "no collaborator for radio channel 1");
+    EXPECT_EQ(complaintOf([&] { collaborators[1]; }), "Amplifier of radio channel 1");
 }
 
 TEST(PerChannelTest, EachChannelGivesItsOwnCollaborator)
 {
-    int first = 10;
-    int second = 20;
-    PerChannel<int> collaborators;
+    Amplifier first{10};
+    Amplifier second{20};
+    PerChannel<Amplifier> collaborators;
     collaborators.set(1, &first);
     collaborators.set(2, &second);
     EXPECT_EQ(collaborators.find(1), &first);
@@ -44,36 +51,65 @@ TEST(PerChannelTest, EachChannelGivesItsOwnCollaborator)
 
 TEST(PerChannelTest, OtherNumbersHaveNoCollaborator)
 {
-    int first = 10;
-    int second = 20;
-    PerChannel<int> collaborators;
+    Amplifier first{10};
+    Amplifier second{20};
+    PerChannel<Amplifier> collaborators;
     collaborators.set(1, &first);
     collaborators.set(2, &second);
     for (const std::uint32_t channel : {0U, 3U, 4294967295U}) {
         EXPECT_EQ(collaborators.find(channel), nullptr) << channel;
         EXPECT_EQ(complaintOf([&] { collaborators[channel]; }),
-                  "no collaborator for radio channel " + std::to_string(channel));
+                  "Amplifier of radio channel " + std::to_string(channel));
     }
 }
 
 TEST(PerChannelTest, NullTakesTheCollaboratorAway)
 {
-    int first = 10;
-    PerChannel<int> collaborators;
+    Amplifier first{10};
+    PerChannel<Amplifier> collaborators;
     collaborators.set(1, &first);
     collaborators.set(1, nullptr);
     EXPECT_EQ(collaborators.find(1), nullptr);
-    EXPECT_EQ(complaintOf([&] { collaborators[1]; }), "no collaborator for radio channel 1");
+    EXPECT_EQ(complaintOf([&] { collaborators[1]; }), "Amplifier of radio channel 1");
 }
 
 TEST(PerChannelTest, StoringForAnotherNumberIsRefusedAndChangesNothing)
 {
-    int first = 10;
-    PerChannel<int> collaborators;
-    EXPECT_EQ(complaintOf([&] { collaborators.set(0, &first); }), "no radio channel 0");
-    EXPECT_EQ(complaintOf([&] { collaborators.set(3, &first); }), "no radio channel 3");
+    Amplifier first{10};
+    PerChannel<Amplifier> collaborators;
+    EXPECT_EQ(complaintOf([&] { collaborators.set(0, &first); }), "Amplifier of radio channel 0");
+    EXPECT_EQ(complaintOf([&] { collaborators.set(3, &first); }), "Amplifier of radio channel 3");
     EXPECT_EQ(collaborators.find(1), nullptr);
     EXPECT_EQ(collaborators.find(2), nullptr);
+}
+
+TEST(PerChannelTest, ComplaintNamesTheInterfaceWithoutItsNamespaces)
+{
+    const PerChannel<nord::zyr::pps::IPpsController> collaborators;
+    EXPECT_EQ(complaintOf([&] { collaborators[2]; }), "IPpsController of radio channel 2");
+}
+
+std::uint32_t doNothing(void*, std::uint32_t)
+{
+    return 0;
+}
+
+TEST(DriverPerChannelTest, HandlesAreEmptyUntilTheyAreStored)
+{
+    DriverPerChannel drivers;
+    EXPECT_EQ(drivers[1].write, nullptr);
+    CDriverHandle handle;
+    handle.write = &doNothing;
+    drivers.set(2, handle);
+    EXPECT_EQ(drivers[1].write, nullptr);
+    EXPECT_EQ(drivers[2].write, &doNothing);
+}
+
+TEST(DriverPerChannelTest, OtherChannelsAreRefused)
+{
+    DriverPerChannel drivers;
+    EXPECT_EQ(complaintOf([&] { static_cast<void>(drivers[0]); }), "hardware driver of radio channel 0");
+    EXPECT_EQ(complaintOf([&] { drivers.set(3, {}); }), "hardware driver of radio channel 3");
 }
 
 } // namespace

@@ -4,10 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
 #include <clocale>
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <locale>
+#include <random>
 #include <string>
 
 namespace zyr_top_api
@@ -104,6 +109,53 @@ TEST(TextWriterTest, BytesCannotBeStreamedByAccident)
     EXPECT_FALSE(Writable<unsigned char>);
     EXPECT_TRUE(Writable<bool>);
     EXPECT_TRUE(Writable<int>);
+}
+
+TEST(TextWriterTest, NothingIsTakenForAFlagThatIsNone)
+{
+    EXPECT_FALSE(Writable<int*>);
+    EXPECT_FALSE(Writable<const void*>);
+    EXPECT_FALSE(Writable<void (*)()>);
+    EXPECT_FALSE(Writable<std::nullptr_t>);
+}
+
+// What `printf` makes of a number with six significant digits.
+std::string printfText(double number)
+{
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%g", number);
+    return text.data();
+}
+
+TEST(TextWriterTest, DoublesHaveSixSignificantDigits)
+{
+    EXPECT_EQ(written([](TextWriter& writer) {
+                  writer << 0.0 << " " << -0.0 << " " << 1.0 << " " << 0.5 << " " << 1234567.0 << " "
+                         << 123456.0 << " " << 0.0001 << " " << 0.00001 << " " << -2.0 / 3.0;
+              }),
+              "0 -0 1 0.5 1.23457e+06 123456 0.0001 1e-05 -0.666667");
+}
+
+TEST(TextWriterTest, SpecialDoublesReadAsPrintfWritesThem)
+{
+    using Limits = std::numeric_limits<double>;
+    for (const double number :
+         {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(), -Limits::quiet_NaN(), Limits::max(),
+          Limits::lowest(), Limits::min(), Limits::denorm_min(), -Limits::denorm_min(), 999999.5, 999999.4,
+          0.00009999995, 9.9999949, 9.9999951}) {
+        EXPECT_EQ(written([&](TextWriter& writer) { writer << number; }), printfText(number));
+    }
+}
+
+TEST(TextWriterTest, AMillionDoublesReadAsPrintfWritesThem)
+{
+    std::mt19937_64 bits(1);
+    std::uniform_real_distribution<double> plain(-2000.0, 2000.0);
+    for (int count = 0; count < 500'000; ++count) {
+        for (const double number : {std::bit_cast<double>(bits()), plain(bits)}) {
+            ASSERT_EQ(written([&](TextWriter& writer) { writer << number; }), printfText(number));
+        }
+    }
 }
 
 struct Pair

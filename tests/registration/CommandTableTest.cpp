@@ -1,4 +1,5 @@
 #include "CommandEntry.h"
+#include "CommandRows.h"
 #include "CommandTest.h"
 
 #include <gtest/gtest.h>
@@ -14,40 +15,15 @@ using zyr_registration::CommandEntry;
 using zyr_top_api::BaseResponse;
 using zyr_top_api::ZyrApiHandler;
 
-// What a command is called everywhere.
-struct Row
-{
-    std::string wireName;
-    std::string className;
-    std::string responseLabel;
-    std::string traceChannel;
-    bool isGated;
-    bool isDirect;
-};
+using zyr_test::CommandRow;
+using zyr_top_api::Route;
 
-const std::vector<Row> kRows{
-    {"CI.GetEvents", "CiGetEvents", "CiGetEvents::Response", "ZYR.TI.CiGetEvents", false, false},
-    {"CI.GetFastEvents", "CiGetFastEvents", "CiGetFastEvents::Response", "ZYR.TI.CiGetFastEvents", false,
-     false},
-    {"CI.ReleaseFastEventsRequests", "CiReleaseFastEventsRequests", "StandardResponse",
-     "ZYR.TI.CiReleaseFastEventsRequests", false, false},
-    {"CRI.EnableAcm", "CriEnableAcm", "StandardResponse", "ZYR.TI.CriEnableAcm", false, false},
-    {"CRI.GetAirInterfaceCapability", "CriGetAirInterfaceCapability",
-     "CriGetAirInterfaceCapability::Response", "ZYR.TI.CriGetAirInterfaceCapability", false, false},
-    {"CRI.GetRadioChannelCapability", "CriGetRadioChannelCapability",
-     "CriGetRadioChannelCapability::Response", "ZYR.TI.CriGetRadioChannelCapability", false, false},
-    {"CRI.GetRadioChannelStatus", "CriGetRadioChannelStatus", "CriGetRadioChannelStatus::Response",
-     "ZYR.TI.CriGetRadioChannelStatus", false, false},
-    {"CRI.SetRFPower", "CriSetRfPower", "StandardResponse", "ZYR.TI.CriSetRfPowerImpl", false, false},
-    {"CRI.SetRadioChannelNearEnd", "CriSetRadioChannelNearEnd", "StandardResponse",
-     "ZYR.TI.CriSetRadioChannelNearEnd", false, false},
-    {"TI.GetAllCommandsData", "TiGetAllCommandsData", "TiGetAllCommandsData::Response",
-     "ZYR.TI.TiGetAllCommandsData", false, true},
-    {"TI.GetEvents", "TiGetEvents", "TiGetEvents::Response", "ZYR.TI.TiGetEvents", false, true},
-    {"TI.ManageRadioChannelStatus", "TiManageRadioChannelStatus", "TiManageRadioChannelStatus::Response",
-     "ZYR.TI.TiManageRadioChannelStatus", false, true},
-    {"TI.SetEvents", "TiSetEvents", "StandardResponse", "ZYR.TI.TiSetEvents", false, true},
-};
+// The row of a command; null if it has none.
+const CommandRow* rowOf(const CommandEntry& command)
+{
+    const auto* const row = std::ranges::find(zyr_test::kCommandRows, command.name(), &CommandRow::wireName);
+    return row != zyr_test::kCommandRows.end() ? row : nullptr;
+}
 
 // A call with the command's default record that keeps the outcome.
 class DefaultCall : public zyr_registration::Exchange
@@ -80,10 +56,10 @@ class CommandTableTest : public zyr_test::CommandTest
     template <class Check>
     static void forEachDispatched(const Check& check)
     {
-        for (std::size_t index = 0; index < kRows.size(); ++index) {
-            if (!kRows[index].isDirect) {
-                SCOPED_TRACE(kRows[index].wireName);
-                check(zyr_registration::allCommands()[index], kRows[index]);
+        for (const CommandEntry& command : zyr_registration::allCommands()) {
+            if (!command.isDirect()) {
+                SCOPED_TRACE(command.name());
+                check(command, *rowOf(command));
             }
         }
     }
@@ -91,17 +67,17 @@ class CommandTableTest : public zyr_test::CommandTest
 
 TEST_F(CommandTableTest, EveryCommandHasItsNames)
 {
-    const auto commands = zyr_registration::allCommands();
-    ASSERT_EQ(commands.size(), kRows.size());
-    for (std::size_t index = 0; index < kRows.size(); ++index) {
-        const auto& identity = *commands[index].identity;
-        EXPECT_EQ(commands[index].name(), kRows[index].wireName);
-        EXPECT_EQ(identity.className, kRows[index].className);
-        EXPECT_EQ(identity.responseLabel, kRows[index].responseLabel);
-        EXPECT_EQ(identity.traceChannel, kRows[index].traceChannel);
-        EXPECT_EQ(identity.isGated(), kRows[index].isGated);
-        EXPECT_EQ(commands[index].isDirect(), kRows[index].isDirect);
-        EXPECT_EQ(commands[index].notes.isTest, kRows[index].isGated || kRows[index].isDirect);
+    for (const CommandEntry& command : zyr_registration::allCommands()) {
+        SCOPED_TRACE(command.name());
+        const CommandRow* const row = rowOf(command);
+        ASSERT_NE(row, nullptr);
+        const auto& identity = *command.identity;
+        EXPECT_EQ(identity.className, row->className);
+        EXPECT_EQ(identity.responseLabel, row->responseLabel);
+        EXPECT_STREQ(identity.traceChannel, row->traceChannel);
+        EXPECT_EQ(identity.route, row->route);
+        const bool isTest = row->route == Route::Gated || row->route == Route::Direct;
+        EXPECT_EQ(command.notes.isTest, isTest);
     }
 }
 
@@ -133,24 +109,26 @@ TEST_F(CommandTableTest, EveryCommandIsDescribed)
 
 TEST_F(CommandTableTest, UnregisteredCommandSucceedsSilently)
 {
-    forEachDispatched([this](const CommandEntry& command, const Row& row) {
+    forEachDispatched([this](const CommandEntry& command, const CommandRow& row) {
         openTestGate();
         const BaseResponse outcome = dispatch(command);
         EXPECT_EQ(outcome.tiResult, 0U);
         EXPECT_EQ(outcome.faultCode, 0);
         const auto lines = transcript.lines();
         ASSERT_GE(lines.size(), 2U);
-        EXPECT_NE(std::ranges::find(lines, "6 ZYR.ZyrTopApi: Running " + row.className + "::Command"),
-                  lines.end())
+        EXPECT_NE(
+            std::ranges::find(lines, std::string("6 ZYR.ZyrTopApi: Running ") + row.className + "::Command"),
+            lines.end())
             << transcript.text();
-        EXPECT_EQ(lines[lines.size() - 2], "6 ZYR.ZyrTopApi: Return " + row.responseLabel);
-        EXPECT_TRUE(lines.back().starts_with("5 ZYR.COMM: " + row.wireName + " Response: ")) << lines.back();
+        EXPECT_EQ(lines[lines.size() - 2], std::string("6 ZYR.ZyrTopApi: Return ") + row.responseLabel);
+        EXPECT_TRUE(lines.back().starts_with(std::string("5 ZYR.COMM: ") + row.wireName + " Response: "))
+            << lines.back();
     });
 }
 
 TEST_F(CommandTableTest, EntryOfAnotherTypeFailsTheCast)
 {
-    forEachDispatched([this](const CommandEntry& command, const Row& row) {
+    forEachDispatched([this](const CommandEntry& command, const CommandRow& row) {
         openTestGate();
         ZyrApiHandler::m_cmds = {std::make_shared<zyr_top_api::CmdWrapper<Stranger>>(row.wireName)};
         const BaseResponse outcome = dispatch(command);
@@ -159,7 +137,8 @@ TEST_F(CommandTableTest, EntryOfAnotherTypeFailsTheCast)
         EXPECT_EQ(outcome.faultString, "Error: Cast of CmdWrapper failed");
         const auto lines = transcript.lines();
         EXPECT_NE(
-            std::ranges::find(lines, "1 ZYR.ZyrTopApi: Error: Cast of CmdWrapper failed for " + row.wireName),
+            std::ranges::find(lines, std::string("1 ZYR.ZyrTopApi: Error: Cast of CmdWrapper failed for ") +
+                                         row.wireName),
             lines.end())
             << transcript.text();
     });
@@ -167,15 +146,15 @@ TEST_F(CommandTableTest, EntryOfAnotherTypeFailsTheCast)
 
 TEST_F(CommandTableTest, ClosedGateRefusesTheGatedCommandsAlone)
 {
-    forEachDispatched([this](const CommandEntry& command, const Row& row) {
+    forEachDispatched([this](const CommandEntry& command, const CommandRow& row) {
         openTestGate(false);
         const BaseResponse outcome = dispatch(command);
-        EXPECT_EQ(outcome.tiResult, row.isGated ? 0x8003U : 0U);
-        EXPECT_EQ(outcome.faultCode, row.isGated ? 4 : 0);
-        EXPECT_EQ(outcome.faultString, row.isGated ? "Error: Command not available" : "");
+        EXPECT_EQ(outcome.tiResult, (row.route == Route::Gated) ? 0x8003U : 0U);
+        EXPECT_EQ(outcome.faultCode, (row.route == Route::Gated) ? 4 : 0);
+        EXPECT_EQ(outcome.faultString, (row.route == Route::Gated) ? "Error: Command not available" : "");
         EXPECT_EQ(transcript.lines().back() ==
-                      "1 ZYR.ZyrTopApi: Error: Command " + row.wireName + " not available",
-                  row.isGated);
+                      std::string("1 ZYR.ZyrTopApi: Error: Command ") + row.wireName + " not available",
+                  (row.route == Route::Gated));
     });
 }
 

@@ -35,14 +35,11 @@ const std::shared_ptr<CmdWrapperBase>* firstEntry(std::string_view wireName)
     return nullptr;
 }
 
-CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase* entry)
+CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase& entry)
 {
-    if (entry == nullptr) {
-        return nullptr;
-    }
     // The exact type is the rule, a derived one (of a test bench, say) the exception that needs the full
     // cast.
-    return typeid(*entry) == types.wrapperType ? entry : types.cast(*entry);
+    return typeid(entry) == types.wrapperType ? &entry : types.cast(entry);
 }
 
 } // namespace
@@ -77,7 +74,7 @@ CmdWrapperBase* DispatchScope::find()
     if (found == nullptr) {
         return nullptr;
     }
-    CmdWrapperBase* const entry = castTo(m_types, found->get());
+    CmdWrapperBase* const entry = castTo(m_types, **found);
     if (entry == nullptr) {
         m_outcome = Outcome::CastFailed;
         log(ZyrApiHandler::m_trace, 1,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BaseResponse.h"
+#include "CallSite.h"
 #include "Log.h"
 #include "TextWriter.h"
 
@@ -20,34 +21,47 @@ std::string failureText(const Pieces&... pieces)
     return text;
 }
 
-/// What a failure says in the trace and in the response; mostly the same.
-struct FailureTexts
-{
-    FailureTexts(std::string_view both) : logged(both), answered(both) {}
-    FailureTexts(const char* both) : FailureTexts(std::string_view(both)) {}
-    FailureTexts(const std::string& both) : FailureTexts(std::string_view(both)) {}
-    FailureTexts(std::string_view log, std::string_view answer) : logged(log), answered(answer) {}
+// The texts are parameters and nothing else, so that a temporary outlives every use of it.
 
-    std::string_view logged;
-    std::string_view answered;
-};
-
-/// Fails a response with `eTI_E_FAILED`, and logs the failure at level 1 in the name of the calling function.
-inline void fail(BaseResponse& response, const TylTrace& trace, const FailureTexts& texts,
-                 const char* file = __builtin_FILE(), int line = __builtin_LINE(),
-                 const char* function = __builtin_FUNCTION())
+/// Fails a response and logs the failure at level 1, the text in the trace another one than the response's.
+inline void fail(BaseResponse& response, const TylTrace& trace, std::string_view logged,
+                 std::string_view answered, ETIResult result = eTI_E_FAILED, CallSite at = CallSite())
 {
-    log(trace, 1, texts.logged, file, line, function);
-    setResult(response, eTI_E_FAILED, texts.answered);
+    log(trace, 1, logged, at.header.file, at.header.line, at.header.function);
+    setResult(response, result, answered);
 }
 
-/// The same with a response of its own.
-inline StandardResponse failedResponse(const TylTrace& trace, const FailureTexts& texts,
-                                       const char* file = __builtin_FILE(), int line = __builtin_LINE(),
-                                       const char* function = __builtin_FUNCTION())
+/// Fails a response and logs the failure at level 1, both with the same text.
+inline void fail(BaseResponse& response, const TylTrace& trace, std::string_view text,
+                 ETIResult result = eTI_E_FAILED, CallSite at = CallSite())
 {
-    StandardResponse response;
-    fail(response, trace, texts, file, line, function);
+    fail(response, trace, text, text, result, at);
+}
+
+/// `fail` with a response that holds nothing else.
+template <class Response = StandardResponse>
+Response failedResponse(const TylTrace& trace, std::string_view logged, std::string_view answered,
+                        ETIResult result = eTI_E_FAILED, CallSite at = CallSite())
+{
+    Response response;
+    fail(response, trace, logged, answered, result, at);
+    return response;
+}
+
+/// `fail` with a response that holds nothing else, trace and response with the same text.
+template <class Response = StandardResponse>
+Response failedResponse(const TylTrace& trace, std::string_view text, ETIResult result = eTI_E_FAILED,
+                        CallSite at = CallSite())
+{
+    return failedResponse<Response>(trace, text, text, result, at);
+}
+
+/// A response that fails without a line in the trace and holds nothing else.
+template <class Response = StandardResponse>
+Response refusal(ETIResult result, std::string_view text)
+{
+    Response response;
+    setResult(response, result, text);
     return response;
 }
 

@@ -20,9 +20,7 @@ using CountStored = InitialiseRules::CountStored;
 struct Run
 {
     const TylTrace& trace;
-    const InitialiseRules& rules;
     unsigned numberOfChannels;
-    std::uint32_t* storedCount;
     TylTraceHeader at;
 
     template <class Text>
@@ -32,10 +30,10 @@ struct Run
     }
 };
 
-void logEntry(const Run& run)
+void logEntry(const Run& run, bool tellsCount)
 {
     const TylTraceHeader& at = run.at;
-    if (run.rules.entryTellsCount) {
+    if (tellsCount) {
         logEnter(
             run.trace, [&](TextWriter& text) { text << "numberOfChannels=" << run.numberOfChannels; },
             at.file, at.line, at.function);
@@ -44,19 +42,18 @@ void logEntry(const Run& run)
     }
 }
 
-bool isSecondCall(const Run& run, Guard place)
+bool isSecondCall(const Run& run, const SecondCallRule& rule, Guard place, std::uint32_t storedCount)
 {
-    if (run.rules.secondCall.guard != place || *run.storedCount == 0) {
+    if (rule.guard != place || storedCount == 0) {
         return false;
     }
-    run.say(1, run.rules.secondCall.text);
+    run.say(1, rule.text);
     return true;
 }
 
-bool isOutOfRange(const Run& run)
+bool isOutOfRange(const Run& run, const RangeRule& range)
 {
-    const RangeRule& range = run.rules.range;
-    if (!range.isTested || run.numberOfChannels - 1 <= 1) {
+    if (run.numberOfChannels - 1 <= 1) {
         return false;
     }
     if (range.form == RangeRule::Text::Plain) {
@@ -74,20 +71,28 @@ void logMissing(const Run& run, const MissingText& missing, std::string_view nam
     }
     run.say(missing.level, [&](TextWriter& text) {
         text << missing.text;
-        if (missing.value == MissingText::Value::Name) {
+        switch (missing.value) {
+        case MissingText::Value::None:
+            break;
+        case MissingText::Value::Name:
             text << name;
-        } else if (missing.value == MissingText::Value::Channel) {
+            break;
+        case MissingText::Value::Channel:
             text << channel;
+            break;
+        case MissingText::Value::ChannelPrefix:
+            text << "channel " << channel << ": ";
+            break;
         }
+        text << missing.textBehind;
     });
 }
 
 // False ends `initialise`.
 bool take(const Run& run, const Collaborator& collaborator, std::uint32_t channel)
 {
-    const std::string name = collaborator.isPerChannel() ? collaborator.nameOf(collaborator.name, channel)
-                                                         : std::string(collaborator.name);
-    if (collaborator.take(name, channel, collaborator.slot)) {
+    const std::string name = collaborator.name.of(channel);
+    if (collaborator.take({collaborator, name, channel})) {
         if (collaborator.whenFound != nullptr) {
             collaborator.whenFound(name, channel, collaborator.slot);
         }
@@ -128,76 +133,104 @@ bool takeAll(const Run& run, std::span<const Collaborator> collaborators)
     return true;
 }
 
-void storeCount(const Run& run, CountStored when)
-{
-    if (run.storedCount != nullptr && run.rules.countStored == when) {
-        *run.storedCount = run.numberOfChannels;
-    }
-}
-
 } // namespace
 
-Collaborator storageVariable(std::string_view name, NodeWide<const std::int32_t>& slot, MissingText missing)
+std::string LookupName::of(std::uint32_t channel) const
 {
-    const auto take = [](const std::string& variable, std::uint32_t, void* address) {
+    std::string text(front);
+    if (hasChannel) {
+        TextWriter(text) << separator << channel << behind;
+    }
+    return text;
+}
+
+Collaborator driver(std::string_view front, std::string_view behind, DriverPerChannel& slot,
+                    MissingText missing)
+{
+    const auto take = [](const Lookup& lookup) {
+        CDriverHandle handle;
+        const bool isThere = !failed(CDriver_GetInterface(&handle, lookup.name.c_str()));
+        static_cast<DriverPerChannel*>(lookup.collaborator.slot)
+            ->set(lookup.channel, isThere ? handle : CDriverHandle());
+        return isThere;
+    };
+    return {.name = {.front = front, .hasChannel = true, .separator = {}, .behind = behind},
+            .isPerChannel = true,
+            .slot = &slot,
+            .take = take,
+            .missing = missing,
+            .absence = Collaborator::Absence::StaysNull};
+}
+
+NodeWideCollaborator storageVariable(StorageVariable& slot, MissingText missing)
+{
+    const auto take = [](const Lookup& lookup) {
         void* content = nullptr;
-        if (failed(CStorageManager_GetVariableContentAddressByName(variable.c_str(), &content))) {
+        if (failed(CStorageManager_GetVariableContentAddressByName(lookup.name.c_str(), &content))) {
             return false;
         }
-        static_cast<NodeWide<const std::int32_t>*>(address)->set(static_cast<const std::int32_t*>(content));
+        static_cast<StorageVariable*>(lookup.collaborator.slot)
+            ->set(static_cast<const std::int32_t*>(content));
         return true;
     };
-    return {name, nullptr, &slot, take, missing};
+    return {{.name = {.front = slot.name()},
+             .isPerChannel = false,
+             .slot = &slot,
+             .take = take,
+             .missing = missing}};
 }
 
-Collaborator storageVariablePresence(std::string_view name, MissingText missing)
+NodeWideCollaborator storageVariablePresence(std::string_view name, MissingText missing)
 {
-    const auto take = [](const std::string& variable, std::uint32_t, void*) {
+    const auto take = [](const Lookup& lookup) {
         void* content = nullptr;
-        return !failed(CStorageManager_GetVariableContentAddressByName(variable.c_str(), &content));
+        return !failed(CStorageManager_GetVariableContentAddressByName(lookup.name.c_str(), &content));
     };
-    return {name, nullptr, nullptr, take, missing};
+    return {
+        {.name = {.front = name}, .isPerChannel = false, .slot = nullptr, .take = take, .missing = missing}};
 }
-
-namespace detail
-{
-
-std::string nameWithChannel(std::string_view name, std::uint32_t channel)
-{
-    std::string text;
-    TextWriter(text) << name << "_" << channel;
-    return text;
-}
-
-std::string nameWithNumber(std::string_view name, std::uint32_t channel)
-{
-    std::string text;
-    TextWriter(text) << name << channel;
-    return text;
-}
-
-} // namespace detail
 
 ETIResult initialise(const TylTrace& trace, const InitialiseRules& rules, unsigned numberOfChannels,
-                     std::uint32_t* storedCount, std::initializer_list<Collaborator> collaborators,
-                     const char* file, int line, const char* function)
+                     std::uint32_t& storedCount, std::initializer_list<Collaborator> collaborators,
+                     CallSite at)
 {
-    const Run run{trace, rules, numberOfChannels, storedCount, {file, line, function}};
-    logEntry(run);
-    if (isSecondCall(run, Guard::BeforeRange)) {
+    const Run run{trace, numberOfChannels, at.header};
+    logEntry(run, rules.entryTellsCount);
+    if (isSecondCall(run, rules.secondCall, Guard::BeforeRange, storedCount)) {
         return eTI_E_FAILED;
     }
-    if (isOutOfRange(run)) {
+    if (isOutOfRange(run, rules.range)) {
         return rules.range.result;
     }
-    if (isSecondCall(run, Guard::AfterRange)) {
+    if (isSecondCall(run, rules.secondCall, Guard::AfterRange, storedCount)) {
         return eTI_E_FAILED;
     }
-    storeCount(run, CountStored::First);
+    if (rules.countStored == CountStored::First) {
+        storedCount = numberOfChannels;
+    }
     if (!takeAll(run, {collaborators.begin(), collaborators.size()})) {
         return eTI_E_FAILED;
     }
-    storeCount(run, CountStored::Last);
+    storedCount = numberOfChannels;
+    return eTI_S_OK;
+}
+
+ETIResult initialise(const TylTrace& trace, const UncountedRules& rules, unsigned numberOfChannels,
+                     std::initializer_list<NodeWideCollaborator> collaborators, CallSite at)
+{
+    const Run run{trace, numberOfChannels, at.header};
+    logEntry(run, rules.entryTellsCount);
+    if (rules.isRangeTested && isOutOfRange(run, rules.range)) {
+        return rules.range.result;
+    }
+    const bool areAllTaken = std::ranges::all_of(
+        collaborators, [&](const Collaborator& collaborator) { return take(run, collaborator, 0); });
+    return areAllTaken ? eTI_S_OK : eTI_E_FAILED;
+}
+
+ETIResult initialiseNothing(const TylTrace& trace)
+{
+    trace.isEnabled(1); // asked for a level, a channel makes itself known to the trace service
     return eTI_S_OK;
 }
 

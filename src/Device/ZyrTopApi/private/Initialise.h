@@ -1,11 +1,14 @@
 #pragma once
 
+#include "CallSite.h"
 #include "ETIResult.h"
 #include "InterfaceBroker.h"
 #include "NodeWide.h"
 #include "PerChannel.h"
+#include "StorageVariable.h"
 #include "TylTrace.h"
 
+#include <concepts>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -23,7 +26,6 @@ struct RangeRule
         WithNumber, // the text, the number and ")"
         Plain,
     };
-    bool isTested = true;
     Text form = Text::WithNumber;
     std::string_view text = "Error: numberOfChannels is out of range (";
     ETIResult result = eTI_E_INVALID_ARGUMENT;
@@ -42,7 +44,7 @@ struct SecondCallRule
     std::string_view text = {};
 };
 
-/// How `initialize` of a command behaves apart from its collaborators.
+/// How `initialize` of a command that keeps its number of channels behaves, apart from its collaborators.
 struct InitialiseRules
 {
     RangeRule range = {};
@@ -57,6 +59,14 @@ struct InitialiseRules
     bool entryTellsCount = false; ///< entry with the text "numberOfChannels=<n>", else without one
 };
 
+/// How `initialize` of a command without a number of channels of its own behaves.
+struct UncountedRules
+{
+    bool isRangeTested = false;
+    RangeRule range = {};
+    bool entryTellsCount = false; ///< as above
+};
+
 /// The families of `initialize`, by their habits.
 namespace family
 {
@@ -65,102 +75,150 @@ inline constexpr RangeRule kBounds{
     .form = RangeRule::Text::Plain, .text = "numberOfChannels is out of bounds", .result = eTI_E_FAILED};
 
 inline constexpr InitialiseRules kPlain{};
-inline constexpr InitialiseRules kNodeWide{.range = {.isTested = false}};
+inline constexpr UncountedRules kNodeWide{};
 inline constexpr InitialiseRules kGuarded{
     .secondCall = {SecondCallRule::Guard::AfterRange, "Already initialized"}, .entryTellsCount = true};
 
-/// Guarded by the class's own text, range failure without the number; the count is stored last.
-constexpr InitialiseRules classGuarded(SecondCallRule::Guard guard, std::string_view text)
+/// Guarded by the class's own text, range failure without the number.
+constexpr InitialiseRules
+classGuarded(SecondCallRule::Guard guard, std::string_view text,
+             InitialiseRules::CountStored countStored = InitialiseRules::CountStored::Last)
 {
-    return {.range = kBounds,
-            .secondCall = {guard, text},
-            .countStored = InitialiseRules::CountStored::Last,
-            .entryTellsCount = true};
+    return {
+        .range = kBounds, .secondCall = {guard, text}, .countStored = countStored, .entryTellsCount = true};
+}
+
+/// A range failure without a line in the trace.
+constexpr RangeRule silentRange(ETIResult result)
+{
+    return {.form = RangeRule::Text::None, .text = {}, .result = result};
 }
 
 } // namespace family
 
-/// What is logged when a collaborator is missing: a text, with the collaborator's name in the broker or the
-/// channel's number behind it if the text wants it.
+/// What is logged when a collaborator is missing: a text, a value and a text behind it.
 struct MissingText
 {
     enum class Value
     {
         None,
-        Name,
-        Channel,
+        Name,          // that was looked up
+        Channel,       // its number
+        ChannelPrefix, // "channel <n>: "
     };
+    // sic: the common text has a leading blank
     std::string_view text = " Error getting interface to ";
     Value value = Value::Name;
+    std::string_view textBehind = {};
     TylTraceLevel level = 1;
 };
 
 /// A missing text without a value.
 constexpr MissingText plainText(std::string_view text, TylTraceLevel level = 1)
 {
-    return {text, MissingText::Value::None, level};
+    return {.text = text, .value = MissingText::Value::None, .level = level};
 }
 
 /// A missing text that ends in the name that was looked up.
 constexpr MissingText textAndName(std::string_view text, TylTraceLevel level = 1)
 {
-    return {text, MissingText::Value::Name, level};
+    return {.text = text, .value = MissingText::Value::Name, .level = level};
+}
+
+/// A missing text with the name that was looked up in its middle.
+constexpr MissingText textAroundName(std::string_view front, std::string_view behind, TylTraceLevel level = 1)
+{
+    return {.text = front, .value = MissingText::Value::Name, .textBehind = behind, .level = level};
 }
 
 /// A missing text that ends in the channel's number.
 constexpr MissingText textAndChannel(std::string_view text, TylTraceLevel level = 1)
 {
-    return {text, MissingText::Value::Channel, level};
+    return {.text = text, .value = MissingText::Value::Channel, .level = level};
 }
 
-/// The collaborator may be absent without a word.
-inline constexpr MissingText kSilent{{}, MissingText::Value::None, 0};
+/// A missing text with "channel <n>: " in front.
+constexpr MissingText channelAndText(std::string_view text, TylTraceLevel level = 1)
+{
+    return {.text = {}, .value = MissingText::Value::ChannelPrefix, .textBehind = text, .level = level};
+}
 
-/// One collaborator that `initialize` takes, or another thing that it looks up by name.
+/// Nothing is logged.
+inline constexpr MissingText kSilent{.text = {}, .value = MissingText::Value::None, .level = 0};
+
+/// The name under which something is looked up, for one of the channels or for the node.
+struct LookupName
+{
+    std::string_view front;
+    bool hasChannel = false;
+    std::string_view separator = "_"; ///< in front of the channel's number
+    std::string_view behind = {};     ///< behind the channel's number
+
+    std::string of(std::uint32_t channel) const;
+};
+
+struct Collaborator;
+
+/// One lookup: what `take` is told.
+struct Lookup
+{
+    const Collaborator& collaborator;
+    const std::string& name;
+    std::uint32_t channel; ///< 0 for the node
+};
+
+/// One collaborator that `initialize` takes, or another thing that it looks up.
 struct Collaborator
 {
-    /// Whether an absence fails `initialize` or leaves the pointer null.
+    /// Whether an absence fails `initialize` or leaves the slot empty.
     enum class Absence
     {
         Fails,
         StaysNull,
     };
 
-    std::string_view name;                                  // broker name, or its front
-    std::string (*nameOf)(std::string_view, std::uint32_t); // from the front and the channel; null: node-wide
-    void* slot;                                             // where it goes
-    bool (*take)(const std::string& name, std::uint32_t channel, void* slot); // false: missing
+    LookupName name;
+    bool isPerChannel;
+    void* slot;                         ///< where it goes
+    bool (*take)(const Lookup& lookup); ///< false: missing
     MissingText missing = {};
     Absence absence = Absence::Fails;
+    const void* owner = nullptr; ///< of a part: where the collaborators are that hand it out
     /// Called when it was found; may be null.
     void (*whenFound)(const std::string& name, std::uint32_t channel, void* slot) = nullptr;
-
-    constexpr bool isPerChannel() const { return nameOf != nullptr; }
 };
+
+/// A collaborator that isn't one of a channel's.
+struct NodeWideCollaborator : Collaborator
+{};
 
 namespace detail
 {
 
 template <class Interface>
-bool takePerChannel(const std::string& name, std::uint32_t channel, void* slot)
+bool takePerChannel(const Lookup& lookup)
 {
-    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(name);
-    static_cast<PerChannel<Interface>*>(slot)->set(channel, found);
+    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(lookup.name);
+    static_cast<PerChannel<Interface>*>(lookup.collaborator.slot)->set(lookup.channel, found);
     return found != nullptr;
 }
 
 template <class Interface>
-bool takeNodeWide(const std::string& name, std::uint32_t, void* slot)
+bool takeNodeWide(const Lookup& lookup)
 {
-    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(name);
-    static_cast<NodeWide<Interface>*>(slot)->set(found);
+    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(lookup.name);
+    static_cast<NodeWide<Interface>*>(lookup.collaborator.slot)->set(found);
     return found != nullptr;
 }
 
-/// "<name>_<channel>", the rule for collaborators of one channel.
-std::string nameWithChannel(std::string_view name, std::uint32_t channel);
-/// "<name><channel>".
-std::string nameWithNumber(std::string_view name, std::uint32_t channel);
+template <auto Getter, class Owner, class Part>
+bool takePart(const Lookup& lookup)
+{
+    const auto& owners = *static_cast<const PerChannel<Owner>*>(lookup.collaborator.owner);
+    Part* const found = (owners[lookup.channel].*Getter)();
+    static_cast<PerChannel<Part>*>(lookup.collaborator.slot)->set(lookup.channel, found);
+    return found != nullptr;
+}
 
 } // namespace detail
 
@@ -168,25 +226,51 @@ std::string nameWithNumber(std::string_view name, std::uint32_t channel);
 template <class Interface>
 Collaborator perChannel(std::string_view name, PerChannel<Interface>& slot, MissingText missing = {})
 {
-    return {name, &detail::nameWithChannel, &slot, &detail::takePerChannel<Interface>, missing};
+    return {.name = {.front = name, .hasChannel = true},
+            .isPerChannel = true,
+            .slot = &slot,
+            .take = &detail::takePerChannel<Interface>,
+            .missing = missing};
 }
+
+/// A part that a collaborator of each channel hands out; to stand behind that collaborator. It must be there.
+/// @tparam Getter  the collaborator's operation that gives it
+template <auto Getter, class Owner, class Part>
+Collaborator part(const PerChannel<Owner>& owner, PerChannel<Part>& slot, MissingText missing)
+{
+    return {.name = {.front = typeName<Part>()},
+            .isPerChannel = true,
+            .slot = &slot,
+            .take = &detail::takePart<Getter, Owner, Part>,
+            .missing = missing,
+            .owner = &owner};
+}
+
+/// A hardware driver of each channel, named "<front><channel><behind>". Its handle is empty where there is
+/// none, and `initialize` goes on.
+Collaborator driver(std::string_view front, std::string_view behind, DriverPerChannel& slot,
+                    MissingText missing);
 
 /// A collaborator of the whole node, published under its plain name. It must be there.
 template <class Interface>
-Collaborator nodeWide(std::string_view name, NodeWide<Interface>& slot, MissingText missing = {})
+NodeWideCollaborator nodeWide(std::string_view name, NodeWide<Interface>& slot, MissingText missing = {})
 {
-    return {name, nullptr, &slot, &detail::takeNodeWide<Interface>, missing};
+    return {{.name = {.front = name},
+             .isPerChannel = false,
+             .slot = &slot,
+             .take = &detail::takeNodeWide<Interface>,
+             .missing = missing}};
 }
 
-/// A variable of the hardware storage, whose address is kept: it stays valid for the life of the process. It
-/// must be there.
-Collaborator storageVariable(std::string_view name, NodeWide<const std::int32_t>& slot, MissingText missing);
+/// A variable of the hardware storage. It must be there.
+NodeWideCollaborator storageVariable(StorageVariable& slot, MissingText missing);
 
 /// A variable of the hardware storage of which only the presence is tested.
-Collaborator storageVariablePresence(std::string_view name, MissingText missing);
+NodeWideCollaborator storageVariablePresence(std::string_view name, MissingText missing);
 
-/// The same collaborator, but one that may be absent: its pointer stays null then.
-constexpr Collaborator optional(Collaborator collaborator)
+/// The same collaborator, but one that may be absent: its slot stays empty then.
+template <std::derived_from<Collaborator> AnyCollaborator>
+constexpr AnyCollaborator optional(AnyCollaborator collaborator)
 {
     collaborator.absence = Collaborator::Absence::StaysNull;
     return collaborator;
@@ -195,17 +279,24 @@ constexpr Collaborator optional(Collaborator collaborator)
 /// The same collaborator, but published as "<name><channel>".
 constexpr Collaborator withoutUnderscore(Collaborator collaborator)
 {
-    collaborator.nameOf = &detail::nameWithNumber;
+    collaborator.name.separator = {};
     return collaborator;
 }
 
-/// `initialize` of every command: the rules of its family, then its collaborators in the order of the list,
-/// each run of per-channel ones channel by channel. Ends at the first absence that fails; what was taken
-/// before stays.
-/// @param storedCount  the command's number of channels; null if it keeps none
+/// `initialize` of a command that keeps its number of channels: the rules of its family, then its
+/// collaborators in the order of the list, each run of per-channel ones channel by channel. Ends at the first
+/// absence that fails; what was taken before stays.
+/// @param storedCount  the command's number of channels
 ETIResult initialise(const TylTrace& trace, const InitialiseRules& rules, unsigned numberOfChannels,
-                     std::uint32_t* storedCount, std::initializer_list<Collaborator> collaborators,
-                     const char* file = __builtin_FILE(), int line = __builtin_LINE(),
-                     const char* function = __builtin_FUNCTION());
+                     std::uint32_t& storedCount, std::initializer_list<Collaborator> collaborators,
+                     CallSite at = CallSite());
+
+/// `initialize` of a command that keeps no number of channels and so has no collaborator of a channel.
+ETIResult initialise(const TylTrace& trace, const UncountedRules& rules, unsigned numberOfChannels,
+                     std::initializer_list<NodeWideCollaborator> collaborators, CallSite at = CallSite());
+
+/// `initialize` of a command without collaborators: traces nothing, but makes the command's trace channel
+/// known, so that it can be listed and set. Always `eTI_S_OK`.
+ETIResult initialiseNothing(const TylTrace& trace);
 
 } // namespace zyr_top_api

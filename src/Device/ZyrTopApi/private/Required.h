@@ -1,16 +1,20 @@
 #pragma once
 
-#include <stdexcept>
+#include "Missing.h"
+
+#include <cstdint>
 
 namespace zyr_top_api
 {
 
-/// What a collaborator hands out and a command can't do without. @throws std::out_of_range if it is null
+/// What a collaborator hands out and a command can't do without.
+/// @param channel  the collaborator's, for the exception
+/// @throws std::out_of_range naming the part and the channel, if it is null
 template <class Part>
-Part& required(Part* part)
+Part& required(Part* part, std::uint32_t channel)
 {
     if (part == nullptr) {
-        throw std::out_of_range("a collaborator doesn't hand out the part that the command needs");
+        throwMissing(typeName<Part>(), channel);
     }
     return *part;
 }

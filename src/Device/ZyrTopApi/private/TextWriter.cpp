@@ -38,9 +38,19 @@ TextWriter& TextWriter::operator<<(const std::string& text)
     return *this;
 }
 
-TextWriter& TextWriter::operator<<(bool flag)
+TextWriter& TextWriter::digit(bool flag)
 {
     m_target.push_back(flag ? '1' : '0');
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(double number)
+{
+    constexpr int kSignificantDigits = 6;
+    std::array<char, 24> digits; // "-1.23457e-308" is the longest
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                   std::chars_format::general, kSignificantDigits);
+    m_target.append(digits.data(), end.ptr);
     return *this;
 }
 

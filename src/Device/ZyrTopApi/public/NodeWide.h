@@ -1,12 +1,11 @@
 #pragma once
 
-#include <stdexcept>
+#include "Missing.h"
 
 namespace zyr_top_api
 {
 
-/// A collaborator of the whole node, or another single thing that `initialize` looks up. Owns nothing; empty
-/// after construction.
+/// A collaborator of the whole node. Owns nothing; empty after construction.
 template <class Interface>
 class NodeWide
 {
@@ -14,11 +13,11 @@ class NodeWide
     /// What was found; null if nothing was.
     Interface* find() const { return m_found; }
 
-    /// What was found. @throws std::out_of_range if nothing was
+    /// What was found. @throws std::out_of_range naming the collaborator, if nothing was
     Interface& operator*() const
     {
         if (m_found == nullptr) {
-            throw std::out_of_range("a collaborator of the node was not found");
+            throwMissing(typeName<Interface>());
         }
         return *m_found;
     }

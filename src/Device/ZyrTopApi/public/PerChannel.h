@@ -1,16 +1,34 @@
 #pragma once
 
+#include "CDriver.h"
+#include "Missing.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
-#include <string>
 
 namespace zyr_top_api
 {
 
-/// One collaborator for each radio channel, 1 and 2. There is no access by raw index, so that what is meant
-/// for one channel can't reach the other's collaborator. Owns nothing; all empty after construction.
+/// The slots of the radio channels 1 and 2. There is no access by raw index, so that what is meant for one
+/// channel can't reach the other's.
+template <class Content>
+class ChannelSlots
+{
+  public:
+    /// The slot of the channel; null if there is no such channel.
+    Content* find(std::uint32_t channel) { return channel - 1 < kChannels ? &m_slots[channel - 1] : nullptr; }
+    const Content* find(std::uint32_t channel) const
+    {
+        return channel - 1 < kChannels ? &m_slots[channel - 1] : nullptr;
+    }
+
+  private:
+    static constexpr std::size_t kChannels = 2;
+    std::array<Content, kChannels> m_slots = {};
+};
+
+/// One collaborator for each radio channel. Owns nothing; all empty after construction.
 template <class Interface>
 class PerChannel
 {
@@ -18,16 +36,18 @@ class PerChannel
     /// The collaborator of the channel; null if it was not found or if there is no such channel.
     Interface* find(std::uint32_t channel) const
     {
-        return isChannel(channel) ? m_collaborators[channel - 1] : nullptr;
+        Interface* const* const slot = m_slots.find(channel);
+        return slot != nullptr ? *slot : nullptr;
     }
 
     /// The collaborator of the channel.
-    /// @throws std::out_of_range naming the channel, if there is no such channel or no collaborator
+    /// @throws std::out_of_range naming the collaborator and the channel, if there is no such channel or no
+    /// collaborator
     Interface& operator[](std::uint32_t channel) const
     {
         Interface* const collaborator = find(channel);
         if (collaborator == nullptr) {
-            throw std::out_of_range("no collaborator for radio channel " + std::to_string(channel));
+            throwMissing(typeName<Interface>(), channel);
         }
         return *collaborator;
     }
@@ -35,17 +55,44 @@ class PerChannel
     /// Stores what was found for a channel, null included. @throws std::out_of_range as above
     void set(std::uint32_t channel, Interface* collaborator)
     {
-        if (!isChannel(channel)) {
-            throw std::out_of_range("no radio channel " + std::to_string(channel));
+        Interface** const slot = m_slots.find(channel);
+        if (slot == nullptr) {
+            throwMissing(typeName<Interface>(), channel);
         }
-        m_collaborators[channel - 1] = collaborator;
+        *slot = collaborator;
     }
 
   private:
-    static constexpr bool isChannel(std::uint32_t channel) { return channel - 1 < kChannels; }
+    ChannelSlots<Interface*> m_slots;
+};
 
-    static constexpr std::size_t kChannels = 2;
-    std::array<Interface*, kChannels> m_collaborators = {};
+/// The handles of one hardware driver for each radio channel; empty (all words null) where there is no
+/// driver.
+class DriverPerChannel
+{
+  public:
+    /// The channel's handle. @throws std::out_of_range naming the channel, if there is no such channel
+    const CDriverHandle& operator[](std::uint32_t channel) const
+    {
+        const CDriverHandle* const slot = m_slots.find(channel);
+        if (slot == nullptr) {
+            throwMissing("hardware driver", channel);
+        }
+        return *slot;
+    }
+
+    /// Stores a channel's handle. @throws std::out_of_range as above
+    void set(std::uint32_t channel, const CDriverHandle& handle)
+    {
+        CDriverHandle* const slot = m_slots.find(channel);
+        if (slot == nullptr) {
+            throwMissing("hardware driver", channel);
+        }
+        *slot = handle;
+    }
+
+  private:
+    ChannelSlots<CDriverHandle> m_slots;
 };
 
 } // namespace zyr_top_api

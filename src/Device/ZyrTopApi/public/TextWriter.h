@@ -2,6 +2,8 @@
 
 #include "Export.h"
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -24,8 +26,15 @@ class ZYR_EXPORT TextWriter
     TextWriter& operator<<(const char* text);
     TextWriter& operator<<(const std::string& text);
 
-    /// A flag as the digit 0 or 1.
-    TextWriter& operator<<(bool flag);
+    /// A flag as the digit 0 or 1. Takes nothing that merely converts to a flag, such as a pointer.
+    template <std::same_as<bool> Flag>
+    TextWriter& operator<<(Flag flag)
+    {
+        return digit(flag);
+    }
+
+    /// With six significant digits, as `%g` of `printf`: no trailing zeros, an exponent where it is shorter.
+    TextWriter& operator<<(double number);
 
     TextWriter& operator<<(std::int16_t number) { return *this << std::int32_t{number}; }
     TextWriter& operator<<(std::uint16_t number) { return *this << std::uint32_t{number}; }
@@ -34,6 +43,7 @@ class ZYR_EXPORT TextWriter
     TextWriter& operator<<(std::int64_t number);
     TextWriter& operator<<(std::uint64_t number);
 
+    TextWriter& operator<<(std::nullptr_t) = delete;
     TextWriter& operator<<(char) = delete;
     TextWriter& operator<<(signed char) = delete;
     TextWriter& operator<<(unsigned char) = delete;
@@ -48,6 +58,8 @@ class ZYR_EXPORT TextWriter
     TextWriter& word(bool flag);
 
   private:
+    TextWriter& digit(bool flag);
+
     std::string& m_target;
 };
 

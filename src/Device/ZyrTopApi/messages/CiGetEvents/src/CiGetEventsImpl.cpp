@@ -23,7 +23,7 @@ void CiGetEvents::Command::print(TextWriter& text) const
 
 ETIResult CiGetEventsImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+    return initialise(trace, family::kNodeWide, numberOfChannels,
                       {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
 }
 

@@ -48,7 +48,7 @@ void CiGetFastEvents::Response::print(TextWriter& text) const
 
 ETIResult CiGetFastEventsImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+    return initialise(trace, family::kNodeWide, numberOfChannels,
                       {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
 }
 

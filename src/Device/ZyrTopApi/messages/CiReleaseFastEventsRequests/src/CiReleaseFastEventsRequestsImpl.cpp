@@ -23,7 +23,7 @@ void CiReleaseFastEventsRequests::Command::print(TextWriter& text) const
 
 ETIResult CiReleaseFastEventsRequestsImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+    return initialise(trace, family::kNodeWide, numberOfChannels,
                       {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
 }
 

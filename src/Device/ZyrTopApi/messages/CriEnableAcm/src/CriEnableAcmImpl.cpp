@@ -23,7 +23,7 @@ void CriEnableAcm::Command::print(TextWriter& text) const
 
 ETIResult CriEnableAcmImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+    return initialise(trace, family::kPlain, numberOfChannels, m_numberOfChannels,
                       {perChannel("IAcmHandler", m_acmHandler)});
 }
 
@@ -37,10 +37,10 @@ StandardResponse CriEnableAcmImpl::execute(const Command& command)
     }
     if (failed(m_acmHandler[command.channelId].enableAcm(command.enable))) {
         // sic: the log says it otherwise than the response does
-        return command.enable ? failedResponse(trace, {"CRI.EnableAcm failed to Enabled ACM",
-                                                       "CRI.EnableAcm failed to enable ACM"})
-                              : failedResponse(trace, {"CRI.EnableAcm failed to Disabled ACM",
-                                                       "CRI.EnableAcm failed to disable ACM"});
+        return command.enable ? failedResponse(trace, "CRI.EnableAcm failed to Enabled ACM",
+                                               "CRI.EnableAcm failed to enable ACM")
+                              : failedResponse(trace, "CRI.EnableAcm failed to Disabled ACM",
+                                               "CRI.EnableAcm failed to disable ACM");
     }
     return {};
 }

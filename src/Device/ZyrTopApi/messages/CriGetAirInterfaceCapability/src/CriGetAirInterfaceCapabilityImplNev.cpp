@@ -106,7 +106,7 @@ void CriGetAirInterfaceCapability::Response::print(TextWriter& text) const
 ETIResult CriGetAirInterfaceCapabilityImpl::initialize(unsigned numberOfChannels)
 {
     return initialise(
-        trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+        trace, family::kPlain, numberOfChannels, m_numberOfChannels,
         {
             nodeWide("IHardwareConfigurationHandler", m_hardwareConfigurationHandler,
                      plainText("Could not find the Hardware Configuration Handler Interface")),

@@ -103,10 +103,10 @@ ETIResult CriGetRadioChannelCapabilityImpl::initialize(unsigned numberOfChannels
 {
     constexpr MissingText kNoVariable = textAndName(" Could not get storage variable ");
     constexpr MissingText kNoInterface = textAndName("Error getting interface: ");
-    return initialise(trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+    return initialise(trace, family::kPlain, numberOfChannels, m_numberOfChannels,
                       {
-                          storageVariable("common.minTemp", m_minTemp, kNoVariable),
-                          storageVariable("common.maxTemp", m_maxTemp, kNoVariable),
+                          storageVariable(m_minTemp, kNoVariable),
+                          storageVariable(m_maxTemp, kNoVariable),
                           perChannel("IOutputPowerCalculator", m_outputPowerCalculator, kNoInterface),
                           perChannel("ICapabilityHandler", m_capabilityHandler, kNoInterface),
                           perChannel("IRadioCapability", m_radioCapability, kNoInterface),

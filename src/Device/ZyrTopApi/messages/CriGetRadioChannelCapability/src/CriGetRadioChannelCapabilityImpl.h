@@ -4,8 +4,8 @@
 #include "ICapabilityHandler.h"
 #include "IOutputPowerCalculator.h"
 #include "IRadioCapability.h"
-#include "NodeWide.h"
 #include "PerChannel.h"
+#include "StorageVariable.h"
 
 #include <cstdint>
 #include <map>
@@ -36,8 +36,8 @@ class ZYR_EXPORT CriGetRadioChannelCapabilityImpl : public CriGetRadioChannelCap
     PerChannel<IOutputPowerCalculator> m_outputPowerCalculator;
     PerChannel<ICapabilityHandler> m_capabilityHandler;
     PerChannel<IRadioCapability> m_radioCapability;
-    NodeWide<const std::int32_t> m_minTemp;
-    NodeWide<const std::int32_t> m_maxTemp;
+    StorageVariable m_minTemp{"common.minTemp"};
+    StorageVariable m_maxTemp{"common.maxTemp"};
 };
 
 } // namespace zyr_top_api

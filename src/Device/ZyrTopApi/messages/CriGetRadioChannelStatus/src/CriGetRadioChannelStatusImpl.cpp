@@ -85,7 +85,7 @@ ETIResult CriGetRadioChannelStatusImpl::initialize(unsigned numberOfChannels)
                           (*static_cast<PerChannel<IBasebandSdcController>*>(slot))[channel]);
     };
     return initialise(
-        s_trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+        s_trace, family::kPlain, numberOfChannels, m_numberOfChannels,
         {
             perChannel("ISystemPowerController", m_systemPowerController,
                        textAndName("Could not find the System Power Controller interface: ")),

@@ -126,7 +126,7 @@ void CriGetRadioChannelStatusImpl::readMimo(std::uint32_t channel, Readings& rea
         return;
     }
     int mode = 0;
-    required(m_dspApi[channel].getDspControlApi()).getMimoMode(mode);
+    required(m_dspApi[channel].getDspControlApi(), channel).getMimoMode(mode);
     readings.isMimo4x4 = mode == kMimo4x4Mode;
     readings.mimoIsStarted = mimoController->isStarted(); // the second answer is the one that is reported
     readings.eta = mimoController->getEta().valueOr(0);

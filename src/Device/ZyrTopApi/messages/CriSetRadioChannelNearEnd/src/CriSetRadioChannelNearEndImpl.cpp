@@ -59,7 +59,7 @@ void CriSetRadioChannelNearEnd::Command::print(TextWriter& text) const
 ETIResult CriSetRadioChannelNearEndImpl::initialize(unsigned numberOfChannels)
 {
     const ETIResult result = initialise(
-        s_trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+        s_trace, family::kPlain, numberOfChannels, m_numberOfChannels,
         {
             nodeWide("IHardwareConfigurationHandler", m_hardwareConfigurationHandler,
                      plainText("Could not find the Hardware Configuration Handler interface")),

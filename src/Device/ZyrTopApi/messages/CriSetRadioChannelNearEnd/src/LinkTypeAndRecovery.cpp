@@ -153,7 +153,7 @@ CriSetRadioChannelNearEndImpl::checkFrameFormat(const Command& command, Recover&
         return failureText("CRI.SetRadioChannelNearEnd invalid FF config type: ", command.FFConfigType);
     }
     const RadioChannel channel = normalised(command);
-    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi());
+    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi(), channel);
     if (failed(dspControl.getRequiredRecovery(type, needed, dueToCarrierAggregation))) {
         return failureText("CRI.SetRadioChannelNearEnd failed to check which kind of DSP Recovery is needed");
     }
@@ -191,7 +191,7 @@ ETIResult CriSetRadioChannelNearEndImpl::checkFfAndCopyDcFileIfNeeded(RadioChann
     log(s_trace, 7, [&](TextWriter& text) {
         text << "getRequiredFFConfigType returns: " << ffConfigTypeToString(neededType);
     });
-    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi());
+    IDspControlApi& dspControl = required(m_dspApi[channel].getDspControlApi(), channel);
     if (failed(dspControl.checkDspReconfiguration(neededType, dspNeedsReconfiguration))) {
         error = "failed to check if the DSP needs to be reconfigured";
         return eTI_E_FAILED;

@@ -53,7 +53,7 @@ CriSetRadioChannelNearEndImpl::Failure CriSetRadioChannelNearEndImpl::turnOffTra
         log(s_trace, 4, "Set Transmitter Off skipped due to warm restart");
         return {};
     }
-    const bool inCa = required(m_dspApi[channel].getDspControlApi()).isCarrierAggregationActive();
+    const bool inCa = required(m_dspApi[channel].getDspControlApi(), channel).isCarrierAggregationActive();
     const RadioChannel txChannel = transmittingChannel(channel, inCa);
     if (!isRadioAvailable(txChannel)) {
         log(s_trace, 4, "Set Transmitter Off skipped due to RAU not available");
@@ -86,7 +86,7 @@ CriSetRadioChannelNearEndImpl::Failure CriSetRadioChannelNearEndImpl::restoreTra
         });
         return {};
     }
-    const bool inCa = required(m_dspApi[channel].getDspControlApi()).isCarrierAggregationActive();
+    const bool inCa = required(m_dspApi[channel].getDspControlApi(), channel).isCarrierAggregationActive();
     const RadioChannel txChannel = transmittingChannel(channel, inCa);
     if (!isRadioAvailable(txChannel)) {
         log(s_trace, 4, [&](TextWriter& text) {

@@ -59,7 +59,7 @@ ETIResult CriSetRfPowerImpl::initialize(unsigned numberOfChannels)
     return initialise(
         trace,
         family::classGuarded(SecondCallRule::Guard::AfterRange, "CriSetRfPowerImpl already initialized"),
-        numberOfChannels, &m_numberOfChannels,
+        numberOfChannels, m_numberOfChannels,
         {
             perChannel("ISystemPowerController", m_systemPowerController,
                        plainText("Could not find the System Power Controller interface")),
@@ -87,7 +87,8 @@ StandardResponse CriSetRfPowerImpl::execute(const Command& command)
     if (m_numberOfChannels < command.RadioChannelID) {
         return {eTI_E_FAILED, "command.channelId > m_numberOfChannels"};
     }
-    if (!required(m_dspApi[command.RadioChannelID].getDspChannelApi()).isConfigured()) {
+    if (!required(m_dspApi[command.RadioChannelID].getDspChannelApi(), command.RadioChannelID)
+             .isConfigured()) {
         return answerUnconfigured(command);
     }
     return setPower(command);
@@ -107,9 +108,10 @@ StandardResponse CriSetRfPowerImpl::answerUnconfigured(const Command& command)
     });
     // Asked whether or not the trace shows them: what the DSP sees doesn't depend on trace levels.
     IDspApi& dspApi = m_dspApi[command.RadioChannelID];
-    const bool isAccessible = required(dspApi.getDspControlApi()).isAccessible();
+    const bool isAccessible = required(dspApi.getDspControlApi(), command.RadioChannelID).isAccessible();
     log(trace, 4, isAccessible ? "DSP is accessible" : "DSP is  not accessible"); // sic: two blanks
-    const EDspChannelState state = required(dspApi.getDspChannelApi()).getChannelState();
+    const EDspChannelState state =
+        required(dspApi.getDspChannelApi(), command.RadioChannelID).getChannelState();
     log(trace, 4, [&](TextWriter& text) { text << "DSP channel state: " << dspChannelStateToString(state); });
     return {eTI_E_OPERATION_NOT_ALLOWED, "DSP needs to be configured before SetRfPower"};
 }
@@ -123,8 +125,8 @@ StandardResponse CriSetRfPowerImpl::setPower(const Command& command)
     const ESPCResult cutback =
         m_outputPowerCalculator[command.RadioChannelID].setPowerCutBack(command.availableMaxPowerCutback);
     if (failed(cutback)) {
-        return failedResponse(trace, {"Failed to set max power cutback",
-                                      failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")")});
+        return failedResponse(trace, "Failed to set max power cutback",
+                              failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")"));
     }
     const EACMHResult muted = acmHandler.muteAcm();
     if (failed(muted)) {
@@ -134,23 +136,22 @@ StandardResponse CriSetRfPowerImpl::setPower(const Command& command)
     const ESPCResult notified = notifyFallback(command);
     if (failed(notified)) {
         return failedResponse(
-            trace, {"Failed to notify SPC about changes in ATPC fallback settings",
-                    failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")")});
+            trace, "Failed to notify SPC about changes in ATPC fallback settings",
+            failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")"));
     }
     const ESPCResult configured = powerController.configurePowerSettings(
         command.txRequestedStatus, command.targetRfInputPowerFarEnd, command.minRfOutputPower,
         command.maxRfOutputPower, kPowerSettingsOptions[0], kPowerSettingsOptions[1]);
     if (failed(configured)) {
-        return failedResponse(trace,
-                              {"Failed to notify SPC about changes in power settings",
-                               failureText("configurePowerSettings failed(ESPCResult = ", configured, ")")});
+        return failedResponse(trace, "Failed to notify SPC about changes in power settings",
+                              failureText("configurePowerSettings failed(ESPCResult = ", configured, ")"));
     }
     const ESPCResult adminState =
         powerController.setAdminRequestedTxPowerState(command.txRequestedStatus, kAdminStateOption);
     if (failed(adminState)) {
         return failedResponse(
-            trace, {"Failed to set Tx Admin Power State",
-                    failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")")});
+            trace, "Failed to set Tx Admin Power State",
+            failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")"));
     }
     const EACMHResult restored = acmHandler.restoreAcm();
     if (failed(restored)) {

@@ -1,6 +1,7 @@
 #include "TiGetAllCommandsDataImpl.h"
 
-#include "Log.h"
+#include "Initialise.h"
+#include "TextWriter.h"
 
 namespace zyr_top_api
 {
@@ -8,9 +9,7 @@ namespace zyr_top_api
 namespace
 {
 
-// Nothing is logged here, but the channel belongs to the command's identity and can be listed and set.
-[[maybe_unused]] constinit TylTrace trace{TiGetAllCommandsData::identity.traceChannel, 3,
-                                          TylTraceHdrOption_Default};
+constinit TylTrace trace{TiGetAllCommandsData::identity.traceChannel, 3, TylTraceHdrOption_Default};
 
 } // namespace
 
@@ -23,7 +22,7 @@ void TiGetAllCommandsData::Response::print(TextWriter&) const {}
 
 ETIResult TiGetAllCommandsDataImpl::initialize(unsigned)
 {
-    return eTI_S_OK;
+    return initialiseNothing(trace);
 }
 
 void TiGetAllCommandsDataImpl::addCmdData(const CmdDescription& description)

@@ -44,7 +44,7 @@ void TiGetEvents::Response::print(TextWriter& text) const
 
 ETIResult TiGetEventsImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+    return initialise(trace, family::kNodeWide, numberOfChannels,
                       {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
 }
 

@@ -48,7 +48,7 @@ std::string TiManageRadioChannelStatus::getCommandDescription()
 ETIResult TiManageRadioChannelStatusImpl::initialize(unsigned numberOfChannels)
 {
     return initialise(
-        trace, family::kPlain, numberOfChannels, &m_numberOfChannels,
+        trace, family::kPlain, numberOfChannels, m_numberOfChannels,
         {
             perChannel("ISystemPowerController", m_systemPowerController,
                        textAndName("Could not find the System Power Controller interface: ")),

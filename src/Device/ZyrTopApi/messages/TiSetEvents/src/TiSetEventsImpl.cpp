@@ -17,7 +17,7 @@ constinit TylTrace trace{TiSetEvents::identity.traceChannel, 3, TylTraceHdrOptio
 
 ETIResult TiSetEventsImpl::initialize(unsigned numberOfChannels)
 {
-    return initialise(trace, family::kNodeWide, numberOfChannels, nullptr,
+    return initialise(trace, family::kNodeWide, numberOfChannels,
                       {nodeWide("IAlarmHandlerTopApi", m_alarmHandler)});
 }
 
@@ -26,8 +26,8 @@ StandardResponse TiSetEventsImpl::execute(const Command& command)
     logEnter(trace);
     if (failed(m_alarmHandler->setAlarmEvents(command))) {
         // sic: the log speaks of getting, the response of setting
-        return failedResponse(
-            trace, {"TI.SetEvents failed to get alarms", "TI.SetEvents failed to set alarm events"});
+        return failedResponse(trace, "TI.SetEvents failed to get alarms",
+                              "TI.SetEvents failed to set alarm events");
     }
     return {};
 }
