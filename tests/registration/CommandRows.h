@@ -18,7 +18,8 @@ struct CommandRow
     zyr_top_api::Route route;
 };
 
-/// All commands in the order of their wire names, written by hand: the list in the product is held against it.
+/// All commands in the order of their wire names, written by hand: the list in the product is held against
+/// it.
 // clang-format off
 inline const std::array<CommandRow, 72> kCommandRows{{
     {"CI.GetEvents", "CiGetEvents", "CiGetEvents::Response",
