@@ -47,7 +47,7 @@ std::string rangeText(Range range)
     return "an integer from " + std::to_string(range.minimum) + " to " + std::to_string(range.maximum);
 }
 
-std::string textsList(std::span<const EnumText> texts)
+std::string numberedList(std::span<const EnumText> texts)
 {
     std::string list;
     for (const EnumText& row : texts) {
@@ -56,11 +56,28 @@ std::string textsList(std::span<const EnumText> texts)
     return list;
 }
 
+std::string textList(std::span<const EnumText> texts)
+{
+    std::string list;
+    for (const EnumText& row : texts) {
+        list += (list.empty() ? "" : ", ") + inQuotes(row.text);
+    }
+    return list;
+}
+
+std::string stringText(const ValueType& type, const FieldNotes& notes)
+{
+    if (notes.texts != nullptr) {
+        return "a string, one of " + textList(notes.texts());
+    }
+    return type.form.empty() ? "a string" : "a string like " + inQuotes(type.form);
+}
+
 std::string integerText(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels)
 {
     const std::string range = rangeText(acceptedRange(type, notes, numberOfChannels));
-    if (type.texts != nullptr) {
-        return "one of " + textsList(type.texts()) + ", or " + range;
+    if (const Texts texts = textsOf(type, notes)) {
+        return "one of " + numberedList(texts()) + ", or " + range;
     }
     const bool isAnyChannel = (type.isChannel || notes.isChannel) && numberOfChannels == 0 && !notes.range;
     return isAnyChannel ? "a radio channel of the node, from 1" : range;
@@ -139,7 +156,7 @@ std::int64_t integerIn(const Place& place, const ValueType& type, const Value& v
 
 std::int64_t numberOfText(const Place& place, const ValueType& type, const Value& value)
 {
-    const auto texts = type.texts();
+    const auto texts = textsOf(type, place.field.notes)();
     const auto row = std::ranges::find(texts, value.get_ref<const std::string&>(), &EnumText::text);
     if (row == texts.end()) {
         refuseValue(place, type, value);
@@ -149,7 +166,7 @@ std::int64_t numberOfText(const Place& place, const ValueType& type, const Value
 
 void readInteger(const Place& place, const ValueType& type, const Value& value, void* object)
 {
-    const bool isText = type.texts != nullptr && value.is_string();
+    const bool isText = textsOf(type, place.field.notes) != nullptr && value.is_string();
     const std::int64_t number = isText ? numberOfText(place, type, value) : integerIn(place, type, value);
     const Range range = acceptedRange(type, place.field.notes, place.numberOfChannels);
     if (number < range.minimum || number > range.maximum) {
@@ -319,6 +336,11 @@ std::string_view kindName(const ValueType& type)
     return {};
 }
 
+Texts textsOf(const ValueType& type, const FieldNotes& notes)
+{
+    return notes.texts != nullptr ? notes.texts : type.texts;
+}
+
 Range acceptedRange(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels)
 {
     if (notes.range) {
@@ -338,7 +360,7 @@ std::string acceptedText(const ValueType& type, const FieldNotes& notes, std::ui
     case Kind::Double:
         return "a number";
     case Kind::String:
-        return type.form.empty() ? "a string" : "a string like " + inQuotes(type.form);
+        return stringText(type, notes);
     case Kind::Array:
         return "an array";
     case Kind::Struct:

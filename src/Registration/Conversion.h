@@ -25,6 +25,9 @@ void writeRecord(std::span<const Field> fields, const void* record, Value& membe
 /// @param numberOfChannels  the range of channels; 0: not known, told in words
 std::string acceptedText(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels);
 
+/// The texts that a number or a string of a field can have; null if it has none.
+Texts textsOf(const ValueType& type, const FieldNotes& notes);
+
 /// The numbers that an integer field takes.
 /// @param numberOfChannels  as above
 Range acceptedRange(const ValueType& type, const FieldNotes& notes, std::uint32_t numberOfChannels);

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "EthernetAddress.h"
+#include "MemberCount.h"
 #include "MemberName.h"
 #include "Optional.h"
 #include "RadioChannel.h"
 #include "ValueType.h"
 
+#include <algorithm>
 #include <array>
 #include <concepts>
 #include <limits>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -18,7 +22,8 @@ namespace zyr_registration
 {
 
 /// The fields of a nested record: specialise it with `static constexpr std::array fields{field<...>(...),
-/// ...}`.
+/// ...}`. A specialisation that tells only some of the members says so with `static constexpr bool isPart =
+/// true`.
 template <class Record>
 struct RecordFields;
 
@@ -107,7 +112,7 @@ struct TypeOf<T>
 };
 
 template <class Enum>
-constexpr auto textsOf() -> std::span<const EnumText> (*)()
+constexpr Texts textsOf()
 {
     if constexpr (requires { EnumVocabulary<Enum>::texts(); }) {
         return &EnumVocabulary<Enum>::texts;
@@ -162,6 +167,23 @@ struct TypeOf<general_classes::Optional<T>>
                      [](void* optional) { static_cast<Optional*>(optional)->reset(); }}};
 };
 
+template <class Record>
+std::shared_ptr<void> makeRecord()
+{
+    return std::make_shared<Record>();
+}
+
+// Whether a nested record's members are described, all of them; only those of an aggregate can be counted.
+template <class Record>
+constexpr bool tellsAllMembers()
+{
+    if constexpr (std::is_aggregate_v<Record> && !requires { RecordFields<Record>::isPart; }) {
+        return RecordFields<Record>::fields.size() == memberCount<Record>();
+    } else {
+        return true;
+    }
+}
+
 template <class T>
 requires requires
 {
@@ -169,7 +191,9 @@ requires requires
 }
 struct TypeOf<T>
 {
-    static constexpr ValueType type = {.kind = Kind::Struct, .fields = RecordFields<T>::fields};
+    static_assert(tellsAllMembers<T>(), "a field of a nested record is not described");
+    static constexpr ValueType type{
+        .kind = Kind::Struct, .fields = RecordFields<T>::fields, .make = &makeRecord<T>};
 };
 
 template <auto Member>
@@ -182,22 +206,104 @@ struct MemberOf<Member>
     using Type = T;
 };
 
+// The type of an array's elements or of an optional's value, or the type itself.
+constexpr const ValueType& innermost(const ValueType& type)
+{
+    return type.element != nullptr ? innermost(*type.element) : type;
+}
+
+// Whether the type has a number that only a unit explains.
+constexpr bool hasPlainNumber(const ValueType& type)
+{
+    return type.kind == Kind::Double ||
+           (type.kind == Kind::Integer && !type.isChannel && type.texts == nullptr) ||
+           std::ranges::any_of(type.fields,
+                               [](const Field& field) { return field.notes.unit == kUnitOfHolder; });
+}
+
+// What is wrong with the notes of a field; null if nothing is.
+constexpr const char* noteDefect(const ValueType& fieldType, std::string_view help, const FieldNotes& notes)
+{
+    const ValueType& type = innermost(fieldType);
+    const bool isNumber = hasPlainNumber(type) && notes.texts == nullptr && !notes.isChannel;
+    if (help.empty()) {
+        return "a field has no help";
+    }
+    if (isNumber && notes.unit.empty()) {
+        return "the unit of a number is left open: say one of kUnits, kNoUnit if it has none";
+    }
+    if (!isNumber && !notes.unit.empty()) {
+        return "a unit without a number";
+    }
+    if (!notes.unit.empty() && std::ranges::find(kUnits, notes.unit) == kUnits.end()) {
+        return "a unit that is none of kUnits";
+    }
+    if (type.kind != Kind::Integer && (notes.range || notes.isChannel)) {
+        return "a range or a channel that is no integer";
+    }
+    if (notes.range && !type.isChannel && notes.range->minimum <= type.range.minimum &&
+        notes.range->maximum >= type.range.maximum) {
+        return "a range that says no more than the type";
+    }
+    if (notes.texts != nullptr && type.kind != Kind::String && !hasPlainNumber(type)) {
+        return "texts of what is neither a string nor a plain number";
+    }
+    if (notes.hasDefault && (fieldType.kind == Kind::Optional || fieldType.kind == Kind::Array)) {
+        return "an optional or an array may be left out anyway";
+    }
+    return nullptr;
+}
+
+// A text as an argument of a template.
+template <std::size_t Size>
+struct Literal
+{
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): what a literal is
+    consteval Literal(const char (&text)[Size]) { std::ranges::copy(text, chars.begin()); }
+
+    constexpr std::string_view view() const { return {chars.data(), Size - 1}; }
+
+    std::array<char, Size> chars{};
+};
+
 } // namespace detail
 
 /// The machine form of a type.
 template <class T>
 inline constexpr const ValueType& kValueType = detail::TypeOf<T>::type;
 
-/// Describes a member of a record. The name must be the member's own; the compiler checks it.
-/// @tparam Owner  the record that is described, if the member stands in a base of it
-template <auto Member, class Owner = typename detail::MemberOf<Member>::Record>
-constexpr Field field(std::string_view name, FieldNotes notes = {})
+/// Texts for `FieldNotes::texts`: `.texts = oneOf<"Up", "Down">`. Of a number they stand for 0, 1 and so on.
+template <detail::Literal... Text>
+std::span<const EnumText> oneOf()
 {
-    if (name != memberName<Member>()) {
-        throw "a field is described under another name than its member's";
+    static constexpr auto rows = [] {
+        std::int64_t number = 0;
+        return std::array{EnumText{number++, Text.view()}...};
+    }();
+    return rows;
+}
+
+/// The texts of an enumeration for `FieldNotes::texts`, of a string that holds one of them or of a number
+/// that stands for one: `.texts = namesOf<AcmMode>`.
+template <class Enum>
+std::span<const EnumText> namesOf()
+{
+    return EnumVocabulary<Enum>::texts();
+}
+
+/// Describes a member of a record, under the member's own name. Does not compile if the notes leave open what
+/// they have to say, or say what doesn't fit the member's type.
+/// @tparam Owner  the record that is described, if the member stands in a base of it
+/// @param help    what it is, in a few words: "received level"
+template <auto Member, class Owner = typename detail::MemberOf<Member>::Record>
+consteval Field field(std::string_view help, FieldNotes notes = {})
+{
+    const ValueType& type = detail::TypeOf<typename detail::MemberOf<Member>::Type>::type;
+    if (const char* const defect = detail::noteDefect(type, help, notes)) {
+        throw defect;
     }
-    return {name, &detail::TypeOf<typename detail::MemberOf<Member>::Type>::type,
-            [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, notes};
+    return {memberName<Member>(), &type,
+            [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, help, notes};
 }
 
 /// A pair travels as a struct of `first` and `second`.
@@ -205,8 +311,8 @@ template <class First, class Second>
 struct RecordFields<std::pair<First, Second>>
 {
     static constexpr std::array fields{
-        field<&std::pair<First, Second>::first>("first"),
-        field<&std::pair<First, Second>::second>("second"),
+        field<&std::pair<First, Second>::first>("what the value is for"),
+        field<&std::pair<First, Second>::second>("the value", {.unit = kUnitOfHolder}),
     };
 };
 

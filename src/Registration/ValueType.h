@@ -2,8 +2,10 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,12 +38,18 @@ struct Range
     std::int64_t maximum;
 };
 
-/// One row of the text table of an enumeration.
+/// A number and what it stands for.
 struct EnumText
 {
     std::int64_t number;
     std::string_view text;
 };
+
+/// Gives a table of texts, the same one for ever.
+using Texts = std::span<const EnumText> (*)();
+
+/// Makes a record with its defaults.
+using MakeRecord = std::shared_ptr<void> (*)();
 
 /// How a number is taken from and put into an object.
 struct NumberAccess
@@ -72,34 +80,46 @@ struct SequenceAccess
 struct ValueType
 {
     Kind kind;
-    Range range = {};           ///< of an integer
-    bool isChannel = false;     ///< an integer that is limited to the node's radio channels
-    std::string_view form = {}; ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
-    std::span<const EnumText> (*texts)() = nullptr; ///< of an enumeration
-    std::span<const Field> fields = {};             ///< of a struct
-    const ValueType* element = nullptr;             ///< of an array or an optional
+    Range range = {};                   ///< of an integer
+    bool isChannel = false;             ///< an integer that is limited to the node's radio channels
+    std::string_view form = {};         ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
+    Texts texts = nullptr;              ///< of an enumeration
+    std::span<const Field> fields = {}; ///< of a struct
+    MakeRecord make = nullptr;          ///< of a struct
+    const ValueType* element = nullptr; ///< of an array or an optional
     NumberAccess number = {};
     TextAccess text = {};
     SequenceAccess sequence = {};
 };
 
-/// Whether a request may leave a member out.
-enum class Presence
-{
-    ByType,    ///< optionals and arrays may be left out, all others must be there
-    Defaulted, ///< may be left out: the record's own default stands then
-};
+/// Says that a number is a count, a code or a ratio of one.
+inline constexpr std::string_view kNoUnit = "none";
 
-/// What people want to know of a field beside its type.
+/// Stands for the unit that is said where the record is used.
+inline constexpr std::string_view kUnitOfHolder = "holder's";
+
+/// The units that a number can have: an optional factor, and what is counted.
+inline constexpr std::array<std::string_view, 18> kUnits{
+    kNoUnit, kUnitOfHolder, "kHz", "Hz",     "s", "ms",   "us",     "ns",   "0.1 dBm",
+    "dBm",   "0.1 dB",      "dB",  "0.0001", "%", "degC", "kbit/s", "byte", "min"};
+
+/// What is to be known of a field beside its type and its help.
 struct FieldNotes
 {
-    std::string_view unit = {};
-    std::string_view help = {};
-    std::optional<Range> range =
-        {}; ///< narrower than the type's; for a channel instead of the node's channels
-    Presence presence = Presence::ByType;
-    bool isChannel = false; ///< a plain number that is a radio channel, limited like one
-    bool isSecret = false;  ///< its value is shown nowhere
+    std::string_view unit = {}; ///< one of `kUnits`; must be said for every number that has no texts
+    /// Narrower than the type's; for a channel instead of the node's channels.
+    std::optional<Range> range = {};
+    /// Of a string: all that it can be, or in a request all that the command can use; others reach the
+    /// command nevertheless. Of a plain number: what it stands for. See `oneOf` and `namesOf`.
+    Texts texts = nullptr;
+    std::span<const EnumText> noValues = {}; ///< numbers that are no value, and why there is none
+    /// A value that serves on the simulated node; of a string as it is, of others as JSON. Without it the
+    /// example follows from the type: true, the first text, or a small number in range.
+    std::string_view example = {};
+    bool hasDefault = false; ///< a request may leave it out, the record's own default stands then
+    bool changes = false;    ///< makes a command that only reads change something
+    bool isChannel = false;  ///< a plain number that is a radio channel, limited like one
+    bool isSecret = false;   ///< its value is shown nowhere
 };
 
 /// One field of a record.
@@ -108,6 +128,7 @@ struct Field
     std::string_view name;          ///< the member's, spelling and case included
     const ValueType* type;          ///< what it holds
     void* (*address)(void* record); ///< where it is in a record
+    std::string_view help;          ///< what it is, in a few words
     FieldNotes notes = {};
 
     /// The type behind an optional, or the type itself.
@@ -116,8 +137,7 @@ struct Field
     /// True if a request without it is refused.
     bool isRequired() const
     {
-        return notes.presence == Presence::ByType && type->kind != Kind::Optional &&
-               type->kind != Kind::Array;
+        return !notes.hasDefault && type->kind != Kind::Optional && type->kind != Kind::Array;
     }
 
     bool isChannel() const { return valueType().isChannel || notes.isChannel; }

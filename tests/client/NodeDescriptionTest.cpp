@@ -40,18 +40,20 @@ TEST(NodeDescription, IsReadWhole)
 TEST(NodeDescription, OfUnknownTypesPasses)
 {
     const auto commands =
-        readCommands(Value::parse(R"([{"name":"A","request":[{"name":"x","type":"date"}]}])"));
+        readCommands(Value::parse(R"({"methods":[{"name":"A","request":[{"name":"x","type":"date"}]}]})"));
     EXPECT_EQ(commands.at(0).request.at(0).type, FieldType::Other);
     EXPECT_TRUE(commands.at(0).response.empty());
 }
 
 TEST(NodeDescription, ThatIsNoneIsAProtocolFailure)
 {
-    EXPECT_EQ(protocolFailureOf("5"), "the node's description of its commands is not an array");
-    for (const char* json : {"[5]", "[{}]", R"([{"name":5}])", R"([{"name":"A","request":[{"name":"x"}]}])",
-                             R"([{"name":"A","faults":[{}]}])"}) {
-        EXPECT_EQ(protocolFailureOf(json).rfind(
-                      "the node describes a command in a way that this program does not know: ", 0),
+    EXPECT_EQ(protocolFailureOf("5"), "the node's description of its commands has no array of methods");
+    for (const std::string methods :
+         {"[5]", "[{}]", R"([{"name":5}])", R"([{"name":"A","request":[{"name":"x"}]}])",
+          R"([{"name":"A","faults":[{}]}])"}) {
+        const std::string json = R"({"methods":)" + methods + "}";
+        EXPECT_EQ(protocolFailureOf(json.c_str())
+                      .rfind("the node describes a command in a way that this program does not know: ", 0),
                   0U)
             << json;
     }

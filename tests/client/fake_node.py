@@ -107,7 +107,7 @@ class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
 
     def describe(self, *names):
         if not names:
-            return DESCRIPTIONS
+            return {"hash": "00", "methods": DESCRIPTIONS}
         if names[0] not in self.funcs:
             raise xmlrpc.client.Fault(2, f"eTI_E_METHOD_UNKNOWN: {names[0]}")
         for description in DESCRIPTIONS:

@@ -235,7 +235,7 @@ TEST_F(XmlRpcServerTest, MethodsAreListed)
     server->start();
     std::vector<std::string> expected{"SIM.Test",          "system.getCapabilities", "system.listMethods",
                                       "system.methodHelp", "system.methodSignature", "system.multicall",
-                                      "zyr.describe"};
+                                      "zyr.describe",      "zyr.describeHash"};
     for (const auto& command : zyr_registration::allCommands()) {
         expected.emplace_back(command.name());
     }
@@ -276,11 +276,14 @@ TEST_F(XmlRpcServerTest, CapabilitiesAreTold)
 TEST_F(XmlRpcServerTest, MethodsAreDescribedForPrograms)
 {
     server->start();
-    const Value all = call("zyr.describe").value;
+    const Value answer = call("zyr.describe").value;
+    const Value& all = answer["methods"];
     ASSERT_EQ(all.size(), zyr_registration::allCommands().size());
     EXPECT_EQ(all[3]["name"], "CRI.EnableAcm");
     EXPECT_EQ(call("zyr.describe", {"CRI.EnableAcm"}).value, all[3]);
     EXPECT_EQ(all[3]["request"][0]["maximum"], 2);
+    EXPECT_EQ(answer["hash"].get<std::string>().size(), 16U);
+    EXPECT_EQ(call("zyr.describeHash").value, answer["hash"]);
     EXPECT_EQ(
         fault("zyr.describe", {"system.listMethods"}),
         "3 eTI_E_PARAMETER_INVALID: zyr.describe: system.listMethods takes no struct, system.methodHelp "

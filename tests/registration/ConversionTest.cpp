@@ -40,6 +40,8 @@ struct Sample
     std::string key;
     std::uint32_t peer = 1;
     zyr_top_api::MutableRadioChannel anyChannel;
+    std::int32_t gear = 0;
+    std::string word;
 };
 
 } // namespace
@@ -47,7 +49,8 @@ struct Sample
 template <>
 struct zyr_registration::RecordFields<Step>
 {
-    static constexpr std::array fields{field<&Step::level>("level"), field<&Step::label>("label")};
+    static constexpr std::array fields{field<&Step::level>("a height", {.unit = kNoUnit}),
+                                       field<&Step::label>("a name")};
 };
 
 namespace zyr_registration
@@ -57,21 +60,23 @@ namespace
 {
 
 constexpr std::array kFields{
-    field<&Sample::channel>("channel"),
-    field<&Sample::flag>("flag"),
-    field<&Sample::small>("small"),
-    field<&Sample::big>("big"),
-    field<&Sample::ratio>("ratio"),
-    field<&Sample::name>("name"),
-    field<&Sample::mode>("mode"),
-    field<&Sample::maybe>("maybe"),
-    field<&Sample::steps>("steps"),
-    field<&Sample::address>("address"),
-    field<&Sample::power>("power"),
-    field<&Sample::percent>("percent", {.range = Range{0, 100}, .presence = Presence::Defaulted}),
-    field<&Sample::key>("key", {.isSecret = true}),
-    field<&Sample::peer>("peer", {.isChannel = true}),
-    field<&Sample::anyChannel>("anyChannel", {.range = Range{0, 9}}),
+    field<&Sample::channel>("a channel"),
+    field<&Sample::flag>("a flag"),
+    field<&Sample::small>("a small", {.unit = kNoUnit}),
+    field<&Sample::big>("a big", {.unit = kNoUnit}),
+    field<&Sample::ratio>("a ratio", {.unit = kNoUnit}),
+    field<&Sample::name>("a name"),
+    field<&Sample::mode>("a mode"),
+    field<&Sample::maybe>("a maybe", {.unit = kNoUnit}),
+    field<&Sample::steps>("a steps"),
+    field<&Sample::address>("a address"),
+    field<&Sample::power>("a power", {.unit = kNoUnit}),
+    field<&Sample::percent>("a percent", {.unit = kNoUnit, .range = Range{0, 100}, .hasDefault = true}),
+    field<&Sample::key>("a key", {.isSecret = true}),
+    field<&Sample::peer>("a peer", {.isChannel = true}),
+    field<&Sample::anyChannel>("a anyChannel", {.range = Range{0, 9}}),
+    field<&Sample::gear>("a gear", {.texts = oneOf<"low", "high">, .hasDefault = true}),
+    field<&Sample::word>("a word", {.texts = oneOf<"yes", "no">, .hasDefault = true}),
 };
 
 // A request in which nothing is wrong.
@@ -81,7 +86,7 @@ Value soundRequest()
         "channel": 2, "flag": true, "small": -5, "big": 4294967295, "ratio": 0.25, "name": "n", "mode": 1,
         "maybe": 7, "steps": [{"level": 1, "label": "one"}, {"level": 2, "label": "two"}],
         "address": "01:23:45:67:89:ab", "power": {"first": 31, "second": -20}, "percent": 10, "key": "k",
-        "peer": 1, "anyChannel": 0})");
+        "peer": 1, "anyChannel": 0, "gear": 0, "word": "yes"})");
 }
 
 Sample read(const Value& request)
@@ -197,6 +202,22 @@ TEST(ConversionTest, TextOfAnEnumerationIsItsNumber)
               zyr_top_api::ModulationAndCoding::QAM_256);
 }
 
+TEST(ConversionTest, TextThatAFieldGivesANumberIsTheNumber)
+{
+    EXPECT_EQ(readWith("gear", "high").gear, 1);
+    EXPECT_EQ(readWith("gear", 7).gear, 7);
+    EXPECT_EQ(refusalWith("gear", "top"),
+              "eTI_E_PARAMETER_INVALID: T.Method: gear is the string \"top\", it takes one of \"low\" (0), "
+              "\"high\" (1), or an integer from -2147483648 to 2147483647");
+}
+
+TEST(ConversionTest, StringOutsideItsTextsIsLeftToTheCommand)
+{
+    EXPECT_EQ(readWith("word", "perhaps").word, "perhaps");
+    EXPECT_EQ(refusalWith("word", 1),
+              "eTI_E_PARAMETER_TYPE_INVALID: T.Method: word is 1, it takes a string, one of \"yes\", \"no\"");
+}
+
 TEST(ConversionTest, NumberWithoutATextIsAnEnumerationsToo)
 {
     EXPECT_EQ(static_cast<std::uint32_t>(readWith("mode", 77).mode), 77U);
@@ -221,7 +242,7 @@ TEST(ConversionTest, UnknownMemberIsRefusedByName)
     EXPECT_EQ(
         refusalWith("chanel", 1),
         "eTI_E_PARAMETER_INVALID: T.Method: chanel is not a member, accepted are: channel, flag, small, big, "
-        "ratio, name, mode, maybe, steps, address, power, percent, key, peer, anyChannel");
+        "ratio, name, mode, maybe, steps, address, power, percent, key, peer, anyChannel, gear, word");
     EXPECT_EQ(
         refusalWith("steps", Value::array({{{"level", 1}, {"label", "a"}, {"Label", "b"}}})),
         "eTI_E_PARAMETER_INVALID: T.Method: steps[0].Label is not a member, accepted are: level, label");
@@ -313,7 +334,7 @@ TEST(ConversionTest, MembersAreCounted)
     {};
     EXPECT_EQ(memberCount<Empty>(), 0U);
     EXPECT_EQ(memberCount<Step>(), 2U);
-    EXPECT_EQ(memberCount<Sample>(), 15U);
+    EXPECT_EQ(memberCount<Sample>(), 17U);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Reference.h"
 
 #include "CommandEntry.h"
+#include "Conversion.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -12,11 +13,18 @@ namespace
 {
 
 using zyr_registration::MethodNotes;
+using zyr_registration::Value;
 
 const MethodNotes& notesOf(std::string_view name)
 {
     return std::ranges::find(zyr_registration::allCommands(), name, &zyr_registration::CommandEntry::name)
         ->notes;
+}
+
+// The description of a field, by names and indices on the way to it.
+Value described(std::string_view command, const std::string& pointer)
+{
+    return zyr_registration::describe(notesOf(command), 2).at(Value::json_pointer(pointer));
 }
 
 TEST(ReferenceTest, CommandIsDescribedForPrograms)
@@ -25,10 +33,12 @@ TEST(ReferenceTest, CommandIsDescribedForPrograms)
         zyr_registration::describe(notesOf("CRI.EnableAcm"), 2).dump(),
         R"({"name":"CRI.EnableAcm",)"
         R"("help":"Switches adaptive coding and modulation (ACM) of a radio channel on or off.",)"
-        R"("test":false,"longPoll":false,"disturbsTraffic":true,)"
+        R"("group":"acm","test":false,"longPoll":false,"readOnly":false,"disturbsTraffic":true,)"
+        R"("longest_ms":1000,)"
         R"("request":[{"name":"channelId","type":"int","minimum":1,"maximum":2,"isChannel":true,)"
-        R"("help":"radio channel","required":true},)"
-        R"({"name":"enable","type":"boolean","help":"true switches ACM on, false off","required":true}],)"
+        R"("help":"radio channel","required":true,"example":1},)"
+        R"({"name":"enable","type":"boolean","help":"true switches ACM on, false off","required":true,)"
+        R"("example":true}],)"
         R"("response":[],)"
         R"("faults":[{"result":"eTI_E_INVALID_ARGUMENT","faultCode":2,"text":"RadioChannelID out of bounds",)"
         R"("meaning":"The node has no such radio channel."},)"
@@ -38,16 +48,100 @@ TEST(ReferenceTest, CommandIsDescribedForPrograms)
         R"("meaning":"The ACM handler refused to switch ACM off."}]})");
 }
 
+TEST(ReferenceTest, LongPollHasNoLongestTimeAndOnlyReads)
+{
+    const Value poll = zyr_registration::describe(notesOf("CI.GetFastEvents"), 2);
+    EXPECT_EQ(poll["longPoll"], true);
+    EXPECT_EQ(poll["readOnly"], true);
+    EXPECT_EQ(poll["disturbsTraffic"], false);
+    EXPECT_FALSE(poll.contains("longest_ms"));
+}
+
+TEST(ReferenceTest, WaitsCountForTheLongestTime)
+{
+    EXPECT_EQ(described("CRI.SetRadioChannelNearEnd", "/longest_ms"), 60000);
+}
+
 TEST(ReferenceTest, ElementsOfAnArrayAreDescribed)
 {
-    const auto described = zyr_registration::describe(notesOf("CI.GetFastEvents"), 2);
-    EXPECT_EQ(described["longPoll"], true);
-    EXPECT_EQ(described["request"][0]["type"], "array");
-    EXPECT_EQ(described["request"][0]["required"], false);
-    EXPECT_EQ(described["request"][0]["element"]["type"], "struct");
-    EXPECT_EQ(described["request"][0]["element"]["fields"][3].dump(),
+    EXPECT_EQ(described("CI.GetFastEvents", "/request/0/type"), "array");
+    EXPECT_EQ(described("CI.GetFastEvents", "/request/0/required"), false);
+    EXPECT_EQ(described("CI.GetFastEvents", "/request/0/element/type"), "struct");
+    EXPECT_EQ(described("CI.GetFastEvents", "/request/0/element/fields/3").dump(),
               R"({"name":"radioChannelId","type":"int","minimum":0,"maximum":4294967295,"isChannel":true,)"
-              R"("help":"radio channel that the alarm concerns","required":true})");
+              R"("help":"radio channel that the alarm concerns","required":true,"example":1})");
+}
+
+TEST(ReferenceTest, FieldOfAResponseIsDescribed)
+{
+    EXPECT_EQ(described("TI.ManageRadioChannelStatus", "/response/7").dump(),
+              R"({"name":"LowestRFInputPower","type":"int","minimum":-2147483648,"maximum":2147483647,)"
+              R"("unit":"0.1 dBm","noValues":[{"number":-9999,"text":"not supported"}],)"
+              R"("help":"lowest received level","required":true})");
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/1").dump(),
+              R"({"name":"RadioChannelStatus","type":"string","values":["Up","Down"],)"
+              R"("help":"state of the link","required":true})");
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/2/values/12"), "16QAM");
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/35/name"), "RleStatus");
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/35/required"), false);
+}
+
+TEST(ReferenceTest, UnitOfAPairIsItsFields)
+{
+    const Value powers = described("CRI.GetRadioChannelCapability", "/response/4");
+    EXPECT_EQ(powers["name"], "AvailableMaxRFOutputPower");
+    EXPECT_EQ(powers["unit"], "0.1 dBm");
+    EXPECT_EQ(powers["element"]["fields"][0]["texts"][0].dump(),
+              R"({"number":10,"text":"HALF_BPSK_STRONG"})");
+    EXPECT_EQ(powers["element"]["fields"][1]["unit"], "0.1 dBm");
+}
+
+TEST(ReferenceTest, CountHasNoUnit)
+{
+    EXPECT_FALSE(described("CRI.GetRadioChannelStatus", "/response/9").contains("unit"));
+}
+
+TEST(ReferenceTest, DefaultIsTheRecordsOwn)
+{
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/request/1").dump(),
+              R"({"name":"ResetErrorBlocks","type":"boolean",)"
+              R"("help":"whether reading resets the error block counters","required":false,"default":false,)"
+              R"("changes":true})");
+    EXPECT_EQ(described("CRI.SetRFPower", "/request/6/default"), 0);
+    EXPECT_FALSE(described("CRI.SetRFPower", "/request/7").contains("default"));
+    EXPECT_EQ(described("CRI.SetRadioChannelNearEnd", "/request/12/default"), "00:00:00:00:00:00");
+    EXPECT_EQ(described("CRI.SetRadioChannelNearEnd", "/request/18/default"), Value::object());
+}
+
+TEST(ReferenceTest, ExamplesAreTaken)
+{
+    for (const auto& command : zyr_registration::allCommands()) {
+        SCOPED_TRACE(command.name());
+        const auto record = command.notes.makeRequest();
+        EXPECT_NO_THROW(zyr_registration::readRecord(command.name(), command.notes.request,
+                                                     zyr_registration::exampleRequest(command.notes, 1), 1,
+                                                     record.get()));
+    }
+    EXPECT_EQ(zyr_registration::exampleRequest(notesOf("CRI.SetRFPower"), 2).dump(),
+              R"({"RadioChannelID":1,"txRequestedStatus":"Off","targetRfInputPowerFarEnd":-400,)"
+              R"("minRfOutputPower":0,"maxRfOutputPower":150})");
+}
+
+TEST(ReferenceTest, MethodOfTheTestFamilyTellsThatItMayBeClosed)
+{
+    EXPECT_EQ(
+        described("TI.GetAllCommandsData", "/faults").dump(),
+        R"([{"result":"eTI_E_OPERATION_NOT_ALLOWED","faultCode":4,"text":"Error: Command not available",)"
+        R"("meaning":"The test family is closed."}])");
+}
+
+TEST(ReferenceTest, HashTellsDescriptionsApart)
+{
+    EXPECT_EQ(zyr_registration::hashOf("a"), "d4272417d7c77eea");
+    EXPECT_EQ(zyr_registration::hashOf(described("CRI.EnableAcm", "/help")),
+              zyr_registration::hashOf(described("CRI.EnableAcm", "/help")));
+    EXPECT_NE(zyr_registration::hashOf(described("CRI.EnableAcm", "/request/0")),
+              zyr_registration::hashOf(described("CRI.EnableAcm", "/request/1")));
 }
 
 TEST(ReferenceTest, CommandIsDescribedForPeople)
@@ -55,7 +149,7 @@ TEST(ReferenceTest, CommandIsDescribedForPeople)
     EXPECT_EQ(
         zyr_registration::helpText(notesOf("TI.GetEvents"), 2),
         "Reads the alarm events that an option selects.\n"
-        "Refused while the test family is closed.\n"
+        "Group events. Only reads. Answers within 1 s. Refused while the test family is closed.\n"
         "Request:\n"
         "  requestOption: what to report; its meaning is the alarm handler's; an integer from -2147483648 "
         "to 2147483647\n"
@@ -65,32 +159,41 @@ TEST(ReferenceTest, CommandIsDescribedForPeople)
         "isActive, numberOfTimesEventHasBeenActive, radioChannelId\n"
         "  requestOption: the request's; an integer from -2147483648 to 2147483647\n"
         "Faults:\n"
-        "  4 \"TI.GetEvents failed to get alarms\": The alarm handler failed.\n");
+        "  4 \"TI.GetEvents failed to get alarms\": The alarm handler failed.\n"
+        "  4 \"Error: Command not available\": The test family is closed.\n");
 }
 
 TEST(ReferenceTest, MarkdownHasASectionForEachCommand)
 {
     const std::string text = zyr_registration::referenceMarkdown();
     EXPECT_TRUE(text.starts_with("# Commands\n\n"));
-    EXPECT_NE(
-        text.find(
-            "## CRI.EnableAcm\n\n"
-            "Switches adaptive coding and modulation (ACM) of a radio channel on or off.\n\n"
-            "Can disturb traffic.\n\n"
-            "Request:\n\n"
-            "| Field | Takes | Unit | Required | Meaning |\n"
-            "|---|---|---|---|---|\n"
-            "| `channelId` | a radio channel of the node, from 1 |  | yes | radio channel |\n"
-            "| `enable` | a boolean |  | yes | true switches ACM on, false off |\n\n"
-            "Response: no fields.\n\n"
-            "Faults:\n\n"
-            "| Code | Result | Text | Meaning |\n"
-            "|---|---|---|---|\n"
-            "| 2 | `eTI_E_INVALID_ARGUMENT` | RadioChannelID out of bounds | The node has no such radio "
-            "channel. |\n"),
-        std::string::npos)
-        << text;
-    EXPECT_NE(text.find("| `events[].eventName` | a string |  | name of the alarm |\n"), std::string::npos);
+    for (
+        const char* const part :
+        {"## CRI.EnableAcm\n\n"
+         "Switches adaptive coding and modulation (ACM) of a radio channel on or off.\n\n"
+         "Group acm. Can disturb traffic. Answers within 1 s.\n\n"
+         "Request:\n\n"
+         "| Field | Takes | Unit | Required | Meaning |\n"
+         "|---|---|---|---|---|\n"
+         "| `channelId` | a radio channel of the node, from 1 |  | yes | radio channel |\n"
+         "| `enable` | a boolean |  | yes | true switches ACM on, false off |\n\n"
+         "Response: no fields.\n\n"
+         "Faults:\n\n"
+         "| Code | Result | Text | Meaning |\n"
+         "|---|---|---|---|\n"
+         "| 2 | `eTI_E_INVALID_ARGUMENT` | RadioChannelID out of bounds | The node has no such radio "
+         "channel. |\n",
+         "Group status. Only reads, without ResetErrorBlocks. Answers within 1 s.\n",
+         "Group events. Only reads. Blocks until there is something to report.\n",
+         "| `events[].eventName` | a string |  | name of the alarm |\n",
+         "| `AvailableMaxRFOutputPower[].second` | an integer from -2147483648 to 2147483647 | 0.1 dBm | the "
+         "value |\n",
+         "| `targetRfInputPower` | an integer from -2147483648 to 2147483647 | 0.1 dBm | no, else 0 | logged "
+         "only |\n",
+         "| 0.1 dBm | lowest received level; -9999: not supported |\n",
+         "| `RadioChannelStatus` | a string, one of \"Up\", \"Down\" |  | state of the link |\n"}) {
+        EXPECT_NE(text.find(part), std::string::npos) << part << "\nin\n" << text;
+    }
     EXPECT_TRUE(text.ends_with("|\n") && !text.ends_with("\n\n"));
 }
 

@@ -100,11 +100,11 @@ CommandDescription readCommand(const Value& description)
 
 std::vector<CommandDescription> readCommands(const Value& descriptions)
 {
-    if (!descriptions.is_array()) {
-        throw Failure(ExitStatus::Protocol, "the node's description of its commands is not an array");
+    if (!descriptions.is_object() || !descriptions.value("methods", Value()).is_array()) {
+        throw Failure(ExitStatus::Protocol, "the node's description of its commands has no array of methods");
     }
     std::vector<CommandDescription> commands;
-    std::ranges::transform(descriptions, std::back_inserter(commands), &readCommand);
+    std::ranges::transform(descriptions.at("methods"), std::back_inserter(commands), &readCommand);
     return commands;
 }
 

@@ -74,8 +74,9 @@ struct CommandDescription
     Value original; ///< as the node gave it
 };
 
-/// The method that describes commands: without a parameter it answers with an array of all that there are,
-/// with the name of a method with this one alone; a fault if the method has no description.
+/// The method that describes commands: without a parameter it answers with a struct of an array of all that
+/// there are, `methods`, and their `hash`; with the name of a method with this one alone; a fault if the
+/// method has no description.
 inline constexpr std::string_view kDescribeMethod = "zyr.describe";
 
 /// Reads the description of one command.

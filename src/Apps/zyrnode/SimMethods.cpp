@@ -21,9 +21,9 @@ struct zyr_registration::RecordFields<zyr_platform::TraceService::Channel>
 {
     using Channel = zyr_platform::TraceService::Channel;
     static constexpr std::array fields{
-        field<&Channel::name>("name", {.help = "name of the channel"}),
-        field<&Channel::level>("level", {.help = "highest level that is on"}),
-        field<&Channel::defaultLevel>("defaultLevel", {.help = "the level without a setting"}),
+        field<&Channel::name>("name of the channel"),
+        field<&Channel::level>("highest level that is on", {.unit = kNoUnit}),
+        field<&Channel::defaultLevel>("the level without a setting", {.unit = kNoUnit}),
     };
 };
 
@@ -35,8 +35,10 @@ namespace
 
 using zyr_gateway::XmlRpcServer;
 using zyr_platform::TraceService;
+using zyr_registration::Effect;
 using zyr_registration::Field;
 using zyr_registration::field;
+using zyr_registration::FieldNotes;
 using zyr_registration::MethodNotes;
 using zyr_registration::Range;
 using zyr_registration::RecordError;
@@ -79,28 +81,38 @@ struct ChannelSetting
     T value{};
 };
 
+// A setting that is a number says what it counts; there is one of each type.
+template <class T>
+constexpr FieldNotes kSettingNotes{};
+template <>
+constexpr FieldNotes kSettingNotes<std::int32_t>{.unit = "0.1 dB"}; // the path loss
+template <>
+constexpr FieldNotes kSettingNotes<unsigned>{
+    .texts = zyr_registration::oneOf<"variable", "fixed">}; // the duplex type
+
 template <class T>
 constexpr std::array kNodeSetting{
-    field<&NodeSetting<T>::value>("value", {.help = "the new setting"}),
+    field<&NodeSetting<T>::value>("the new setting", kSettingNotes<T>),
 };
 
 template <class T>
 constexpr std::array kChannelSetting{
-    field<&ChannelSetting<T>::channel>("channel", {.help = "radio channel"}),
-    field<&ChannelSetting<T>::value>("value", {.help = "the new setting"}),
+    field<&ChannelSetting<T>::channel>("radio channel"),
+    field<&ChannelSetting<T>::value>("the new setting", kSettingNotes<T>),
 };
 
 constexpr Range kLevels{TraceService::kSilent, TraceService::kHighestLevel};
 
 constexpr std::array kTraceLevelRequest{
-    field<&TraceLevelRequest::channel>("channel", {.help = "trace channel; a \"*\" stands for any text"}),
-    field<&TraceLevelRequest::level>("level", {.help = "highest level that is on", .range = kLevels}),
+    field<&TraceLevelRequest::channel>("trace channel; a \"*\" stands for any text"),
+    field<&TraceLevelRequest::level>("highest level that is on",
+                                     {.unit = zyr_registration::kNoUnit, .range = kLevels}),
 };
 constexpr std::array kTraceLevelAnswer{
-    field<&TraceLevelAnswer::text>("text", {.help = "what was accepted"}),
+    field<&TraceLevelAnswer::text>("what was accepted"),
 };
 constexpr std::array kTraceChannelsAnswer{
-    field<&TraceChannelsAnswer::channels>("channels", {.help = "the trace channels that have been used"}),
+    field<&TraceChannelsAnswer::channels>("the trace channels that have been used"),
 };
 
 Value valueOf(std::span<const Field> fields, const void* record)
@@ -113,9 +125,10 @@ Value valueOf(std::span<const Field> fields, const void* record)
 // Adds a method that turns a request into a value. What the node says to be invalid becomes a fault of the
 // caller.
 template <class Request>
-void add(XmlRpcServer& server, const MethodNotes& notes, unsigned channels,
+void add(XmlRpcServer& server, MethodNotes notes, unsigned channels,
          std::function<Value(const Request&)> function)
 {
+    notes.makeRequest = &zyr_registration::detail::makeRecord<Request>;
     server.addMethod(notes, [notes, channels, function = std::move(function)](const Value& members) {
         Request request{};
         zyr_registration::readRecord(notes.name, notes.request, members, channels, &request);
@@ -140,6 +153,7 @@ void addStateMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channel
     add<Nothing>(server,
                  {.name = "SIM.GetState",
                   .help = "Shows the state of the simulated node.",
+                  .effect = Effect::Reads,
                   .response = reportFields()},
                  channels, [&node](const Nothing&) {
                      const NodeReport report = reportOf(node);
@@ -152,8 +166,8 @@ void addFaultMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channel
     add<Fault>(server,
                {.name = "SIM.InjectFault",
                 .help = "Lets an operation of a collaborator fail.",
-                .request = faultFields(),
-                .disturbsTraffic = true},
+                .effect = Effect::DisturbsTraffic,
+                .request = faultFields()},
                channels, [&node](const Fault& fault) {
                    node.faults().inject(fault);
                    return Value::object();
@@ -166,6 +180,7 @@ void addFaultMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channel
     add<Nothing>(server,
                  {.name = "SIM.ListFaults",
                   .help = "Shows the orders to fail that aren't used up.",
+                  .effect = Effect::Reads,
                   .response = faultListFields()},
                  channels, [&node](const Nothing&) {
                      const FaultList list{node.faults().list()};
@@ -188,6 +203,7 @@ void addTraceMethods(XmlRpcServer& server, unsigned channels)
     add<Nothing>(server,
                  {.name = "SIM.ListTraceChannels",
                   .help = "Shows the trace channels that have been used, with their levels.",
+                  .effect = Effect::Reads,
                   .response = kTraceChannelsAnswer},
                  channels, [](const Nothing&) {
                      const TraceChannelsAnswer answer{TraceService::get().channels()};
@@ -220,20 +236,21 @@ void addSetter(XmlRpcServer& server, SimulatedNode& node, unsigned channels, Met
 void addSetters(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
 {
     const auto row = [&](std::string_view name, std::string_view help, auto set) {
-        addSetter(server, node, channels, {.name = name, .help = help, .disturbsTraffic = true}, set);
+        addSetter(server, node, channels, {.name = name, .help = help, .effect = Effect::DisturbsTraffic},
+                  set);
     };
     row("SIM.SetCarrierAggregation", "Switches carrier aggregation on or off.",
         &SimulatedNode::setCarrierAggregation);
     row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
         &SimulatedNode::setConfigurationBypassed);
-    row("SIM.SetDuplexType", "Sets the duplex type: 0 variable, 1 fixed distance between the two directions.",
+    row("SIM.SetDuplexType",
+        "Sets the duplex type: a variable or a fixed distance between the two directions.",
         &SimulatedNode::setDuplexType);
     row("SIM.SetFarEndTransmits", "Switches the transmitters of the far end on or off.",
         &SimulatedNode::setFarEndTransmits);
     row("SIM.SetLongHaul", "Makes the radio units long haul ones, or ordinary ones.",
         &SimulatedNode::setLongHaul);
-    row("SIM.SetPathLoss", "Sets the path loss of the hop, in tenths of a dB.",
-        &SimulatedNode::setPathLoss_dBTenths);
+    row("SIM.SetPathLoss", "Sets the path loss of the hop.", &SimulatedNode::setPathLoss_dBTenths);
     row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
         &SimulatedNode::setRadioAvailable);
     row("SIM.SetTwoTransmitters", "Makes the radio units such with two transmitters, or with one.",

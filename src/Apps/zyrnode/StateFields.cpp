@@ -29,13 +29,11 @@ template <>
 struct RecordFields<Fault>
 {
     static constexpr std::array fields{
-        field<&Fault::collaborator>("collaborator", {.help = "name of the interface, as IAcmHandler"}),
-        field<&Fault::operation>("operation", {.help = "name of its operation, as enableAcm"}),
-        field<&Fault::channel>("channel", {.help = "radio channel whose collaborator fails, 0 for any",
-                                           .presence = Presence::Defaulted}),
-        field<&Fault::code>("code", {.help = "what the operation answers"}),
-        field<&Fault::count>(
-            "count", {.help = "how many times it fails, 1 if left out", .presence = Presence::Defaulted}),
+        field<&Fault::collaborator>("name of the interface, as IAcmHandler"),
+        field<&Fault::operation>("name of its operation, as enableAcm"),
+        field<&Fault::channel>("radio channel whose collaborator fails, 0 for any", {.hasDefault = true}),
+        field<&Fault::code>("what the operation answers", {.unit = kNoUnit}),
+        field<&Fault::count>("how many times it fails", {.unit = kNoUnit, .hasDefault = true}),
     };
 };
 
@@ -43,63 +41,64 @@ template <>
 struct RecordFields<FaultList>
 {
     static constexpr std::array fields{
-        field<&FaultList::faults>("faults", {.help = "orders to fail that aren't used up, oldest first"}),
+        field<&FaultList::faults>("orders to fail that aren't used up, oldest first"),
     };
 };
 
 template <>
 struct RecordFields<TransmitterState>
 {
+    static constexpr bool isPart = true;
     static constexpr std::array fields{
-        field<&TransmitterState::requested>("requested", {.help = "what the commands have asked for"}),
-        field<&TransmitterState::status>("status", {.help = "what the transmitter does now"}),
-        field<&TransmitterState::minPower>("minPower", {.unit = "0.1 dBm", .help = "commanded window"}),
-        field<&TransmitterState::maxPower>("maxPower", {.unit = "0.1 dBm", .help = "commanded window"}),
-        field<&TransmitterState::power>("power", {.unit = "0.1 dBm", .help = "transmitted now"}),
+        field<&TransmitterState::requested>("what the commands have asked for"),
+        field<&TransmitterState::status>("what the transmitter does now"),
+        field<&TransmitterState::minPower>("commanded window", {.unit = "0.1 dBm"}),
+        field<&TransmitterState::maxPower>("commanded window", {.unit = "0.1 dBm"}),
+        field<&TransmitterState::power>("transmitted now", {.unit = "0.1 dBm"}),
     };
 };
 
 template <>
 struct RecordFields<RadioState>
 {
+    static constexpr bool isPart = true;
     static constexpr std::array fields{
-        field<&RadioState::isAvailable>("isAvailable", {.help = "whether the radio unit answers"}),
-        field<&RadioState::isPowerSupplied>("isPowerSupplied", {.help = "whether it has power"}),
-        field<&RadioState::restart>("restart", {.help = "how its restart stands"}),
+        field<&RadioState::isAvailable>("whether the radio unit answers"),
+        field<&RadioState::isPowerSupplied>("whether it has power"),
+        field<&RadioState::restart>("how its restart stands"),
     };
 };
 
 template <>
 struct RecordFields<ReceiverState>
 {
+    static constexpr bool isPart = true;
     static constexpr std::array fields{
-        field<&ReceiverState::isLinkUp>("isLinkUp", {.help = "whether traffic comes in"}),
-        field<&ReceiverState::level>("level", {.unit = "0.1 dBm", .help = "received level"}),
-        field<&ReceiverState::snir>("snir", {.unit = "0.1 dB", .help = "signal to noise and interference"}),
-        field<&ReceiverState::rxModulation>("rxModulation", {.help = "received modulation"}),
-        field<&ReceiverState::txModulation>("txModulation", {.help = "transmitted modulation"}),
+        field<&ReceiverState::isLinkUp>("whether traffic comes in"),
+        field<&ReceiverState::level>("received level", {.unit = "0.1 dBm"}),
+        field<&ReceiverState::snir>("signal to noise and interference", {.unit = "0.1 dB"}),
+        field<&ReceiverState::rxModulation>("received modulation"),
+        field<&ReceiverState::txModulation>("transmitted modulation"),
     };
 };
 
 template <>
 struct RecordFields<ChannelState>
 {
+    static constexpr bool isPart = true;
     static constexpr std::array fields{
-        field<&ChannelState::number>("number", {.help = "radio channel"}),
-        field<&ChannelState::acmEnabled>("acmEnabled", {.help = "whether ACM is on"}),
-        field<&ChannelState::acmMuted>("acmMuted", {.help = "whether ACM is held at the lowest modulation"}),
-        field<&ChannelState::modulationDisabled>(
-            "modulationDisabled", {.help = "whether a test signal is sent in place of traffic"}),
-        field<&ChannelState::minModulation>("minModulation", {.help = "lowest modulation allowed"}),
-        field<&ChannelState::maxModulation>("maxModulation", {.help = "highest modulation allowed"}),
-        field<&ChannelState::radioFrameId>("radioFrameId", {.help = "radio frame, 0 for none"}),
-        field<&ChannelState::txFrequency_kHz>("txFrequency_kHz",
-                                              {.unit = "kHz", .help = "transmit frequency"}),
-        field<&ChannelState::rxFrequency_kHz>("rxFrequency_kHz",
-                                              {.unit = "kHz", .help = "receive frequency"}),
-        field<&ChannelState::transmitter>("transmitter", {.help = "transmitter and power control"}),
-        field<&ChannelState::radio>("radio", {.help = "radio unit"}),
-        field<&ChannelState::receiver>("receiver", {.help = "what the hop gives"}),
+        field<&ChannelState::number>("radio channel"),
+        field<&ChannelState::acmEnabled>("whether ACM is on"),
+        field<&ChannelState::acmMuted>("whether ACM is held at the lowest modulation"),
+        field<&ChannelState::modulationDisabled>("whether a test signal is sent in place of traffic"),
+        field<&ChannelState::minModulation>("lowest modulation allowed"),
+        field<&ChannelState::maxModulation>("highest modulation allowed"),
+        field<&ChannelState::radioFrameId>("radio frame, 0 for none", {.unit = kNoUnit}),
+        field<&ChannelState::txFrequency_kHz>("transmit frequency", {.unit = "kHz"}),
+        field<&ChannelState::rxFrequency_kHz>("receive frequency", {.unit = "kHz"}),
+        field<&ChannelState::transmitter>("transmitter and power control"),
+        field<&ChannelState::radio>("radio unit"),
+        field<&ChannelState::receiver>("what the hop gives"),
     };
 };
 
@@ -107,10 +106,10 @@ template <>
 struct RecordFields<NodeReport>
 {
     static constexpr std::array fields{
-        field<&NodeReport::hangingLongPolls>("hangingLongPolls", {.help = "long polls that wait now"}),
-        field<&NodeReport::channels>("channels", {.help = "radio channels, the first one first"}),
-        field<&NodeReport::alarms>("alarms", {.help = "all alarms that have ever been raised"}),
-        field<&NodeReport::faults>("faults", {.help = "orders to fail that aren't used up"}),
+        field<&NodeReport::hangingLongPolls>("long polls that wait now", {.unit = kNoUnit}),
+        field<&NodeReport::channels>("radio channels, the first one first"),
+        field<&NodeReport::alarms>("all alarms that have ever been raised"),
+        field<&NodeReport::faults>("orders to fail that aren't used up"),
     };
 };
 

@@ -1,7 +1,9 @@
 #include "RecordError.h"
+#include "Reference.h"
 #include "XmlRpcServer.h"
 
 #include <cstddef>
+#include <utility>
 
 // The introspection methods of `XmlRpcServer`.
 
@@ -105,10 +107,17 @@ void XmlRpcServer::addSystemMethods()
         signature({"array", "array"}), [this](const Params& params) { return multicall(params); });
     addSystemMethod(
         "zyr.describe",
-        "Describes a method by its name, or all methods that take a struct, for programs: an array of "
-        "structs of name, help, fields of request and response, and faults.",
-        Value::array({Value::array({"array"}), Value::array({"array", "string"})}),
+        "Describes a method by its name, for programs: a struct of name, help, fields of request and "
+        "response, faults and more. Without a name it describes all methods that take a struct: a struct "
+        "of methods, an array of such structs, and hash.",
+        Value::array({Value::array({"struct"}), Value::array({"struct", "string"})}),
         [this](const Params& params) { return describe(params); });
+    addSystemMethod("zyr.describeHash",
+                    "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
+                    signature({"string"}), [this](const Params& params) {
+                        takeNothing("zyr.describeHash", params);
+                        return Value(zyr_registration::hashOf(descriptions()));
+                    });
 }
 
 Value XmlRpcServer::describe(const Params& params) const
@@ -122,6 +131,13 @@ Value XmlRpcServer::describe(const Params& params) const
         }
         return description;
     }
+    Value all = descriptions();
+    const std::string hash = zyr_registration::hashOf(all);
+    return {{"hash", hash}, {"methods", std::move(all)}};
+}
+
+Value XmlRpcServer::descriptions() const
+{
     Value described = Value::array();
     for (const auto& [name, entry] : m_methods) {
         if (!entry.description.is_null()) {

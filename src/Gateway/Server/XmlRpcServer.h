@@ -22,7 +22,7 @@ namespace zyr_gateway
 using zyr_registration::Answer;
 
 /// The node's XML-RPC server: all commands by their wire names, the introspection methods "system.", and
-/// "zyr.describe", which tells programs what they need to know to call the methods.
+/// "zyr.describe" with its hash, which tells programs what they need to know to call the methods.
 ///
 /// Each request runs on a thread of its own, at most as many as there can be connections, so that neither a
 /// long poll nor a long command keeps others waiting for the server; the commands themselves run one at a
@@ -83,6 +83,7 @@ class XmlRpcServer
     void releaseLongPolls();
 
     Value describe(const Params& params) const;
+    Value descriptions() const; // of all methods that have one, by name
     Value multicall(const Params& params);
     Value callOfMulticall(const Value& given);
 

@@ -13,12 +13,13 @@ struct Description<zyr_top_api::CiGetEventsImpl> : DescriptionDefaults
     using Response = zyr_top_api::CiGetEvents::Response;
 
     static constexpr std::string_view help = "Reads the alarm events of the node.";
+    static constexpr Group group = Group::Events;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array response{
-        field<&Response::events>("events", {.help = "all alarm events that the node knows"}),
+        field<&Response::events>("all alarm events that the node knows"),
     };
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_FAILED, "CI.GetEvents failed to get alarms",
-                  "The alarm handler failed."},
+        FaultNote{eTI_E_FAILED, "CI.GetEvents failed to get alarms", "The alarm handler failed."},
     };
 };
 

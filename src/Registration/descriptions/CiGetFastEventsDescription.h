@@ -15,17 +15,18 @@ struct Description<zyr_top_api::CiGetFastEventsImpl> : DescriptionDefaults
 
     static constexpr std::string_view help =
         "Waits until the alarm events of the node differ from the caller's view of them.";
+    static constexpr Group group = Group::Events;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array request{
-        field<&Command::events>("events", {.help = "the alarm events as the caller knows them"}),
+        field<&Command::events>("the alarm events as the caller knows them"),
     };
     static constexpr std::array response{
-        field<&Response::events>("events", {.help = "the alarm events as they are now"}),
+        field<&Response::events>("the alarm events as they are now"),
     };
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_FAILED, "CI.GetFastEvents has been terminated",
+        FaultNote{eTI_E_FAILED, "CI.GetFastEvents has been terminated",
                   "The request was released by CI.ReleaseFastEventsRequests."},
-        FaultNote{zyr_top_api::eTI_E_FAILED, "CI.GetFastEvents failed to get alarms",
-                  "The alarm handler failed."},
+        FaultNote{eTI_E_FAILED, "CI.GetFastEvents failed to get alarms", "The alarm handler failed."},
     };
 };
 

@@ -33,9 +33,9 @@ struct RecordFields<zyr_top_api::FrameFormatModulation>
 {
     using Record = zyr_top_api::FrameFormatModulation;
     static constexpr std::array fields{
-        field<&Record::Modulation>("Modulation", {.help = "modulation and coding"}),
-        field<&Record::Capacity>("Capacity", {.help = "capacity"}),
-        field<&Record::XpicCapable>("XpicCapable", {.help = "whether XPIC is possible with it"}),
+        field<&Record::Modulation>("modulation and coding"),
+        field<&Record::Capacity>("capacity", {.unit = "kbit/s"}),
+        field<&Record::XpicCapable>("whether XPIC is possible with it"),
     };
 };
 
@@ -44,13 +44,13 @@ struct RecordFields<zyr_top_api::FrameFormatCapability>
 {
     using Record = zyr_top_api::FrameFormatCapability;
     static constexpr std::array fields{
-        field<&Record::RadioFrameID>("RadioFrameID", {.help = "number of the radio frame"}),
-        field<&Record::ChannelSpacing>("ChannelSpacing", {.help = "channel spacing"}),
-        field<&Record::TelecomStd>("TelecomStd", {.help = "standard of the frame"}),
-        field<&Record::AirInterface>("AirInterface", {.help = "name of the air interface"}),
-        field<&Record::AvailableModulations>("AvailableModulations", {.help = "modulations that it may use"}),
-        field<&Record::FrameLinkType>("FrameLinkType", {.help = "link type"}),
-        field<&Record::MaxAvailableAcmCa>("MaxAvailableAcmCa", {.help = "always undefined"}),
+        field<&Record::RadioFrameID>("number of the radio frame", {.unit = kNoUnit}),
+        field<&Record::ChannelSpacing>("channel spacing", {.unit = "kHz"}),
+        field<&Record::TelecomStd>("standard of the frame"),
+        field<&Record::AirInterface>("name of the air interface"),
+        field<&Record::AvailableModulations>("modulations that it may use"),
+        field<&Record::FrameLinkType>("link type"),
+        field<&Record::MaxAvailableAcmCa>("always undefined"),
     };
 };
 
@@ -62,25 +62,23 @@ struct Description<zyr_top_api::CriGetAirInterfaceCapabilityImpl> : DescriptionD
 
     static constexpr std::string_view help =
         "Gives the radio frames that the hardware of a radio channel supports.";
+    static constexpr Group group = Group::Status;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array request{
-        field<&Command::RadioChannelID>("RadioChannelID", {.help = "radio channel"}),
-        field<&Command::ReleasedFilter>("ReleasedFilter", {.help = "which frames are wanted"}),
-        field<&Command::TelecomFilter>("TelecomFilter",
-                                       {.help = "without effect", .presence = Presence::Defaulted}),
-        field<&Command::RauFilter>("RauFilter", {.help = "without effect", .presence = Presence::Defaulted}),
+        field<&Command::RadioChannelID>("radio channel"),
+        field<&Command::ReleasedFilter>("which frames are wanted"),
+        field<&Command::TelecomFilter>("without effect", {.hasDefault = true}),
+        field<&Command::RauFilter>("without effect", {.hasDefault = true}),
     };
     static constexpr std::array response{
-        field<&Response::FrameFormatCapabilities>("FrameFormatCapabilities",
-                                                  {.help = "the supported radio frames"}),
+        field<&Response::FrameFormatCapabilities>("the supported radio frames"),
     };
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds",
-                  "The node has no such radio channel."},
-        FaultNote{zyr_top_api::eTI_E_INVALID_ARGUMENT,
+        kRadioChannelOutOfBounds,
+        FaultNote{eTI_E_INVALID_ARGUMENT,
                   "Failed to get PerformanceProfileArray from HardwareConfigurationHandler",
                   "The performance profile of a frame could not be read."},
-        FaultNote{zyr_top_api::eTI_E_FAILED,
-                  "CRI.GetAirInterfaceCapability failed, no supported radio frames.",
+        FaultNote{eTI_E_FAILED, "CRI.GetAirInterfaceCapability failed, no supported radio frames.",
                   "The hardware supports no radio frame at all."},
     };
 };

@@ -11,8 +11,8 @@ struct RecordFields<zyr_top_api::CmdDescription>
 {
     using Record = zyr_top_api::CmdDescription;
     static constexpr std::array fields{
-        field<&Record::name>("name", {.help = "the command's name"}),
-        field<&Record::description>("description", {.help = "what it does"}),
+        field<&Record::name>("the command's name"),
+        field<&Record::description>("what it does"),
     };
 };
 
@@ -22,8 +22,10 @@ struct Description<zyr_top_api::TiGetAllCommandsDataImpl> : DescriptionDefaults
     using Response = zyr_top_api::TiGetAllCommandsData::Response;
 
     static constexpr std::string_view help = "Reports which commands exist.";
+    static constexpr Group group = Group::Catalogue;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array response{
-        field<&Response::commands>("commands", {.help = "all commands of the node"}),
+        field<&Response::commands>("all commands of the node"),
     };
 };
 

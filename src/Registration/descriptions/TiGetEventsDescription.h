@@ -14,17 +14,18 @@ struct Description<zyr_top_api::TiGetEventsImpl> : DescriptionDefaults
     using Response = zyr_top_api::TiGetEvents::Response;
 
     static constexpr std::string_view help = "Reads the alarm events that an option selects.";
+    static constexpr Group group = Group::Events;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array request{
-        field<&Command::requestOption>("requestOption",
-                                       {.help = "what to report; its meaning is the alarm handler's"}),
+        field<&Command::requestOption>("what to report; its meaning is the alarm handler's",
+                                       {.unit = kNoUnit}),
     };
     static constexpr std::array response{
-        field<&Response::events>("events", {.help = "the selected alarm events"}),
-        field<&Response::requestOption>("requestOption", {.help = "the request's"}),
+        field<&Response::events>("the selected alarm events"),
+        field<&Response::requestOption>("the request's", {.unit = kNoUnit}),
     };
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_FAILED, "TI.GetEvents failed to get alarms",
-                  "The alarm handler failed."},
+        FaultNote{eTI_E_FAILED, "TI.GetEvents failed to get alarms", "The alarm handler failed."},
     };
 };
 

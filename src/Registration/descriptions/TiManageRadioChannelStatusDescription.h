@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Description.h"
+#include "NoValues.h"
 #include "TiManageRadioChannelStatusImpl.h"
+#include "Vocabularies.h"
 
 namespace zyr_registration
 {
@@ -14,45 +16,49 @@ struct Description<zyr_top_api::TiManageRadioChannelStatusImpl> : DescriptionDef
 
     static constexpr std::string_view help =
         "Gives the status of a radio channel with current and lowest values.";
+    static constexpr Group group = Group::Status;
+    static constexpr Effect effect = Effect::Reads;
     static constexpr std::array request{
-        field<&Command::RadioChannelID>("RadioChannelID", {.help = "radio channel"}),
-        field<&Command::ResetLowestValues>(
-            "ResetLowestValues",
-            {.help = "whether reading resets the lowest values", .presence = Presence::Defaulted}),
+        field<&Command::RadioChannelID>("radio channel"),
+        field<&Command::ResetLowestValues>("whether reading resets the lowest values",
+                                           {.hasDefault = true, .changes = true}),
     };
     static constexpr std::array response{
-        field<&Response::TXActualStatus>("TXActualStatus",
-                                         {.help = "transmitter: 'On', 'Off', 'Standby' or 'UNDEFINED'"}),
-        field<&Response::RadioChannelStatus>("RadioChannelStatus", {.help = "link: 'Up' or 'Down'"}),
-        field<&Response::ActualTxModulation>("ActualTxModulation", {.help = "transmitted modulation now"}),
-        field<&Response::ActualRxModulation>("ActualRxModulation", {.help = "received modulation now"}),
-        field<&Response::LowestTxModulation>("LowestTxModulation", {.help = "lowest transmitted modulation"}),
-        field<&Response::LowestRxModulation>("LowestRxModulation", {.help = "lowest received modulation"}),
-        field<&Response::ActualRFInputPower>("ActualRFInputPower", {.help = "received level"}),
-        field<&Response::LowestRFInputPower>("LowestRFInputPower",
-                                             {.help = "lowest received level; -9999: not supported"}),
-        field<&Response::ReportedRFOutputPower>("ReportedRFOutputPower", {.help = "transmitted power"}),
-        field<&Response::ActualSNIR>("ActualSNIR", {.help = "signal to noise and interference"}),
-        field<&Response::LowestSNIR>("LowestSNIR", {.help = "lowest signal to noise and interference"}),
-        field<&Response::ErroredBlocks>("ErroredBlocks", {.help = "errored blocks"}),
-        field<&Response::EbSinceLastRxLock>("EbSinceLastRxLock",
-                                            {.help = "errored blocks since the receiver last locked"}),
-        field<&Response::RxLockedCounter>("RxLockedCounter", {.help = "how often the receiver has locked"}),
-        field<&Response::TxFrequency>("TxFrequency", {.unit = "kHz", .help = "transmit frequency"}),
-        field<&Response::RxFrequency>("RxFrequency", {.unit = "kHz", .help = "receive frequency"}),
+        field<&Response::TXActualStatus>("state of the transmitter",
+                                         {.texts = oneOf<"Off", "On", "Standby", "UNDEFINED">}),
+        field<&Response::RadioChannelStatus>("state of the link", {.texts = oneOf<"Up", "Down">}),
+        field<&Response::ActualTxModulation>("transmitted modulation now",
+                                             {.texts = namesOf<zyr_top_api::ModulationAndCoding>}),
+        field<&Response::ActualRxModulation>("received modulation now",
+                                             {.texts = namesOf<zyr_top_api::ModulationAndCoding>}),
+        field<&Response::LowestTxModulation>("lowest transmitted modulation",
+                                             {.texts = namesOf<zyr_top_api::ModulationAndCoding>}),
+        field<&Response::LowestRxModulation>("lowest received modulation",
+                                             {.texts = namesOf<zyr_top_api::ModulationAndCoding>}),
+        field<&Response::ActualRFInputPower>("received level", {.unit = "0.1 dBm", .noValues = kNoneYet}),
+        field<&Response::LowestRFInputPower>("lowest received level",
+                                             {.unit = "0.1 dBm", .noValues = kNotSupported}),
+        field<&Response::ReportedRFOutputPower>("transmitted power",
+                                                {.unit = "0.1 dBm", .noValues = kNoneYet}),
+        field<&Response::ActualSNIR>("signal to noise and interference", {.unit = "0.1 dB"}),
+        field<&Response::LowestSNIR>("lowest signal to noise and interference", {.unit = "0.1 dB"}),
+        field<&Response::ErroredBlocks>("errored blocks", {.unit = kNoUnit}),
+        field<&Response::EbSinceLastRxLock>("errored blocks since the receiver last locked",
+                                            {.unit = kNoUnit}),
+        field<&Response::RxLockedCounter>("how often the receiver has locked", {.unit = kNoUnit}),
+        field<&Response::TxFrequency>("transmit frequency", {.unit = "kHz"}),
+        field<&Response::RxFrequency>("receive frequency", {.unit = "kHz"}),
     };
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds",
-                  "The node has no such radio channel."},
-        FaultNote{zyr_top_api::eTI_E_FAILED,
+        kRadioChannelOutOfBounds,
+        FaultNote{eTI_E_FAILED,
                   "TI.ManageRadioChannelStatus failed to get lowest Rx and Tx modulationAndCodes <n>",
                   "The ACM handler failed."},
-        FaultNote{zyr_top_api::eTI_E_FAILED, "TI.ManageRadioChannelStatus failed to get rssi value <n>",
+        FaultNote{eTI_E_FAILED, "TI.ManageRadioChannelStatus failed to get rssi value <n>",
                   "The level could not be read."},
-        FaultNote{zyr_top_api::eTI_E_FAILED, "TI.ManageRadioChannelStatus failed to get DSP API interface",
+        FaultNote{eTI_E_FAILED, "TI.ManageRadioChannelStatus failed to get DSP API interface",
                   "The DSP has no such interface."},
-        FaultNote{zyr_top_api::eTI_E_FAILED,
-                  "TI.ManageRadioChannelStatus failed to get errored blocks from DSP",
+        FaultNote{eTI_E_FAILED, "TI.ManageRadioChannelStatus failed to get errored blocks from DSP",
                   "The error block counters could not be read."},
     };
 };

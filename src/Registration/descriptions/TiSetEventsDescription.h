@@ -10,9 +10,10 @@ template <>
 struct Description<zyr_top_api::TiSetEventsImpl> : DescriptionDefaults
 {
     static constexpr std::string_view help = "Sets the alarm events as the alarm handler sees fit.";
+    static constexpr Group group = Group::Events;
+    static constexpr Effect effect = Effect::Changes;
     static constexpr std::array faults{
-        FaultNote{zyr_top_api::eTI_E_FAILED, "TI.SetEvents failed to set alarm events",
-                  "The alarm handler failed."},
+        FaultNote{eTI_E_FAILED, "TI.SetEvents failed to set alarm events", "The alarm handler failed."},
     };
 };
 
