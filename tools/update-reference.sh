@@ -1,5 +1,6 @@
 #!/bin/sh
-# Writes docs/commands.md from the one list of commands.
+# Writes docs/commands.md from the one list of commands, by the program of a preset: release unless another is
+# given.
 set -eu
 cd "$(dirname "$0")/.."
-build/release/bin/zyrnode --print-reference >docs/commands.md
+"build/${1:-release}/bin/zyrnode" --print-reference >docs/commands.md

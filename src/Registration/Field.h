@@ -221,37 +221,37 @@ constexpr bool hasPlainNumber(const ValueType& type)
                                [](const Field& field) { return field.notes.unit == kUnitOfHolder; });
 }
 
-// What is wrong with the notes of a field; null if nothing is.
-constexpr const char* noteDefect(const ValueType& fieldType, std::string_view help, const FieldNotes& notes)
+// Refuses notes of a field that leave open what they have to say or say what doesn't fit: the compiler shows
+// the line that throws.
+constexpr void checkNotes(const ValueType& fieldType, std::string_view help, const FieldNotes& notes)
 {
     const ValueType& type = innermost(fieldType);
     const bool isNumber = hasPlainNumber(type) && notes.texts == nullptr && !notes.isChannel;
     if (help.empty()) {
-        return "a field has no help";
+        throw "a field has no help";
     }
     if (isNumber && notes.unit.empty()) {
-        return "the unit of a number is left open: say one of kUnits, kNoUnit if it has none";
+        throw "the unit of a number is left open: say one of kUnits, kNoUnit if it has none";
     }
     if (!isNumber && !notes.unit.empty()) {
-        return "a unit without a number";
+        throw "a unit without a number";
     }
     if (!notes.unit.empty() && std::ranges::find(kUnits, notes.unit) == kUnits.end()) {
-        return "a unit that is none of kUnits";
+        throw "a unit that is none of kUnits";
     }
     if (type.kind != Kind::Integer && (notes.range || notes.isChannel)) {
-        return "a range or a channel that is no integer";
+        throw "a range or a channel that is no integer";
     }
     if (notes.range && !type.isChannel && notes.range->minimum <= type.range.minimum &&
         notes.range->maximum >= type.range.maximum) {
-        return "a range that says no more than the type";
+        throw "a range that says no more than the type";
     }
     if (notes.texts != nullptr && type.kind != Kind::String && !hasPlainNumber(type)) {
-        return "texts of what is neither a string nor a plain number";
+        throw "texts of what is neither a string nor a plain number";
     }
     if (notes.hasDefault && (fieldType.kind == Kind::Optional || fieldType.kind == Kind::Array)) {
-        return "an optional or an array may be left out anyway";
+        throw "an optional or an array may be left out anyway";
     }
-    return nullptr;
 }
 
 // A text as an argument of a template.
@@ -299,9 +299,7 @@ template <auto Member, class Owner = typename detail::MemberOf<Member>::Record>
 consteval Field field(std::string_view help, FieldNotes notes = {})
 {
     const ValueType& type = detail::TypeOf<typename detail::MemberOf<Member>::Type>::type;
-    if (const char* const defect = detail::noteDefect(type, help, notes)) {
-        throw defect;
-    }
+    detail::checkNotes(type, help, notes);
     return {memberName<Member>(), &type,
             [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, help, notes};
 }

@@ -252,6 +252,7 @@ TEST_F(XmlRpcServerTest, SignaturesAndHelpComeFromTheDescriptions)
     EXPECT_EQ(
         call("system.methodHelp", {"CI.ReleaseFastEventsRequests"}).value,
         "Releases all hanging CI.GetFastEvents requests.\n"
+        "Group events. Changes the node. Answers within 1 s.\n"
         "Faults:\n"
         "  4 \"CI.ReleaseFastEventsRequestsImpl failed to release hanging GetFastAlarm requests\": The alarm "
         "handler failed.\n");

@@ -17,8 +17,12 @@ namespace
 template <class T>
 std::string defectOf(const FieldNotes& notes, std::string_view help = "help")
 {
-    const char* const defect = detail::noteDefect(kValueType<T>, help, notes);
-    return defect == nullptr ? "" : defect;
+    try {
+        detail::checkNotes(kValueType<T>, help, notes);
+        return {};
+    } catch (const char* const defect) {
+        return defect;
+    }
 }
 
 const std::string kOpen = "the unit of a number is left open: say one of kUnits, kNoUnit if it has none";

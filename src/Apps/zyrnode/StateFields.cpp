@@ -31,7 +31,8 @@ struct RecordFields<Fault>
     static constexpr std::array fields{
         field<&Fault::collaborator>("name of the interface, as IAcmHandler"),
         field<&Fault::operation>("name of its operation, as enableAcm"),
-        field<&Fault::channel>("radio channel whose collaborator fails, 0 for any", {.hasDefault = true}),
+        field<&Fault::channel>("radio channel whose collaborator fails, 0 for any",
+                               {.unit = kNoUnit, .hasDefault = true}),
         field<&Fault::code>("what the operation answers", {.unit = kNoUnit}),
         field<&Fault::count>("how many times it fails", {.unit = kNoUnit, .hasDefault = true}),
     };
@@ -87,7 +88,7 @@ struct RecordFields<ChannelState>
 {
     static constexpr bool isPart = true;
     static constexpr std::array fields{
-        field<&ChannelState::number>("radio channel"),
+        field<&ChannelState::number>("radio channel", {.isChannel = true}),
         field<&ChannelState::acmEnabled>("whether ACM is on"),
         field<&ChannelState::acmMuted>("whether ACM is held at the lowest modulation"),
         field<&ChannelState::modulationDisabled>("whether a test signal is sent in place of traffic"),
