@@ -1,6 +1,6 @@
 #!/bin/sh
 # Builds everything and runs all tests, then those with threads again under the thread sanitizer.
-# With --all, all tests run under the address and undefined behaviour sanitizers too.
+# With --all, clang-tidy reads all sources and all tests run under the address and undefined behaviour sanitizers too.
 set -eu
 cd "$(dirname "$0")"
 
@@ -49,6 +49,10 @@ build tsan --target $threaded zyrnode zyrctl
 run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests)$'
 
 if [ "$all" = yes ]; then
+    step "clang-tidy"
+    # shellcheck disable=SC2086
+    sh tools/install-packages.sh $TIDY_PACKAGES
+    python3 tools/tidy.py
     build asan-ubsan
     run_tests asan-ubsan
 fi

@@ -4,3 +4,4 @@ BUILD_PACKAGES="g++ cmake make pkgconf libmicrohttpd-dev libexpat1-dev libcurl4-
     nlohmann-json3-dev libcli11-dev"
 RUN_PACKAGES="$BUILD_PACKAGES python3"
 TEST_PACKAGES="$RUN_PACKAGES libgtest-dev libgmock-dev clang-format"
+TIDY_PACKAGES="clang-tidy libbenchmark-dev"
