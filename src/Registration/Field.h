@@ -36,14 +36,14 @@ namespace detail
 {
 
 template <class T>
-inline constexpr bool isChannel = std::derived_from<T, zyr_top_api::RadioChannel>;
+inline constexpr bool kIsChannel = std::derived_from<T, zyr_top_api::RadioChannel>;
 
 template <class T>
 constexpr NumberAccess numberAccess()
 {
     return {[](const void* object) { return static_cast<std::int64_t>(*static_cast<const T*>(object)); },
             [](void* object, std::int64_t number) {
-                if constexpr (isChannel<T>) {
+                if constexpr (kIsChannel<T>) {
                     *static_cast<T*>(object) = T(static_cast<std::uint32_t>(number));
                 } else {
                     *static_cast<T*>(object) = static_cast<T>(number);
@@ -102,7 +102,7 @@ struct TypeOf<T>
 };
 
 template <class T>
-requires isChannel<T>
+requires kIsChannel<T>
 struct TypeOf<T>
 {
     static constexpr ValueType type{.kind = Kind::Integer,

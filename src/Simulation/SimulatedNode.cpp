@@ -42,9 +42,9 @@ namespace
 {
 
 /// The phase that closes a configuration: the module manager's group, and its name among the faults.
-constexpr std::uint32_t closingGroup = 5;
-constexpr std::string_view closingPhaseOwner = "CModuleManager";
-constexpr std::array<std::string_view, 1> closingPhaseOperations{"RunGroup"};
+constexpr std::uint32_t kClosingGroup = 5;
+constexpr std::string_view kClosingPhaseOwner = "CModuleManager";
+constexpr std::array<std::string_view, 1> kClosingPhaseOperations{"RunGroup"};
 
 } // namespace
 
@@ -119,9 +119,9 @@ Collaborator& SimulatedNode::add(const std::string& name, unsigned channel)
 
 void SimulatedNode::addClosingPhase()
 {
-    m_state->faults.registerCollaborator(closingPhaseOwner, closingPhaseOperations, true);
+    m_state->faults.registerCollaborator(kClosingPhaseOwner, kClosingPhaseOperations, true);
     auto phase = [state = m_state.get()](std::uint32_t channel) -> std::uint32_t {
-        if (const auto code = state->faults.take(closingPhaseOwner, closingPhaseOperations[0], channel)) {
+        if (const auto code = state->faults.take(kClosingPhaseOwner, kClosingPhaseOperations[0], channel)) {
             return *code;
         }
         const std::scoped_lock lock(state->mutex);
@@ -129,8 +129,8 @@ void SimulatedNode::addClosingPhase()
         state->settle();
         return 0;
     };
-    m_closingPhase =
-        zyr_platform::ModuleManager::get().registerPhase(closingGroup, "simulated channel", std::move(phase));
+    m_closingPhase = zyr_platform::ModuleManager::get().registerPhase(kClosingGroup, "simulated channel",
+                                                                      std::move(phase));
 }
 
 NodeSnapshot SimulatedNode::snapshot() const

@@ -43,7 +43,7 @@ constexpr std::array<const char*, kTypes> kShortForms = {
     "LHXpic2", "Mimo2", "SisoCA", "XpicCA", "Mrc",  "Mrc2",  "Mrcx",
 };
 
-constexpr int R = -1; // refused
+constexpr int kR = -1; // refused
 
 using Table = std::array<std::array<int, kTypes>, kTypes>;
 
@@ -51,15 +51,15 @@ using Table = std::array<std::array<int, kTypes>, kTypes>;
 // Rows: the requested type. Columns: the type of the frame.
 constexpr Table kRequired = {{
     //             Unk Oth Std Xpi Mim LHS LHX Xp2 LX2 Mi2 SCA XCA Mrc Mr2 Mrx
-    /* Unknown */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
-    /* Other   */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* Unknown */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
+    /* Other   */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Std     */ {{0,  0,  2,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* Xpic    */ {{0,  0,  0,  3,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* Mimo    */ {{0,  0,  0,  0,  4,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
-    /* LHStd   */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
-    /* LHXpic  */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* LHStd   */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
+    /* LHXpic  */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Xpic2   */ {{0,  0,  0,  7,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
-    /* LHXpic2 */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* LHXpic2 */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Mimo2   */ {{0,  0,  0,  0,  9,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* SisoCA  */ {{0,  0, 10,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* XpicCA  */ {{0,  0,  0, 11,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
@@ -70,15 +70,15 @@ constexpr Table kRequired = {{
 
 constexpr Table kRequiredLongHaul = {{
     //             Unk Oth Std Xpi Mim LHS LHX Xp2 LX2 Mi2 SCA XCA Mrc Mr2 Mrx
-    /* Unknown */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
-    /* Other   */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* Unknown */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
+    /* Other   */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Std     */ {{0,  0,  5,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* Xpic    */ {{0,  0,  0,  6,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* Mimo    */ {{0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
-    /* LHStd   */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
-    /* LHXpic  */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* LHStd   */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
+    /* LHXpic  */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Xpic2   */ {{0,  0,  0,  8,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
-    /* LHXpic2 */ {{R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R,  R}},
+    /* LHXpic2 */ {{kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR,  kR}},
     /* Mimo2   */ {{0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* SisoCA  */ {{0,  0, 10,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
     /* XpicCA  */ {{0,  0,  0, 11,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0,  0}},
@@ -118,7 +118,7 @@ class NearEndRequiredTypeTest : public zyr_test::NearEndTest
         const std::string result = run(command);
         const std::string lines = linesWith({"getRequiredRecovery", "getConfigType returns", "aggregation",
                                              "getRequiredFF", "checkDsp", "DSP need"});
-        if (required == R) {
+        if (required == kR) {
             EXPECT_EQ(result, failedWith(std::string("CRI.SetRadioChannelNearEnd invalid FF config type: ") +
                                          kNames[requested]));
             EXPECT_EQ(lines, "\n");

@@ -38,10 +38,10 @@ class Dice
     unsigned below(unsigned limit) { return static_cast<unsigned>(m_engine() % limit); }
     bool isOneIn(unsigned chances) { return below(chances) == 0; }
 
-    template <std::size_t size>
-    const char* oneOf(const std::array<const char*, size>& texts)
+    template <std::size_t Size>
+    const char* oneOf(const std::array<const char*, Size>& texts)
     {
-        return texts[below(size)];
+        return texts[below(Size)];
     }
 
   private:

@@ -15,11 +15,12 @@ using namespace zyr_gateway;
 namespace
 {
 
-constexpr const char* anna =
+constexpr const char* kAnna =
     "anna:$6$Zx81Kq2v$dMij5oTVrEzkfj.7AGytxRbE//gT4L8y//3PbQ7Qk21q1Xi/kgYEy4tv9EiUxUPUdmCmteNL9jjSsEv5vHaIL/";
-constexpr const char* bert = "bert:$y$j75$k2XAnEHBqQ1Ct2aMXFKNa/$uZyyyQglewM2QSlStiW6iC.azIFKIgAHwjlFU2C9uPA";
-constexpr const char* annaHeader = "Authorization: Basic YW5uYTpnZWhlaW0=\r\n";
-constexpr const char* bertHeader = "Authorization: Basic YmVydDpvZmZlbg==\r\n";
+constexpr const char* kBert =
+    "bert:$y$j75$k2XAnEHBqQ1Ct2aMXFKNa/$uZyyyQglewM2QSlStiW6iC.azIFKIgAHwjlFU2C9uPA";
+constexpr const char* kAnnaHeader = "Authorization: Basic YW5uYTpnZWhlaW0=\r\n";
+constexpr const char* kBertHeader = "Authorization: Basic YmVydDpvZmZlbg==\r\n";
 
 /// A credentials file that goes with the test.
 class TemporaryFile
@@ -45,7 +46,7 @@ class TemporaryFile
 
 std::string both()
 {
-    return std::string("# who may call\n\n") + anna + "\r\n" + bert;
+    return std::string("# who may call\n\n") + kAnna + "\r\n" + kBert;
 }
 
 std::string errorOf(const std::string& path)
@@ -133,7 +134,7 @@ TEST(HttpCredentialsTest, MissingFileAndDirectoryAreRefused)
 TEST(HttpCredentialsTest, WrongLineIsNamedByNumberNeverByContent)
 {
     const auto errorFor = [](const std::string& line) {
-        const TemporaryFile file(std::string(anna) + "\n" + line + "\n");
+        const TemporaryFile file(std::string(kAnna) + "\n" + line + "\n");
         const std::string text = errorOf(file.path());
         EXPECT_EQ(text.find("geheim2"), std::string::npos) << text;
         const std::size_t at = text.find(file.path());
@@ -146,7 +147,7 @@ TEST(HttpCredentialsTest, WrongLineIsNamedByNumberNeverByContent)
     EXPECT_EQ(errorFor("carl:geheim2"), noHash);
     EXPECT_EQ(errorFor("carl:"), noHash);
     EXPECT_EQ(errorFor("carl:$1$salt$geheim2"), noHash) << "MD5";
-    EXPECT_EQ(errorFor(anna), "line 2 of the credentials file FILE names a user for the second time");
+    EXPECT_EQ(errorFor(kAnna), "line 2 of the credentials file FILE names a user for the second time");
 }
 
 TEST(HttpCredentialsTest, FileWithoutUsersIsRefused)
@@ -177,9 +178,9 @@ TEST(HttpCredentialsServerTest, RightLoginReachesTheHandlerWithTheUser)
     HttpServer server(guarded(), &tellUser);
     server.start();
     HttpTestClient client(server.port());
-    EXPECT_EQ(client.ask(request(annaHeader)).body, "hello anna");
-    EXPECT_EQ(client.ask(request(annaHeader)).body, "hello anna") << "remembered";
-    EXPECT_EQ(client.ask(request(bertHeader)).body, "hello bert");
+    EXPECT_EQ(client.ask(request(kAnnaHeader)).body, "hello anna");
+    EXPECT_EQ(client.ask(request(kAnnaHeader)).body, "hello anna") << "remembered";
+    EXPECT_EQ(client.ask(request(kBertHeader)).body, "hello bert");
 }
 
 TEST(HttpCredentialsServerTest, LoginIsAskedBeforePathsAreTold)
@@ -197,6 +198,6 @@ TEST(HttpCredentialsServerTest, ListensBeyondLoopbackWithCredentials)
     HttpServer server(std::move(options), &tellUser);
     server.start();
     const std::string named = "POST /RPC2 HTTP/1.1\r\nHost: node.example\r\nContent-Type: text/xml\r\n" +
-                              std::string(annaHeader) + "Content-Length: 0\r\n\r\n";
+                              std::string(kAnnaHeader) + "Content-Length: 0\r\n\r\n";
     EXPECT_EQ(HttpTestClient(server.port()).ask(named).body, "hello anna");
 }

@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 namespace
 {
 
-const MethodCall aCall{"CRI.GetLinkStatus", {Value::parse(R"({"channelId":1})")}};
+const MethodCall kCall{"CRI.GetLinkStatus", {Value::parse(R"({"channelId":1})")}};
 
 /// A server that gives one and the same answer.
 class FixedServer
@@ -62,7 +62,7 @@ template <typename Error>
 std::string errorOf(XmlRpcClient&& client)
 {
     try {
-        (void)client.call(aCall);
+        (void)client.call(kCall);
     } catch (const Error& error) {
         return error.what();
     } catch (const std::exception& error) {
@@ -132,7 +132,7 @@ TEST(XmlRpcClientTest, CallIsSentAndItsValueReturned)
     FixedServer server({200, "text/xml", writeResponse(Value::parse(R"({"tiResult":0})"))});
     XmlRpcClient client = clientOf(server.url());
     for (int round = 0; round < 3; ++round) {
-        const MethodResponse response = client.call(aCall);
+        const MethodResponse response = client.call(kCall);
         EXPECT_EQ(response.value.dump(), R"({"tiResult":0})");
         EXPECT_FALSE(response.fault);
     }
@@ -145,7 +145,7 @@ TEST(XmlRpcClientTest, CallIsSentAndItsValueReturned)
 TEST(XmlRpcClientTest, FaultIsAnAnswer)
 {
     const FixedServer server({200, "text/xml", writeFault(4711, "no such channel")});
-    const MethodResponse response = clientOf(server.url()).call(aCall);
+    const MethodResponse response = clientOf(server.url()).call(kCall);
     ASSERT_TRUE(response.fault);
     EXPECT_EQ(response.fault->code, 4711);
     EXPECT_EQ(response.fault->text, "no such channel");
@@ -194,7 +194,7 @@ TEST(XmlRpcClientTest, OtherStatusIsAStatusErrorWithTheStatus)
               server.url() + " answers with HTTP status 503 (the server has too many connections, or is "
                              "stopping)");
     try {
-        (void)clientOf(server.url() + "x").call(aCall);
+        (void)clientOf(server.url() + "x").call(kCall);
         ADD_FAILURE();
     } catch (const HttpStatusError& error) {
         EXPECT_EQ(error.status(), 404);
@@ -260,7 +260,7 @@ TEST(XmlRpcClientTest, WatchSeesBothDirectionsButNoPassword)
     options.watch = [&](ClientOptions::Wire wire, std::string_view bytes) {
         (wire == ClientOptions::Wire::sent ? sent : received) += bytes;
     };
-    (void)XmlRpcClient(std::move(options)).call(aCall);
+    (void)XmlRpcClient(std::move(options)).call(kCall);
     EXPECT_TRUE(sent.starts_with("POST /RPC2 HTTP/1.1\r\n")) << sent;
     EXPECT_NE(sent.find("Authorization: (hidden)\r\n"), std::string::npos) << sent;
     EXPECT_EQ(sent.find("YW5uYTpnZWhlaW0="), std::string::npos) << sent;
@@ -299,8 +299,8 @@ TEST_F(XmlRpcClientTlsTest, TrustedCertificateIsCalled)
     options.url = url();
     options.caFile = m_certificate.certificateFile();
     XmlRpcClient client(std::move(options));
-    EXPECT_EQ(client.call(aCall).value, Value("safe"));
-    EXPECT_EQ(client.call(aCall).value, Value("safe"));
+    EXPECT_EQ(client.call(kCall).value, Value("safe"));
+    EXPECT_EQ(client.call(kCall).value, Value("safe"));
 }
 
 TEST_F(XmlRpcClientTlsTest, UnknownCertificateIsAConnectError)

@@ -11,16 +11,16 @@ namespace zyr_test
 {
 
 /// A command that does what a test tells it, for tests of the frame.
-template <zyr_top_api::Route route>
+template <zyr_top_api::Route Route>
 class Probe
 {
   public:
     static constexpr zyr_top_api::CommandIdentity identity{
-        .wireName = route == zyr_top_api::Route::Gated ? "TI.Probe" : "CRI.Probe",
-        .className = route == zyr_top_api::Route::Gated ? "TiProbe" : "CriProbe",
-        .responseLabel = route == zyr_top_api::Route::Gated ? "TiProbe::Response" : "CriProbe::Response",
+        .wireName = Route == zyr_top_api::Route::Gated ? "TI.Probe" : "CRI.Probe",
+        .className = Route == zyr_top_api::Route::Gated ? "TiProbe" : "CriProbe",
+        .responseLabel = Route == zyr_top_api::Route::Gated ? "TiProbe::Response" : "CriProbe::Response",
         .traceChannel = "ZYR.TEST.Probe",
-        .route = route,
+        .route = Route,
     };
 
     struct Command

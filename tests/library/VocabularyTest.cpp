@@ -96,7 +96,7 @@ struct ModulationRow
     std::int32_t coding;
 };
 
-const std::vector<ModulationRow> modulationRows{
+const std::vector<ModulationRow> kModulationRows{
     {10, "HALF_BPSK_STRONG", 2, 2, 0},
     {11, "HALF_BPSK", 2, 2, 1},
     {12, "HALF_BPSK_LIGHT", 2, 2, 2},
@@ -153,7 +153,7 @@ const std::vector<ModulationRow> modulationRows{
     {163, "UNDEFINED", 100000, 5, 4},
 };
 
-const std::vector<Row> results{
+const std::vector<Row> kResults{
     {0, "eTI_S_OK"},
     {1, "eTI_S_TRUE"},
     {2, "eTI_S_FALSE"},
@@ -187,7 +187,7 @@ const std::vector<Row> results{
     {41472, "eTI_E_METHOD_UNKNOWN"},
 };
 
-const std::vector<Row> rauFailures{
+const std::vector<Row> kRauFailures{
     {0x8000, "General Failure"},
     {0x8001, "Radio is not connected"},
     {0x8002, "No response to TOM"},
@@ -217,7 +217,7 @@ struct FrameFormatRow
     std::string_view longForm;
 };
 
-const std::vector<FrameFormatRow> frameFormats{
+const std::vector<FrameFormatRow> kFrameFormats{
     {0, "Unknown", "Unknown"},
     {1, "Other", "Other"},
     {2, "Std", "Standard"},
@@ -239,8 +239,8 @@ const std::vector<FrameFormatRow> frameFormats{
 
 TEST(ETIResultTest, EveryRowPrintsItsName)
 {
-    ASSERT_EQ(results.size(), 31U);
-    expectTexts(etiResultToString, results);
+    ASSERT_EQ(kResults.size(), 31U);
+    expectTexts(etiResultToString, kResults);
 }
 
 TEST(ETIResultTest, NumbersBetweenTheRowsAreUnknown)
@@ -395,10 +395,10 @@ TEST(ModulationAndCodingTest, TableHasAllRowsInOrder)
 {
     const auto& rows = getModulationAndCodeVector();
     ASSERT_EQ(rows.size(), 54U);
-    ASSERT_EQ(modulationRows.size(), 54U);
+    ASSERT_EQ(kModulationRows.size(), 54U);
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const auto& row = rows[index];
-        const auto& expected = modulationRows[index];
+        const auto& expected = kModulationRows[index];
         SCOPED_TRACE(expected.text);
         EXPECT_EQ(static_cast<std::uint32_t>(row.modulationAndCoding), expected.value);
         EXPECT_EQ(row.name, expected.text);
@@ -415,7 +415,7 @@ TEST(ModulationAndCodingTest, TableIsTheSameObjectAtEachCall)
 
 TEST(ModulationAndCodingTest, EveryRowConvertsInBothDirections)
 {
-    for (const auto& row : modulationRows) {
+    for (const auto& row : kModulationRows) {
         const auto value = static_cast<ModulationAndCoding>(row.value);
         EXPECT_EQ(convertCodeAndModulationEnumToString(value), row.text);
         EXPECT_EQ(streamed(value), row.text);
@@ -475,8 +475,8 @@ TEST(XpicMimoPreambleTest, TextsAndFallback)
 
 TEST(FFConfigTypeTest, ShortFormIsPrintedAndLongFormIsRead)
 {
-    ASSERT_EQ(frameFormats.size(), 15U);
-    for (const auto& row : frameFormats) {
+    ASSERT_EQ(kFrameFormats.size(), 15U);
+    for (const auto& row : kFrameFormats) {
         const auto value = static_cast<FFConfigType>(row.value);
         EXPECT_EQ(ffConfigTypeToString(value), row.shortForm);
         EXPECT_EQ(streamed(value), row.shortForm);
@@ -508,8 +508,8 @@ TEST(PpsOutputModeTest, TextsAndFallback)
 
 TEST(ERAUHResultTest, EveryFailureWithATextPrintsIt)
 {
-    ASSERT_EQ(rauFailures.size(), 19U);
-    for (const auto& row : rauFailures) {
+    ASSERT_EQ(kRauFailures.size(), 19U);
+    for (const auto& row : kRauFailures) {
         EXPECT_EQ(rauhResultToString(static_cast<ERAUHResult>(row.value)), row.text);
         EXPECT_EQ(streamed(static_cast<ERAUHResult>(row.value)), row.text);
     }

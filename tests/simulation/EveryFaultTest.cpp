@@ -35,7 +35,7 @@ namespace
 using namespace zyr_top_api;
 using bcm::types::ModemChain;
 
-constexpr std::uint32_t ordered = 0x8765;
+constexpr std::uint32_t kOrdered = 0x8765;
 
 /// Every operation that can be made to fail, called once on channel 1, by its name. An operation that answers
 /// a flag counts as failed with the ordered code when it answers false.
@@ -44,7 +44,7 @@ class EveryFaultTest : public SimulationFixture
   protected:
     using Calls = std::map<std::string, std::function<std::uint32_t()>>;
 
-    static std::uint32_t flag(bool success) { return success ? 0 : ordered; }
+    static std::uint32_t flag(bool success) { return success ? 0 : kOrdered; }
 
     template <class Interface>
     static Interface& of(const std::string& name)
@@ -462,11 +462,11 @@ TEST_F(EveryFaultTest, everyOperationThatIsListedFailsOnceOnRequest)
 {
     for (const auto& [collaborator, calls] : allCalls()) {
         for (const auto& [operation, call] : calls) {
-            node().faults().inject({collaborator, operation, 0, ordered, 1});
-            EXPECT_EQ(call(), ordered) << collaborator << "::" << operation;
+            node().faults().inject({collaborator, operation, 0, kOrdered, 1});
+            EXPECT_EQ(call(), kOrdered) << collaborator << "::" << operation;
             EXPECT_TRUE(node().faults().list().empty()) << collaborator << "::" << operation;
             if (operation != "getFastAlarms") { // which would wait
-                EXPECT_NE(call(), ordered) << collaborator << "::" << operation;
+                EXPECT_NE(call(), kOrdered) << collaborator << "::" << operation;
             }
         }
     }

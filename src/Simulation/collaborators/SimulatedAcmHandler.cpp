@@ -15,7 +15,7 @@ EACMHResult SimulatedAcmHandler::enableAcm(bool enable)
         channel().acmEnabled = enable;
         channel().acmMuted = channel().acmMuted && !enable;
         channel().acmConfigured = channel().acmConfigured || enable;
-        node().alarms.set(alarm::acmDisabled, channel().number, !enable);
+        node().alarms.set(alarm::kAcmDisabled, channel().number, !enable);
         return eACMH_S_OK;
     };
     return perform<EACMHResult>("enableAcm", [&] {

@@ -8,20 +8,20 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations acmHandlerOperations{"IAcmHandler",
-                                                             "enableAcm",
-                                                             "muteAcm",
-                                                             "restoreAcm",
-                                                             "setMinMaxModulationAndCode",
-                                                             "getPhyMode",
-                                                             "isFarEndPmaxCapabilityDifferent",
-                                                             "setFarEndPmaxCapability",
-                                                             "syncAfterWarmRestart",
-                                                             "getLowestModulationAndCode"};
+inline constexpr CollaboratorOperations kAcmHandlerOperations{"IAcmHandler",
+                                                              "enableAcm",
+                                                              "muteAcm",
+                                                              "restoreAcm",
+                                                              "setMinMaxModulationAndCode",
+                                                              "getPhyMode",
+                                                              "isFarEndPmaxCapabilityDifferent",
+                                                              "setFarEndPmaxCapability",
+                                                              "syncAfterWarmRestart",
+                                                              "getLowestModulationAndCode"};
 
 /// Adaptive modulation of a channel. Switching it off raises the alarm "AcmDisabled", switching it on clears
 /// it.
-class SimulatedAcmHandler final : public SimulatedCollaborator<IAcmHandler, acmHandlerOperations>
+class SimulatedAcmHandler final : public SimulatedCollaborator<IAcmHandler, kAcmHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -8,8 +8,8 @@ using zyr_top_api::AlarmEvent;
 namespace
 {
 
-constexpr ResultCode released = 0x8015;
-constexpr std::int32_t onlyActive = 1;
+constexpr ResultCode kReleased = 0x8015;
+constexpr std::int32_t kOnlyActive = 1;
 
 } // namespace
 
@@ -25,7 +25,7 @@ ResultCode SimulatedAlarmHandler::getFastAlarms(std::vector<AlarmEvent>& alarms)
     }
     std::unique_lock lock(node().mutex);
     if (node().alarms.waitForChange(lock, alarms) == AlarmBoard::WaitResult::Released) {
-        return released;
+        return kReleased;
     }
     alarms = node().alarms.all();
     return 0;
@@ -39,7 +39,7 @@ ResultCode SimulatedAlarmHandler::releaseFastAlarmRequests()
 ResultCode SimulatedAlarmHandler::getAlarmsByOption(std::int32_t option, std::vector<AlarmEvent>& alarms)
 {
     return perform<ResultCode>("getAlarmsByOption", [&] {
-        alarms = option == onlyActive ? node().alarms.active() : node().alarms.all();
+        alarms = option == kOnlyActive ? node().alarms.active() : node().alarms.all();
     });
 }
 

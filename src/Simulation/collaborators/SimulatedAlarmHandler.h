@@ -8,12 +8,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations alarmHandlerOperations{
+inline constexpr CollaboratorOperations kAlarmHandlerOperations{
     "IAlarmHandlerTopApi",      "getAlarms",         "getFastAlarms",
     "releaseFastAlarmRequests", "getAlarmsByOption", "setAlarmEvents"};
 
 /// The node's alarm handler. All operations may be called from several threads at once.
-class SimulatedAlarmHandler final : public SimulatedCollaborator<IAlarmHandlerTopApi, alarmHandlerOperations>
+class SimulatedAlarmHandler final : public SimulatedCollaborator<IAlarmHandlerTopApi, kAlarmHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

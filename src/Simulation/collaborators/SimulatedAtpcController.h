@@ -9,10 +9,10 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations atpcControllerOperations{"IAtpcController"};
+inline constexpr CollaboratorOperations kAtpcControllerOperations{"IAtpcController"};
 
 /// Automatic transmit power control of a channel. Powers are in tenths of a dBm.
-class SimulatedAtpcController final : public SimulatedCollaborator<IAtpcController, atpcControllerOperations>
+class SimulatedAtpcController final : public SimulatedCollaborator<IAtpcController, kAtpcControllerOperations>
 {
   public:
     SimulatedAtpcController(NodeState& node, unsigned channel);

@@ -14,7 +14,7 @@ using zyr_top_api::ETIResult;
 void SimulatedBasebandSdcController::beginCalibration() const
 {
     sdc().dade = BasebandSdcDadeStatus::CalibrationOngoing;
-    sdc().dadeEndsAt = node().settleAfter(dadeCalibrationTime);
+    sdc().dadeEndsAt = node().settleAfter(kDadeCalibrationTime);
 }
 
 ETIResult SimulatedBasebandSdcController::start(bool isCalibrationRequired)
@@ -51,7 +51,7 @@ ETIResult SimulatedBasebandSdcController::abortDadeCalibration()
     return perform<ETIResult>("abortDadeCalibration", [&] {
         if (sdc().dade == BasebandSdcDadeStatus::CalibrationOngoing) {
             sdc().dade = BasebandSdcDadeStatus::CalibrationStopping;
-            sdc().dadeEndsAt = node().settleAfter(dadeStopTime);
+            sdc().dadeEndsAt = node().settleAfter(kDadeStopTime);
         }
     });
 }
@@ -99,10 +99,10 @@ BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
             data.xpiMain = xpi;
         }
         if (sdc().diversityEnabled) {
-            data.snirDiversity = -(snir - diversityLoss_dBTenths);
-            data.xpiDiversity = xpi - diversityLoss_dBTenths;
+            data.snirDiversity = -(snir - kDiversityLoss_dBTenths);
+            data.xpiDiversity = xpi - kDiversityLoss_dBTenths;
         }
-        data.gain = sdc().mainEnabled && sdc().diversityEnabled ? combiningGain_dBTenths : 0;
+        data.gain = sdc().mainEnabled && sdc().diversityEnabled ? kCombiningGain_dBTenths : 0;
         return data;
     });
 }

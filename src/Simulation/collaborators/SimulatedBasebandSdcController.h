@@ -8,14 +8,14 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations basebandSdcControllerOperations{
+inline constexpr CollaboratorOperations kBasebandSdcControllerOperations{
     "IBasebandSdcController", "start",         "stop",       "startDadeCalibration", "abortDadeCalibration",
     "resetDadeCalibration",   "setDadeParams", "setChannels"};
 
-/// The space diversity combiner in the baseband of a channel. A calibration takes `dadeCalibrationTime`, its
-/// stopping `dadeStopTime`.
+/// The space diversity combiner in the baseband of a channel. A calibration takes `kDadeCalibrationTime`, its
+/// stopping `kDadeStopTime`.
 class SimulatedBasebandSdcController final
-    : public SimulatedCollaborator<IBasebandSdcController, basebandSdcControllerOperations>
+    : public SimulatedCollaborator<IBasebandSdcController, kBasebandSdcControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

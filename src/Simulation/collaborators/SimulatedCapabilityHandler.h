@@ -9,11 +9,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations capabilityHandlerOperations{"ICapabilityHandler"};
+inline constexpr CollaboratorOperations kCapabilityHandlerOperations{"ICapabilityHandler"};
 
 /// What the hardware of a channel can do.
 class SimulatedCapabilityHandler final
-    : public SimulatedCollaborator<ICapabilityHandler, capabilityHandlerOperations>
+    : public SimulatedCollaborator<ICapabilityHandler, kCapabilityHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

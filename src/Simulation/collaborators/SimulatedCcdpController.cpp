@@ -52,7 +52,7 @@ ETIResult SimulatedCcdpController::xpicAcquireStart(zyr_top_api::XpicAcquireMode
                                                     zyr_top_api::XpicSpectralInversionMode /*inversion*/)
 {
     return perform<ETIResult>("xpicAcquireStart",
-                              [&] { xpic().sweepsUntil = node().settleAfter(xpicSweepTime); });
+                              [&] { xpic().sweepsUntil = node().settleAfter(kXpicSweepTime); });
 }
 
 ETIResult SimulatedCcdpController::getXpicStatusStruct(XpicStatusStruct& status)

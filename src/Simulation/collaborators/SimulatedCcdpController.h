@@ -8,14 +8,14 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations ccdpControllerOperations{
+inline constexpr CollaboratorOperations kCcdpControllerOperations{
     "ICcdpController", "setBar",           "forceXpic",           "xpicMute", "getLinkType", "setPreamble",
     "getPreamble",     "xpicAcquireStart", "getXpicStatusStruct", "start",    "stop",        "getXpi",
     "getState"};
 
 /// XPIC of a channel. It is started while its link type isn't "Disable". With the bar on, `start` and `stop`
 /// succeed without effect.
-class SimulatedCcdpController final : public SimulatedCollaborator<ICcdpController, ccdpControllerOperations>
+class SimulatedCcdpController final : public SimulatedCollaborator<ICcdpController, kCcdpControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;
@@ -28,7 +28,7 @@ class SimulatedCcdpController final : public SimulatedCollaborator<ICcdpControll
     zyr_top_api::ETIResult setPreamble(zyr_top_api::XpicMimoPreamble preamble) override;
     zyr_top_api::ETIResult getPreamble(zyr_top_api::XpicMimoPreamble& preamble) override;
 
-    /// The slave sweeps for `xpicSweepTime`.
+    /// The slave sweeps for `kXpicSweepTime`.
     zyr_top_api::ETIResult xpicAcquireStart(zyr_top_api::XpicAcquireMode mode,
                                             zyr_top_api::XpicSpectralInversionMode inversion) override;
 

@@ -8,11 +8,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations dspAcmApiOperations{"IDspAcmApi", "setAcmRlpControl", "setAcmMode",
-                                                            "getAcmMode"};
+inline constexpr CollaboratorOperations kDspAcmApiOperations{"IDspAcmApi", "setAcmRlpControl", "setAcmMode",
+                                                             "getAcmMode"};
 
 /// Adaptive modulation inside the DSP of a channel: keeps what it is given.
-class SimulatedDspAcmApi final : public SimulatedCollaborator<IDspAcmApi, dspAcmApiOperations>
+class SimulatedDspAcmApi final : public SimulatedCollaborator<IDspAcmApi, kDspAcmApiOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

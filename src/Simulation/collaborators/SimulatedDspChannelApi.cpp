@@ -77,13 +77,13 @@ ETIResult SimulatedDspChannelApi::ppsRtcCalibrationStart(PpsRtcCalibrationMode m
     return perform<ETIResult>("ppsRtcCalibrationStart", [&] {
         switch (mode) {
         case PpsRtcCalibrationMode::CoarseAndFine:
-            begin(PpsCalibStatus::CoarseInProgress, ppsCoarseCalibrationTime);
+            begin(PpsCalibStatus::CoarseInProgress, kPpsCoarseCalibrationTime);
             break;
         case PpsRtcCalibrationMode::Fine:
-            begin(PpsCalibStatus::FineInProgress, ppsFineCalibrationTime);
+            begin(PpsCalibStatus::FineInProgress, kPpsFineCalibrationTime);
             break;
         case PpsRtcCalibrationMode::Auto:
-            begin(PpsCalibStatus::AutoFineInProgress, ppsFineCalibrationTime);
+            begin(PpsCalibStatus::AutoFineInProgress, kPpsFineCalibrationTime);
             break;
         case PpsRtcCalibrationMode::AutoOff:
             pps().calibration = PpsCalibStatus::NotCalibrated;
@@ -166,7 +166,7 @@ ETIResult SimulatedDspChannelApi::mimoCrossConnectDelayCalibrationStart()
 {
     return perform<ETIResult>("mimoCrossConnectDelayCalibrationStart", [&] {
         channel().mimo.calibration = MimoCalibrationStatus::InProgress;
-        channel().mimo.calibrationEndsAt = node().settleAfter(mimoCalibrationTime);
+        channel().mimo.calibrationEndsAt = node().settleAfter(kMimoCalibrationTime);
     });
 }
 

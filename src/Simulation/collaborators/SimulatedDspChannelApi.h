@@ -8,31 +8,31 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations dspChannelApiOperations{"IDspChannelApi",
-                                                                "getDspTxMode",
-                                                                "setDspTxMode",
-                                                                "getPpfLockStatus",
-                                                                "ppsRtcCalibrationStart",
-                                                                "ppsStatusGet",
-                                                                "ppsHopLengthTimeGet",
-                                                                "ppsConfigure",
-                                                                "ppsOutputModeSet",
-                                                                "onePpsAsymmetryCompensation",
-                                                                "rxChainDelay",
-                                                                "rxEqualizerFeedForwardFilterDelay",
-                                                                "setRxChainDelay",
-                                                                "mimoDiversityMute",
-                                                                "mimoConfigurationSet",
-                                                                "mimoCrossConnectDelayCalibrationStart",
-                                                                "mimoCrossConnectDelayCalibrationStatusGet",
-                                                                "setTxFrequency",
-                                                                "setRxFrequency",
-                                                                "setNarrowWideFilters",
-                                                                "getNarrowWideFilters"};
+inline constexpr CollaboratorOperations kDspChannelApiOperations{"IDspChannelApi",
+                                                                 "getDspTxMode",
+                                                                 "setDspTxMode",
+                                                                 "getPpfLockStatus",
+                                                                 "ppsRtcCalibrationStart",
+                                                                 "ppsStatusGet",
+                                                                 "ppsHopLengthTimeGet",
+                                                                 "ppsConfigure",
+                                                                 "ppsOutputModeSet",
+                                                                 "onePpsAsymmetryCompensation",
+                                                                 "rxChainDelay",
+                                                                 "rxEqualizerFeedForwardFilterDelay",
+                                                                 "setRxChainDelay",
+                                                                 "mimoDiversityMute",
+                                                                 "mimoConfigurationSet",
+                                                                 "mimoCrossConnectDelayCalibrationStart",
+                                                                 "mimoCrossConnectDelayCalibrationStatusGet",
+                                                                 "setTxFrequency",
+                                                                 "setRxFrequency",
+                                                                 "setNarrowWideFilters",
+                                                                 "getNarrowWideFilters"};
 
 /// A channel of the DSP. It is configured when it has a frame and frequencies, ACM has been enabled and the
 /// phases that close a configuration have run.
-class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi, dspChannelApiOperations>
+class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi, kDspChannelApiOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;
@@ -49,9 +49,9 @@ class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi
     /// Locked while the link is up.
     zyr_top_api::ETIResult getPpfLockStatus(bool& locked) override;
 
-    /// The coarse calibration, if the mode has one, takes `ppsCoarseCalibrationTime`, the fine one behind it
-    /// `ppsFineCalibrationTime`; they fail without a link. The mode AutoOff ends whatever is running. Refuses
-    /// other modes.
+    /// The coarse calibration, if the mode has one, takes `kPpsCoarseCalibrationTime`, the fine one behind it
+    /// `kPpsFineCalibrationTime`; they fail without a link. The mode AutoOff ends whatever is running.
+    /// Refuses other modes.
     zyr_top_api::ETIResult ppsRtcCalibrationStart(zyr_top_api::PpsRtcCalibrationMode mode,
                                                   std::uint16_t periodMilliSec) override;
     zyr_top_api::ETIResult ppsStatusGet(zyr_top_api::PpsCalibStatus& status,
@@ -69,7 +69,7 @@ class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi
     zyr_top_api::ETIResult mimoDiversityMute(bool mute) override;
     zyr_top_api::ETIResult mimoConfigurationSet() override;
 
-    /// Takes `mimoCalibrationTime`, and finds no correlation without a link.
+    /// Takes `kMimoCalibrationTime`, and finds no correlation without a link.
     zyr_top_api::ETIResult mimoCrossConnectDelayCalibrationStart() override;
     zyr_top_api::ETIResult
     mimoCrossConnectDelayCalibrationStatusGet(zyr_top_api::MimoCalibrationStatus& status) override;

@@ -6,8 +6,8 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations dspControlApiOperations{"IDspControlApi", "getRequiredRecovery",
-                                                                "checkDspReconfiguration", "getMimoMode"};
+inline constexpr CollaboratorOperations kDspControlApiOperations{"IDspControlApi", "getRequiredRecovery",
+                                                                 "checkDspReconfiguration", "getMimoMode"};
 
 /// Control of the DSP as a whole.
 ///
@@ -20,7 +20,7 @@ inline constexpr CollaboratorOperations dspControlApiOperations{"IDspControlApi"
 /// | another type, one of both over two boards or with carrier aggregation | `Dsp` |
 ///
 /// It counts as due to carrier aggregation if exactly one of both aggregates. A fresh node runs the type Std.
-class SimulatedDspControlApi final : public SimulatedCollaborator<IDspControlApi, dspControlApiOperations>
+class SimulatedDspControlApi final : public SimulatedCollaborator<IDspControlApi, kDspControlApiOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -18,9 +18,9 @@ using zyr_top_api::MimoStatusStruct;
 namespace
 {
 
-constexpr std::int16_t slaveInternalAgc = -120;
-constexpr std::int16_t slaveExternalAgc = -80;
-constexpr std::int16_t slaveDifferentialGain = 3;
+constexpr std::int16_t kSlaveInternalAgc = -120;
+constexpr std::int16_t kSlaveExternalAgc = -80;
+constexpr std::int16_t kSlaveDifferentialGain = 3;
 
 std::int32_t counted(double count)
 {
@@ -50,8 +50,8 @@ ETIResult SimulatedDspStatusApi::getErrorBlocks(DspErrorBlocks& blocks, bool res
         auto& received = receiver().received;
         blocks.erroredBlocks = counted(received.erroredBlocks);
         blocks.backgroundBlocks = counted(received.blocks);
-        blocks.errorBytes = counted(received.erroredBlocks * bytesPerBlock);
-        blocks.totalBytes = counted(received.blocks * bytesPerBlock);
+        blocks.errorBytes = counted(received.erroredBlocks * kBytesPerBlock);
+        blocks.totalBytes = counted(received.blocks * kBytesPerBlock);
         if (reset) {
             received.blocks = 0;
             received.erroredBlocks = 0;
@@ -88,8 +88,8 @@ std::int32_t SimulatedDspStatusApi::getRxLockedCounter()
 ETIResult SimulatedDspStatusApi::getSlaveAgc(std::int16_t& internalAgc, std::int16_t& externalAgc)
 {
     return access("getSlaveAgc", [&] {
-        internalAgc = slaveInternalAgc;
-        externalAgc = slaveExternalAgc;
+        internalAgc = kSlaveInternalAgc;
+        externalAgc = kSlaveExternalAgc;
     });
 }
 
@@ -99,7 +99,7 @@ ETIResult SimulatedDspStatusApi::getIqSlaveImbalance(std::int16_t& first, std::i
 {
     return access("getIqSlaveImbalance", [&] {
         first = third = fourth = fifth = 0;
-        differentialGain = slaveDifferentialGain;
+        differentialGain = kSlaveDifferentialGain;
     });
 }
 
@@ -150,7 +150,7 @@ ETIResult SimulatedDspStatusApi::getRxXcStatusLevel(std::int16_t* ch0, std::int1
 {
     return access("getRxXcStatusLevel", [&] {
         *ch0 = static_cast<std::int16_t>(receiver().level);
-        *ch1 = static_cast<std::int16_t>(channel().xpic.isStarted() ? receiver().level : noLevel_dBmTenths);
+        *ch1 = static_cast<std::int16_t>(channel().xpic.isStarted() ? receiver().level : kNoLevel_dBmTenths);
     });
 }
 

@@ -8,12 +8,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations dspStatusApiOperations{"IDspStatusApi", "getErrorBlocks",
-                                                               "getSlaveAgc",   "getIqSlaveImbalance",
-                                                               "mimoStatusGet", "getRxXcStatusLevel"};
+inline constexpr CollaboratorOperations kDspStatusApiOperations{"IDspStatusApi", "getErrorBlocks",
+                                                                "getSlaveAgc",   "getIqSlaveImbalance",
+                                                                "mimoStatusGet", "getRxXcStatusLevel"};
 
 /// Status of a channel of the DSP. Ratios in tenths of a dB, levels in tenths of a dBm.
-class SimulatedDspStatusApi final : public SimulatedCollaborator<IDspStatusApi, dspStatusApiOperations>
+class SimulatedDspStatusApi final : public SimulatedCollaborator<IDspStatusApi, kDspStatusApiOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -8,12 +8,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations frequencyControllerOperations{"IFrequencyController",
-                                                                      "setTxFrequency", "setRxFrequency"};
+inline constexpr CollaboratorOperations kFrequencyControllerOperations{"IFrequencyController",
+                                                                       "setTxFrequency", "setRxFrequency"};
 
 /// The radio frequencies of a channel. Frequencies that the radio type can't be set to are refused.
 class SimulatedFrequencyController final
-    : public SimulatedCollaborator<IFrequencyController, frequencyControllerOperations>
+    : public SimulatedCollaborator<IFrequencyController, kFrequencyControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

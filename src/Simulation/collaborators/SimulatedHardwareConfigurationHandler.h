@@ -9,7 +9,7 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations hardwareConfigurationHandlerOperations{
+inline constexpr CollaboratorOperations kHardwareConfigurationHandlerOperations{
     "IHardwareConfigurationHandler",
     "setRadioFrameId",
     "getFrameUpdateMode",
@@ -21,7 +21,7 @@ inline constexpr CollaboratorOperations hardwareConfigurationHandlerOperations{
 
 /// The radio frames of the simulated hardware database, and what the node's channels use of them.
 class SimulatedHardwareConfigurationHandler final
-    : public SimulatedCollaborator<IHardwareConfigurationHandler, hardwareConfigurationHandlerOperations>
+    : public SimulatedCollaborator<IHardwareConfigurationHandler, kHardwareConfigurationHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

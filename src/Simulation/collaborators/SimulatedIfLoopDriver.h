@@ -6,10 +6,10 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations ifLoopDriverOperations{"IIfLoopDriver", "getIfLoop", "setIfLoop"};
+inline constexpr CollaboratorOperations kIfLoopDriverOperations{"IIfLoopDriver", "getIfLoop", "setIfLoop"};
 
 /// The loop at intermediate frequency of a channel, the same one that the loop controller has.
-class SimulatedIfLoopDriver final : public SimulatedCollaborator<IIfLoopDriver, ifLoopDriverOperations>
+class SimulatedIfLoopDriver final : public SimulatedCollaborator<IIfLoopDriver, kIfLoopDriverOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -10,7 +10,7 @@ using zyr_top_api::LoopStatePair;
 namespace
 {
 
-constexpr ResultCode unknownLoop = 0x8008;
+constexpr ResultCode kUnknownLoop = 0x8008;
 
 } // namespace
 
@@ -47,7 +47,7 @@ ResultCode SimulatedLoopController::setLoop(const std::string& loopName, bool cl
                 return 0;
             }
         }
-        return unknownLoop;
+        return kUnknownLoop;
     });
 }
 

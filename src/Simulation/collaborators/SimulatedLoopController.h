@@ -9,12 +9,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations loopControllerOperations{"ILoopController", "getLoops", "setLoop"};
+inline constexpr CollaboratorOperations kLoopControllerOperations{"ILoopController", "getLoops", "setLoop"};
 
 /// The loops of the node: "IfLoop1" and, where the radio type has one, "RfLoop1", and the same for channel 2.
 /// A closed loop cuts the far end off.
 class SimulatedLoopController final
-    : public SimulatedCollaborator<nord::zyr::loops::ILoopController, loopControllerOperations>
+    : public SimulatedCollaborator<nord::zyr::loops::ILoopController, kLoopControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -8,11 +8,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations mimoControllerOperations{"IMimoController", "setLinkType", "stop",
-                                                                 "mimoSpatialMute"};
+inline constexpr CollaboratorOperations kMimoControllerOperations{"IMimoController", "setLinkType", "stop",
+                                                                  "mimoSpatialMute"};
 
 /// MIMO of a channel. It is started while its link type isn't "Disable".
-class SimulatedMimoController final : public SimulatedCollaborator<IMimoController, mimoControllerOperations>
+class SimulatedMimoController final : public SimulatedCollaborator<IMimoController, kMimoControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -15,7 +15,7 @@ using zyr_top_api::ModulationAndCoding;
 namespace
 {
 
-constexpr auto unknownFrame = static_cast<ETIResult>(0x800A);
+constexpr auto kUnknownFrame = static_cast<ETIResult>(0x800A);
 
 } // namespace
 
@@ -57,7 +57,7 @@ ETIResult SimulatedOutputPowerCalculator::getMaxOutputPower(int radioFrameId, Mo
 {
     return perform<ETIResult>("getMaxOutputPower", [&] {
         if (findRadioFrame(static_cast<unsigned>(radioFrameId)) == nullptr) {
-            return unknownFrame;
+            return kUnknownFrame;
         }
         const auto lowest = ladderStep(min);
         const auto highest = ladderStep(max);

@@ -8,13 +8,13 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations outputPowerCalculatorOperations{
+inline constexpr CollaboratorOperations kOutputPowerCalculatorOperations{
     "IOutputPowerCalculator", "setPowerCutBack", "setBooster", "setTemporaryMaxPowerCutback",
     "getMaxOutputPower"};
 
 /// The output powers that a channel can have, in tenths of a dBm.
 class SimulatedOutputPowerCalculator final
-    : public SimulatedCollaborator<IOutputPowerCalculator, outputPowerCalculatorOperations>
+    : public SimulatedCollaborator<IOutputPowerCalculator, kOutputPowerCalculatorOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

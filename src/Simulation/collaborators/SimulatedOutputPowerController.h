@@ -6,11 +6,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations outputPowerControllerOperations{"IOutputPowerController"};
+inline constexpr CollaboratorOperations kOutputPowerControllerOperations{"IOutputPowerController"};
 
-/// The transmitter of a channel. Its status follows the request after `transmitterSwitchTime`.
+/// The transmitter of a channel. Its status follows the request after `kTransmitterSwitchTime`.
 class SimulatedOutputPowerController final
-    : public SimulatedCollaborator<IOutputPowerController, outputPowerControllerOperations>
+    : public SimulatedCollaborator<IOutputPowerController, kOutputPowerControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

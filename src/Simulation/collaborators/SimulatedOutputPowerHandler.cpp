@@ -11,25 +11,25 @@ using zyr_top_api::TxDetectorData;
 namespace
 {
 
-constexpr unsigned amplifiers = 6;
-constexpr std::int32_t gainPerAmplifier = 10;
-constexpr std::int32_t greatestGain = 300;
+constexpr unsigned kAmplifiers = 6;
+constexpr std::int32_t kGainPerAmplifier = 10;
+constexpr std::int32_t kGreatestGain = 300;
 
-constexpr std::int32_t highDetectorFrom = 100;
-constexpr std::int32_t lowDetectorBelow = 80;
+constexpr std::int32_t kHighDetectorFrom = 100;
+constexpr std::int32_t kLowDetectorBelow = 80;
 
-constexpr std::int32_t dacMiddle = 2048;
-constexpr std::int32_t dacGreatest = 4095;
+constexpr std::int32_t kDacMiddle = 2048;
+constexpr std::int32_t kDacGreatest = 4095;
 
 } // namespace
 
 ETIResult SimulatedOutputPowerHandler::getReducedGain(unsigned amplifier, std::int32_t& gain)
 {
     return perform<ETIResult>("getReducedGain", [&] {
-        if (amplifier < 1 || amplifier > amplifiers) {
+        if (amplifier < 1 || amplifier > kAmplifiers) {
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
-        gain = chain().rfGain - gainPerAmplifier * static_cast<std::int32_t>(amplifier);
+        gain = chain().rfGain - kGainPerAmplifier * static_cast<std::int32_t>(amplifier);
         return zyr_top_api::eTI_S_OK;
     });
 }
@@ -42,7 +42,7 @@ ETIResult SimulatedOutputPowerHandler::getTxRfGain(std::int32_t& gain)
 ETIResult SimulatedOutputPowerHandler::setTxRfGain(std::int32_t gain)
 {
     return perform<ETIResult>("setTxRfGain", [&] {
-        if (gain < -greatestGain || gain > greatestGain) {
+        if (gain < -kGreatestGain || gain > kGreatestGain) {
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
         chain().rfGain = gain;
@@ -83,8 +83,8 @@ bool SimulatedOutputPowerHandler::isTxIfBarOn()
 ETIResult SimulatedOutputPowerHandler::getDacValue(std::int32_t& value)
 {
     return perform<ETIResult>("getDacValue", [&] {
-        const auto power = std::clamp(chain().ifPower, -dacGreatest, dacGreatest);
-        value = std::clamp(dacMiddle + power, 0, dacGreatest);
+        const auto power = std::clamp(chain().ifPower, -kDacGreatest, kDacGreatest);
+        value = std::clamp(kDacMiddle + power, 0, kDacGreatest);
     });
 }
 
@@ -97,9 +97,9 @@ ETIResult SimulatedOutputPowerHandler::testGetDetectorInUse(bool& usingHigh, std
                                                             std::int32_t& switchToLowLevel)
 {
     return perform<ETIResult>("testGetDetectorInUse", [&] {
-        usingHigh = channel().transmitter.power >= highDetectorFrom;
-        switchToHighLevel = highDetectorFrom;
-        switchToLowLevel = lowDetectorBelow;
+        usingHigh = channel().transmitter.power >= kHighDetectorFrom;
+        switchToHighLevel = kHighDetectorFrom;
+        switchToLowLevel = kLowDetectorBelow;
     });
 }
 
@@ -107,8 +107,8 @@ ETIResult SimulatedOutputPowerHandler::testGetDetectorData(TxDetectorData& data)
 {
     return perform<ETIResult>("testGetDetectorData", [&] {
         const auto power = channel().transmitter.power;
-        const auto adcMiddle = data.highDetector != 0 ? dacMiddle : dacMiddle / 2;
-        data.adcValue = std::clamp(adcMiddle + power, 0, dacGreatest);
+        const auto adcMiddle = data.highDetector != 0 ? kDacMiddle : kDacMiddle / 2;
+        data.adcValue = std::clamp(adcMiddle + power, 0, kDacGreatest);
         data.powerFromVoltage = power;
         data.powerTemperatureCompensation = 0;
         data.powerFrequencyTemperatureCompensation = 0;

@@ -8,7 +8,7 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations outputPowerHandlerOperations{
+inline constexpr CollaboratorOperations kOutputPowerHandlerOperations{
     "IOutputPowerHandler",  "getReducedGain",     "getTxRfGain",  "setTxRfGain", "setBarOn",
     "getTxIfOutputPower",   "setTxIfOutputPower", "setTxIfBarOn", "getDacValue", "testGetDetectedPower",
     "testGetDetectorInUse", "testGetDetectorData"};
@@ -16,7 +16,7 @@ inline constexpr CollaboratorOperations outputPowerHandlerOperations{
 /// The chain of channel 1's transmitter. Gains and powers are in tenths of a dB or of a dBm. What is set here
 /// doesn't act on the power that is sent; what is detected is that power.
 class SimulatedOutputPowerHandler final
-    : public SimulatedCollaborator<IOutputPowerHandler, outputPowerHandlerOperations>
+    : public SimulatedCollaborator<IOutputPowerHandler, kOutputPowerHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -6,12 +6,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations ppsControllerOperations{"IPpsController", "configureRole",
-                                                                "getHopLengthLatency"};
+inline constexpr CollaboratorOperations kPpsControllerOperations{"IPpsController", "configureRole",
+                                                                 "getHopLengthLatency"};
 
 /// The pulse per second of a channel.
 class SimulatedPpsController final
-    : public SimulatedCollaborator<nord::zyr::pps::IPpsController, ppsControllerOperations>
+    : public SimulatedCollaborator<nord::zyr::pps::IPpsController, kPpsControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -6,11 +6,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations radioCapabilityOperations{"IRadioCapability"};
+inline constexpr CollaboratorOperations kRadioCapabilityOperations{"IRadioCapability"};
 
 /// What the radio unit of a channel can do: its type's row, with the node's duplex type and transmitters.
 class SimulatedRadioCapability final
-    : public SimulatedCollaborator<IRadioCapability, radioCapabilityOperations>
+    : public SimulatedCollaborator<IRadioCapability, kRadioCapabilityOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -13,24 +13,24 @@ using zyr_top_api::RauPowerMode;
 namespace
 {
 
-constexpr unsigned first = 1;
-constexpr unsigned second = 2;
-constexpr unsigned both = 255;
+constexpr unsigned kFirst = 1;
+constexpr unsigned kSecond = 2;
+constexpr unsigned kBoth = 255;
 
 // A power mode has two bits for each transmitter.
-constexpr unsigned firstBits = 0x3;
-constexpr unsigned secondBits = 0xC;
+constexpr unsigned kFirstBits = 0x3;
+constexpr unsigned kSecondBits = 0xC;
 
 /// The bits of a transmitter's power mode, 0 for a number that names none.
 unsigned bitsOf(unsigned transmitter)
 {
     switch (transmitter) {
-    case first:
-        return firstBits;
-    case second:
-        return secondBits;
-    case both:
-        return firstBits | secondBits;
+    case kFirst:
+        return kFirstBits;
+    case kSecond:
+        return kSecondBits;
+    case kBoth:
+        return kFirstBits | kSecondBits;
     default:
         return 0;
     }
@@ -47,7 +47,7 @@ ERAUHResult SimulatedRauHandler::triggerRestart(unsigned /*restartType*/)
 {
     return perform<ERAUHResult>("triggerRestart", [&] {
         radio().restart = RadioRestartStatus::Restarting;
-        radio().restartEndsAt = node().settleAfter(radioRestartTime);
+        radio().restartEndsAt = node().settleAfter(kRadioRestartTime);
     });
 }
 

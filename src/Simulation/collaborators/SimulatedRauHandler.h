@@ -8,13 +8,13 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations rauHandlerOperations{
+inline constexpr CollaboratorOperations kRauHandlerOperations{
     "IRauHandler",      "triggerRestart",    "endRestart",   "setPowerSupplied",
     "setActiveSubBand", "setTxIfSwitch2T2R", "setPowerMode", "getPowerMode"};
 
 /// The radio unit of a channel with its services; the same object serves as `IRadio`. A unit that isn't up
 /// refuses what it would have to carry out.
-class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, rauHandlerOperations>
+class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, kRauHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;
@@ -22,7 +22,7 @@ class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, rauH
     /// Whether the unit answers: it is there, has power and isn't restarting.
     bool isAvailable() override;
 
-    /// The restart takes `radioRestartTime` and fails if the unit isn't there then.
+    /// The restart takes `kRadioRestartTime` and fails if the unit isn't there then.
     zyr_top_api::ERAUHResult triggerRestart(unsigned restartType) override;
     zyr_top_api::RadioRestartStatus getRestartStatus() override;
     zyr_top_api::ERAUHResult endRestart() override;

@@ -14,7 +14,7 @@ using zyr_top_api::RauLatencyRequest;
 namespace
 {
 
-constexpr auto resetNeeded = static_cast<ETIResult>(0x8013);
+constexpr auto kResetNeeded = static_cast<ETIResult>(0x8013);
 
 /// The greatest of the latencies that are given, at least 0.
 std::uint32_t greatestOf(const RauLatencyRequest& request)
@@ -50,7 +50,7 @@ ETIResult SimulatedRauLatencyCalculator::calculateAndSetDspDelayCompensation(Rau
             return zyr_top_api::eTI_E_FAILED;
         }
         if (latency.isCompensated && latency.setInRecovery == node().dsp.recoveries) {
-            return resetNeeded;
+            return kResetNeeded;
         }
         latency = {true, greatestOf(request), node().dsp.recoveries};
         return zyr_top_api::eTI_S_OK;

@@ -8,12 +8,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations rauLatencyCalculatorOperations{
+inline constexpr CollaboratorOperations kRauLatencyCalculatorOperations{
     "IRauLatencyCalculator", "getCurrentLatency", "calculateAndSetDspDelayCompensation"};
 
 /// The latency of a channel's radio path, in nanoseconds.
 class SimulatedRauLatencyCalculator final
-    : public SimulatedCollaborator<IRauLatencyCalculator, rauLatencyCalculatorOperations>
+    : public SimulatedCollaborator<IRauLatencyCalculator, kRauLatencyCalculatorOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

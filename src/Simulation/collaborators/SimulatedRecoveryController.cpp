@@ -18,8 +18,8 @@ void restartDsp(NodeState& node, Recover recover)
     node.dsp.lastRecovery = recover;
     ++node.dsp.recoveries;
     node.dsp.recoveryEndsAt =
-        node.settleAfter(recover == Recover::Dsp ? dspRecoveryTime : dspRecoveryWithoutConfigTime);
-    node.alarms.raise(alarm::dspRecovery, 0);
+        node.settleAfter(recover == Recover::Dsp ? kDspRecoveryTime : kDspRecoveryWithoutConfigTime);
+    node.alarms.raise(alarm::kDspRecovery, 0);
     if (recover == Recover::Dsp) {
         for (auto& channel : node.channels) {
             channel.receiver.received = {};

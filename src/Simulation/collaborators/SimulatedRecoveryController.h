@@ -7,8 +7,8 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations recoveryControllerOperations{"RecoveryController",
-                                                                     "startDspRecovery"};
+inline constexpr CollaboratorOperations kRecoveryControllerOperations{"RecoveryController",
+                                                                      "startDspRecovery"};
 
 /// A recovery controller as it is published: the collaborator's interface has no common root.
 class PublishedRecoveryController : public IInterface,
@@ -18,11 +18,11 @@ class PublishedRecoveryController : public IInterface,
 /// Restarts the node's DSP.
 ///
 /// The pending frame format type comes into force at once. The restart itself goes on behind the call, for
-/// `dspRecoveryWithoutConfigTime` or `dspRecoveryTime`; until it is over all links are down and the alarm
+/// `kDspRecoveryWithoutConfigTime` or `kDspRecoveryTime`; until it is over all links are down and the alarm
 /// "DspRecovery" is active. A full restart also begins all counts of received blocks anew. A start during a
 /// recovery begins the restart again.
 class SimulatedRecoveryController final
-    : public SimulatedCollaborator<PublishedRecoveryController, recoveryControllerOperations>
+    : public SimulatedCollaborator<PublishedRecoveryController, kRecoveryControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

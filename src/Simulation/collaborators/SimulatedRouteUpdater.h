@@ -9,10 +9,10 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations routeUpdaterOperations{"IRouteUpdater", "updateRoute"};
+inline constexpr CollaboratorOperations kRouteUpdaterOperations{"IRouteUpdater", "updateRoute"};
 
 /// The routes of the node: keeps what it is given.
-class SimulatedRouteUpdater final : public SimulatedCollaborator<IRouteUpdater, routeUpdaterOperations>
+class SimulatedRouteUpdater final : public SimulatedCollaborator<IRouteUpdater, kRouteUpdaterOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

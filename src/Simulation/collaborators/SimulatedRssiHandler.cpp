@@ -33,7 +33,7 @@ std::int32_t SimulatedRssiHandler::getRssiMin(bool reset)
 {
     return locked([&] {
         auto& receiver = channel().receiver;
-        const auto lowest = receiver.lowestLevel.value_or(noLevel_dBmTenths);
+        const auto lowest = receiver.lowestLevel.value_or(kNoLevel_dBmTenths);
         if (reset) {
             receiver.lowestLevel.reset();
         }

@@ -8,11 +8,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations rssiHandlerOperations{"IRssiHandler", "calculateRssiThreshold",
-                                                              "setRssiThreshold", "getRssi"};
+inline constexpr CollaboratorOperations kRssiHandlerOperations{"IRssiHandler", "calculateRssiThreshold",
+                                                               "setRssiThreshold", "getRssi"};
 
 /// The received level of a channel, in tenths of a dBm.
-class SimulatedRssiHandler final : public SimulatedCollaborator<IRssiHandler, rssiHandlerOperations>
+class SimulatedRssiHandler final : public SimulatedCollaborator<IRssiHandler, kRssiHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -16,10 +16,10 @@ using zyr_top_api::SdcStatus;
 namespace
 {
 
-constexpr char noHardwareError = '0';
+constexpr char kNoHardwareError = '0';
 
 /// In samples.
-constexpr std::int32_t calibratedDelay = 12;
+constexpr std::int32_t kCalibratedDelay = 12;
 
 } // namespace
 
@@ -32,7 +32,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setSdcEnable(bool enable)
 {
     return change("setSdcEnable", [&] {
         sdc().operation = enable ? SdcStatus::InProgress : SdcStatus::Inactive;
-        sdc().operationEndsAt = node().settleAfter(sdcSwitchTime);
+        sdc().operationEndsAt = node().settleAfter(kSdcSwitchTime);
         return eTI_S_OK;
     });
 }
@@ -46,7 +46,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setDadeCalibration(bool sta
 {
     return change("setDadeCalibration", [&] {
         sdc().dade = start ? SdcStatus::InProgress : SdcStatus::Inactive;
-        sdc().dadeEndsAt = node().settleAfter(dadeCalibrationTime);
+        sdc().dadeEndsAt = node().settleAfter(kDadeCalibrationTime);
         return eTI_S_OK;
     });
 }
@@ -79,12 +79,12 @@ void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwError
                                                                    std::int32_t& sdcGain)
 {
     locked([&] {
-        hwErrorSdcMain = noHardwareError;
-        hwErrorSdcDiversity = noHardwareError;
+        hwErrorSdcMain = kNoHardwareError;
+        hwErrorSdcDiversity = kNoHardwareError;
         sdcInputPowerMain = channel().receiver.level;
-        sdcInputPowerDiversity = channel().receiver.level - diversityLoss_dBTenths;
+        sdcInputPowerDiversity = channel().receiver.level - kDiversityLoss_dBTenths;
         const bool combines = sdc().operation == SdcStatus::Active && sdc().path == SdcPath::Auto;
-        sdcGain = combines ? combiningGain_dBTenths : 0;
+        sdcGain = combines ? kCombiningGain_dBTenths : 0;
     });
 }
 
@@ -102,7 +102,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setRlConfiguration(zyr_top_
 
 std::int32_t SimulatedSpaceDiversityCombinerController::getSdcDadeDelay()
 {
-    return locked([&] { return sdc().dade == SdcStatus::Active ? calibratedDelay : 0; });
+    return locked([&] { return sdc().dade == SdcStatus::Active ? kCalibratedDelay : 0; });
 }
 
 } // namespace zyr_simulation

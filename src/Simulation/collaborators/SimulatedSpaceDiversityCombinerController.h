@@ -9,15 +9,15 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations spaceDiversityCombinerControllerOperations{
+inline constexpr CollaboratorOperations kSpaceDiversityCombinerControllerOperations{
     "ISpaceDiversityCombinerController", "setSdcEnable", "setDadeCalibration", "setSdcPath",
     "setRlConfiguration"};
 
 /// The space diversity combiner in the radio unit of a channel. A radio type without one answers nothing and
-/// refuses everything. Switching on takes `sdcSwitchTime`, a calibration `dadeCalibrationTime`.
+/// refuses everything. Switching on takes `kSdcSwitchTime`, a calibration `kDadeCalibrationTime`.
 class SimulatedSpaceDiversityCombinerController final
     : public SimulatedCollaborator<ISpaceDiversityCombinerController,
-                                   spaceDiversityCombinerControllerOperations>
+                                   kSpaceDiversityCombinerControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

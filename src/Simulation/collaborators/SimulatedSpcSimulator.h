@@ -6,10 +6,10 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations spcSimulatorOperations{"ISpcSimulator", "simulate"};
+inline constexpr CollaboratorOperations kSpcSimulatorOperations{"ISpcSimulator", "simulate"};
 
 /// The simulator of power control of a channel: keeps the sweep and the object that it runs on.
-class SimulatedSpcSimulator final : public SimulatedCollaborator<ISpcSimulator, spcSimulatorOperations>
+class SimulatedSpcSimulator final : public SimulatedCollaborator<ISpcSimulator, kSpcSimulatorOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

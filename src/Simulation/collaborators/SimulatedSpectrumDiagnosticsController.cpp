@@ -19,14 +19,14 @@ namespace
 {
 
 // Modes of the scan control.
-constexpr unsigned subBandScan = 1;
-constexpr unsigned stop = 2;
+constexpr unsigned kSubBandScan = 1;
+constexpr unsigned kStop = 2;
 
-constexpr std::size_t channelPoints = 41;
-constexpr std::size_t subBandPoints = 201;
+constexpr std::size_t kChannelPoints = 41;
+constexpr std::size_t kSubBandPoints = 201;
 
 /// The level of the foreign carrier.
-constexpr std::int32_t foreignLevel = -620;
+constexpr std::int32_t kForeignLevel = -620;
 
 /// A carrier's level where it is, the noise elsewhere.
 std::int32_t levelOf(const NodeState& node, const ChannelState& channel, std::uint32_t frequency_kHz)
@@ -39,10 +39,10 @@ std::int32_t levelOf(const NodeState& node, const ChannelState& channel, std::ui
     const auto& band = radioType(node.settings.radioType).frequencies;
     const auto bandwidth = band.MaxRXFrequency - band.MinRXFrequency;
     const auto foreign_kHz = band.MinRXFrequency + node.settings.seed * 7'919U % bandwidth;
-    if (isWithin(channel.rxFrequency_kHz) && channel.receiver.level > noLevel_dBmTenths) {
+    if (isWithin(channel.rxFrequency_kHz) && channel.receiver.level > kNoLevel_dBmTenths) {
         return channel.receiver.level;
     }
-    return isWithin(foreign_kHz) ? foreignLevel : noiseFloor_dBmTenths(channel);
+    return isWithin(foreign_kHz) ? kForeignLevel : noiseFloor_dBmTenths(channel);
 }
 
 } // namespace
@@ -55,11 +55,11 @@ void SimulatedSpectrumDiagnosticsController::begin(bool isSubBand, unsigned dmSl
     auto& scan = channel().scan;
     scan.isStarted = true;
     scan.isSubBand = isSubBand;
-    scan.points = isSubBand ? subBandPoints : channelPoints;
+    scan.points = isSubBand ? kSubBandPoints : kChannelPoints;
     scan.first_kHz = isSubBand ? band.MinRXFrequency : channel().rxFrequency_kHz - width / 2;
     scan.step_kHz = width / static_cast<std::uint32_t>(scan.points - 1);
     scan.startedAt = node().now();
-    scan.timePerPoint = scanPointTime + std::chrono::milliseconds(dmSleep);
+    scan.timePerPoint = kScanPointTime + std::chrono::milliseconds(dmSleep);
 }
 
 std::size_t SimulatedSpectrumDiagnosticsController::pointsDone() const
@@ -72,14 +72,14 @@ std::size_t SimulatedSpectrumDiagnosticsController::pointsDone() const
 ETIResult SimulatedSpectrumDiagnosticsController::scanControl(unsigned mode, unsigned dmSleep)
 {
     return perform<ETIResult>("scanControl", [&] {
-        if (mode > stop) {
+        if (mode > kStop) {
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
-        if (mode == stop) {
+        if (mode == kStop) {
             channel().scan.isStarted = false;
             return zyr_top_api::eTI_S_OK;
         }
-        const bool isSubBand = mode == subBandScan;
+        const bool isSubBand = mode == kSubBandScan;
         if (!channel().radio.isUp() || (!isSubBand && channel().rxFrequency_kHz == 0)) {
             return zyr_top_api::eTI_E_FAILED;
         }

@@ -9,17 +9,17 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations spectrumDiagnosticsControllerOperations{
+inline constexpr CollaboratorOperations kSpectrumDiagnosticsControllerOperations{
     "ISpectrumDiagnosticsController", "scanControl", "getResult"};
 
 /// Spectrum scans of a channel. Frequencies in kHz, levels in tenths of a dBm, progress in per cent.
 ///
 /// A channel scan looks at 41 frequencies within the frame's channel spacing around the receive frequency, a
-/// sub-band scan at 201 frequencies of the radio type's receive band. Each takes `scanPointTime` and the
+/// sub-band scan at 201 frequencies of the radio type's receive band. Each takes `kScanPointTime` and the
 /// requested sleep in milliseconds. What is found: the noise, the far end's signal, and in the band one
 /// foreign carrier whose place follows from the seed.
 class SimulatedSpectrumDiagnosticsController final
-    : public SimulatedCollaborator<ISpectrumDiagnosticsController, spectrumDiagnosticsControllerOperations>
+    : public SimulatedCollaborator<ISpectrumDiagnosticsController, kSpectrumDiagnosticsControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -8,7 +8,7 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations systemPowerControllerOperations{
+inline constexpr CollaboratorOperations kSystemPowerControllerOperations{
     "ISystemPowerController",     "setReferenceSec",
     "setTemporaryPmaxCapability", "overrideTxPowerState",
     "onTxFrequencyChanged",       "notifyRequestedPowerSettings",
@@ -20,7 +20,7 @@ inline constexpr CollaboratorOperations systemPowerControllerOperations{
 ///
 /// What a test bars keeps its value: a command that sets it succeeds without effect.
 class SimulatedSystemPowerController final
-    : public SimulatedCollaborator<ISystemPowerController, systemPowerControllerOperations>
+    : public SimulatedCollaborator<ISystemPowerController, kSystemPowerControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

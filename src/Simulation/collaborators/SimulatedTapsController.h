@@ -8,12 +8,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations tapsControllerOperations{
+inline constexpr CollaboratorOperations kTapsControllerOperations{
     "ITapsController", "setTapsEnable", "setIdleRateOffset", "setIdleRateThresholdFactor",
     "setKvalue",       "setHrlbEnabled"};
 
 /// TAPS of a channel: keeps what it is given.
-class SimulatedTapsController final : public SimulatedCollaborator<ITapsController, tapsControllerOperations>
+class SimulatedTapsController final : public SimulatedCollaborator<ITapsController, kTapsControllerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -6,14 +6,14 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations tapsControllerLogOperations{
+inline constexpr CollaboratorOperations kTapsControllerLogOperations{
     "ITapsControllerLog", "startLog",   "stopLog",     "setLogPeriod",
     "dumpLogToFile",      "readSample", "getLogPeriod"};
 
 /// The log of TAPS of a channel. It takes a sample when it is started and then one in each period; the last
 /// thousand are kept.
 class SimulatedTapsControllerLog final
-    : public SimulatedCollaborator<ITapsControllerLog, tapsControllerLogOperations>
+    : public SimulatedCollaborator<ITapsControllerLog, kTapsControllerLogOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -6,12 +6,12 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations txIQImbalanceHandlerOperations{"ITxIQImbalanceHandler",
-                                                                       "OnTxFrequencyChanged"};
+inline constexpr CollaboratorOperations kTxIqImbalanceHandlerOperations{"ITxIQImbalanceHandler",
+                                                                        "OnTxFrequencyChanged"};
 
 /// Compensation of the transmitter's IQ imbalance of a channel: keeps the frequency that it was told last.
 class SimulatedTxIQImbalanceHandler final
-    : public SimulatedCollaborator<ITxIQImbalanceHandler, txIQImbalanceHandlerOperations>
+    : public SimulatedCollaborator<ITxIQImbalanceHandler, kTxIqImbalanceHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

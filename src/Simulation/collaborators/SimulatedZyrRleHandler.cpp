@@ -6,9 +6,9 @@ namespace zyr_simulation
 namespace
 {
 
-constexpr std::int32_t notEncrypted = 0;
-constexpr std::int32_t encrypted = 1;
-constexpr std::int32_t encryptedWithoutLink = 2;
+constexpr std::int32_t kNotEncrypted = 0;
+constexpr std::int32_t kEncrypted = 1;
+constexpr std::int32_t kEncryptedWithoutLink = 2;
 
 } // namespace
 
@@ -16,9 +16,9 @@ std::int32_t SimulatedZyrRleHandler::getRleStatus()
 {
     return locked([&] {
         if (!channel().encryption.isEnabled) {
-            return notEncrypted;
+            return kNotEncrypted;
         }
-        return channel().receiver.isLinkUp ? encrypted : encryptedWithoutLink;
+        return channel().receiver.isLinkUp ? kEncrypted : kEncryptedWithoutLink;
     });
 }
 

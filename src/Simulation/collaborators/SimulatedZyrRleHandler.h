@@ -9,11 +9,11 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations zyrRleHandlerOperations{"IZyrRleHandler", "setRadioLinkEncryption"};
+inline constexpr CollaboratorOperations kZyrRleHandlerOperations{"IZyrRleHandler", "setRadioLinkEncryption"};
 
 /// The encryption of a channel's radio link. The key is looked at and forgotten.
 class SimulatedZyrRleHandler final
-    : public SimulatedCollaborator<zyr::IZyrRleHandler, zyrRleHandlerOperations>
+    : public SimulatedCollaborator<zyr::IZyrRleHandler, kZyrRleHandlerOperations>
 {
   public:
     using SimulatedCollaborator::SimulatedCollaborator;

@@ -17,10 +17,10 @@ namespace zyr_simulation
 namespace alarm
 {
 
-inline constexpr std::string_view acmDisabled = "AcmDisabled"; ///< ACM was switched off on the channel.
-inline constexpr std::string_view txOff = "TxOff";             ///< The channel's transmitter went off.
-inline constexpr std::string_view linkDown = "LinkDown";       ///< The channel's receiver lost the far end.
-inline constexpr std::string_view dspRecovery =
+inline constexpr std::string_view kAcmDisabled = "AcmDisabled"; ///< ACM was switched off on the channel.
+inline constexpr std::string_view kTxOff = "TxOff";             ///< The channel's transmitter went off.
+inline constexpr std::string_view kLinkDown = "LinkDown";       ///< The channel's receiver lost the far end.
+inline constexpr std::string_view kDspRecovery =
     "DspRecovery"; ///< The DSP restarts; channel 0, the whole node.
 
 } // namespace alarm

@@ -37,7 +37,7 @@ namespace zyr_simulation
 
 /// What stands for "no level": of a transmitter that is off, of a receiver that hears nothing. In tenths of a
 /// dBm.
-inline constexpr std::int32_t noLevel_dBmTenths = -990;
+inline constexpr std::int32_t kNoLevel_dBmTenths = -990;
 
 /// The transmitter and its power control. Powers are in tenths of a dBm.
 struct TransmitterState
@@ -50,8 +50,8 @@ struct TransmitterState
     std::chrono::nanoseconds switchesAt{0};      ///< When the status gets there.
     std::int32_t minPower = 0;                   ///< The commanded window.
     std::int32_t maxPower = 0;
-    std::int32_t farEndTarget = 0;          ///< The level that the far end shall receive.
-    std::int32_t power = noLevel_dBmTenths; ///< What is transmitted now.
+    std::int32_t farEndTarget = 0;           ///< The level that the far end shall receive.
+    std::int32_t power = kNoLevel_dBmTenths; ///< What is transmitted now.
     unsigned maxPowerCutback = 0;
     bool temporaryCutbackSet = false;
     std::int32_t temporaryCutback = 0;
@@ -189,7 +189,7 @@ struct ReceiverState
 {
     std::chrono::nanoseconds settledAt{0};
     bool isLinkUp = false;
-    std::int32_t level = noLevel_dBmTenths;
+    std::int32_t level = kNoLevel_dBmTenths;
     std::optional<std::int32_t> lowestLevel = {}; ///< Since its last reset, while the radio served.
     std::int32_t snir = 0;
     std::optional<std::int32_t> lowestSnir = {}; ///< Since its last reset, while the link was up.

@@ -15,11 +15,11 @@ using zyr_top_api::RadioFrameRecord;
 namespace
 {
 
-constexpr auto lowestModulation = ModulationAndCoding::QAM_4_STRONG;
-constexpr auto greatestModulation = ModulationAndCoding::QAM_4096_LIGHT;
+constexpr auto kLowestModulation = ModulationAndCoding::QAM_4_STRONG;
+constexpr auto kGreatestModulation = ModulationAndCoding::QAM_4096_LIGHT;
 
 /// The share of the channel spacing that carries payload.
-constexpr double payloadShare = 0.85;
+constexpr double kPayloadShare = 0.85;
 
 } // namespace
 
@@ -52,7 +52,7 @@ bool isUsedInFrames(ModulationAndCoding modulation)
 {
     constexpr std::int32_t ultraStrong = 3;
     const auto step = ladderStep(modulation);
-    return step >= ladderStep(lowestModulation) && step <= ladderStep(greatestModulation) &&
+    return step >= ladderStep(kLowestModulation) && step <= ladderStep(kGreatestModulation) &&
            zyr_top_api::findModulationAndCode(modulation)->coding != ultraStrong;
 }
 
@@ -60,7 +60,7 @@ std::uint32_t capacity_kbit(const RadioFrame& frame, ModulationAndCoding modulat
 {
     const auto step = ladderStep(modulation);
     const auto bits = step ? modulationLadder()[*step].bitsPerSymbol : 0.0;
-    return static_cast<std::uint32_t>(std::lround(payloadShare * frame.channelSpacing_kHz * bits));
+    return static_cast<std::uint32_t>(std::lround(kPayloadShare * frame.channelSpacing_kHz * bits));
 }
 
 RadioFrameRecord recordOf(const RadioFrame& frame)

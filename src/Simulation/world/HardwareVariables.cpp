@@ -17,21 +17,21 @@ struct Variable
     std::int32_t value;
 };
 
-constexpr std::array<Variable, 3> variables{
+constexpr std::array<Variable, 3> kVariables{
     {{"common.minTemp", -33}, {"common.maxTemp", 55}, {"common.xpicCapable", 1}}};
 
 } // namespace
 
 HardwareVariables::HardwareVariables()
 {
-    for (const auto& variable : variables) {
+    for (const auto& variable : kVariables) {
         zyr_platform::Storage::get().set(variable.name, variable.value);
     }
 }
 
 HardwareVariables::~HardwareVariables()
 {
-    for (const auto& variable : variables) {
+    for (const auto& variable : kVariables) {
         zyr_platform::Storage::get().remove(variable.name);
     }
 }

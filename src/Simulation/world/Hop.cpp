@@ -19,13 +19,13 @@ using zyr_top_api::ForceLoopMode;
 using zyr_top_api::ModulationAndCoding;
 using Seconds = std::chrono::duration<double>;
 
-constexpr double noiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
-constexpr std::int32_t snirCeiling_dBTenths = 450;
-constexpr double powerStepPerBit_dBTenths = 5.0;
+constexpr double kNoiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
+constexpr std::int32_t kSnirCeiling_dBTenths = 450;
+constexpr double kPowerStepPerBit_dBTenths = 5.0;
 
 /// Below this distance to the SNIR that the modulation needs, blocks come errored: up to so many of them.
-constexpr double scarceMargin_dBTenths = 10.0;
-constexpr double greatestErrorShare = 0.02;
+constexpr double kScarceMargin_dBTenths = 10.0;
+constexpr double kGreatestErrorShare = 0.02;
 
 /// The channels' fading: two waves, each with its own period and a phase that follows from seed and channel.
 double fading_dBTenths(const NodeState& node, const ChannelState& channel)
@@ -48,19 +48,19 @@ std::int32_t rounded(double value)
 std::int32_t level(double value_dBmTenths)
 {
     constexpr double greatest_dBmTenths = 1000.0;
-    return rounded(std::clamp(value_dBmTenths, static_cast<double>(noLevel_dBmTenths), greatest_dBmTenths));
+    return rounded(std::clamp(value_dBmTenths, static_cast<double>(kNoLevel_dBmTenths), greatest_dBmTenths));
 }
 
 std::int32_t snirOf(std::int32_t level, const ChannelState& channel)
 {
-    return std::min(level - noiseFloor_dBmTenths(channel), snirCeiling_dBTenths);
+    return std::min(level - noiseFloor_dBmTenths(channel), kSnirCeiling_dBTenths);
 }
 
 std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel, double attenuation)
 {
     const auto& transmitter = channel.transmitter;
     if (transmitter.status != ETxPowerActualStatus::On) {
-        return noLevel_dBmTenths;
+        return kNoLevel_dBmTenths;
     }
     const bool isOpen = transmitter.loopMode == ForceLoopMode::OpenLoop;
     const auto wanted = isOpen ? transmitter.maxPower : level(transmitter.farEndTarget + attenuation);
@@ -99,7 +99,7 @@ ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir)
 std::int32_t requiredSnir(ModulationAndCoding modulation)
 {
     const auto step = ladderStep(modulation);
-    return step ? modulationLadder()[*step].requiredSnir_dBTenths : snirCeiling_dBTenths;
+    return step ? modulationLadder()[*step].requiredSnir_dBTenths : kSnirCeiling_dBTenths;
 }
 
 bool receives(const NodeState& node, const ChannelState& channel)
@@ -111,10 +111,10 @@ bool receives(const NodeState& node, const ChannelState& channel)
 double errorShare(const NodeState& node, const ReceiverState& receiver)
 {
     const auto margin = receiver.snir - requiredSnir(receiver.rxModulation);
-    const auto scarcity = std::clamp(1.0 - margin / scarceMargin_dBTenths, 0.0, 1.0);
+    const auto scarcity = std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0);
     const bool injects = receiver.injectsErrors && node.now() <= receiver.injectsUntil;
     return std::min(1.0,
-                    scarcity * greatestErrorShare + (injects ? receiver.injectedPercentage / 100.0 : 0.0));
+                    scarcity * kGreatestErrorShare + (injects ? receiver.injectedPercentage / 100.0 : 0.0));
 }
 
 /// Counts what has been received since the last time, under the conditions of the last time.
@@ -122,7 +122,7 @@ void countBlocks(const NodeState& node, ReceiverState& receiver)
 {
     const auto elapsed = Seconds(node.now() - receiver.settledAt).count();
     if (receiver.isLinkUp) {
-        const auto blocks = elapsed * blocksPerSecond;
+        const auto blocks = elapsed * kBlocksPerSecond;
         const auto errored = blocks * errorShare(node, receiver);
         receiver.received.blocks += blocks;
         receiver.received.erroredBlocks += errored;
@@ -138,7 +138,7 @@ void setLink(NodeState& node, ChannelState& channel, bool isUp)
         return;
     }
     receiver.isLinkUp = isUp;
-    node.alarms.set(alarm::linkDown, channel.number, !isUp);
+    node.alarms.set(alarm::kLinkDown, channel.number, !isUp);
     if (isUp) {
         ++receiver.lockedCounter;
         receiver.received.erroredSinceLock = 0;
@@ -180,7 +180,7 @@ void settleHop(NodeState& node, ChannelState& channel)
         sends ? modulationAt(channel, receiver.farEndSnir) : ModulationAndCoding::UNDEFINED;
 
     receiver.level = receives(node, channel) ? level(node.settings.farEndTxPower_dBmTenths - attenuation)
-                                             : noLevel_dBmTenths;
+                                             : kNoLevel_dBmTenths;
     receiver.snir = receives(node, channel) ? std::max(snirOf(receiver.level, channel), 0) : 0;
     setLink(node, channel,
             receives(node, channel) && channel.isConfigured() && !node.dsp.isRecovering &&
@@ -198,7 +198,7 @@ std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, M
     const double cutback = transmitter.temporaryCutbackSet ? transmitter.temporaryCutback
                                                            : static_cast<double>(transmitter.maxPowerCutback);
     const double boost = transmitter.boosterPresence != 0 ? transmitter.boosterGain : 0.0;
-    return level(radioType(node.settings.radioType).maxPower_dBmTenths - bits * powerStepPerBit_dBTenths -
+    return level(radioType(node.settings.radioType).maxPower_dBmTenths - bits * kPowerStepPerBit_dBTenths -
                  cutback + boost);
 }
 
@@ -211,7 +211,7 @@ std::int32_t channelSpacing_kHz(const ChannelState& channel)
 
 std::int32_t noiseFloor_dBmTenths(const ChannelState& channel)
 {
-    return rounded(noiseDensity_dBmTenths + 100.0 * std::log10(channelSpacing_kHz(channel) * 1000.0));
+    return rounded(kNoiseDensity_dBmTenths + 100.0 * std::log10(channelSpacing_kHz(channel) * 1000.0));
 }
 
 std::uint32_t hopLatency_ns(const NodeState& node)

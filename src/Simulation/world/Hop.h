@@ -40,11 +40,11 @@ std::int32_t noiseFloor_dBmTenths(const ChannelState& channel);
 std::uint32_t hopLatency_ns(const NodeState& node);
 
 /// What the diversity path of a receiver lies below the main one, and what combining both wins.
-inline constexpr std::int32_t diversityLoss_dBTenths = 15;
-inline constexpr std::int32_t combiningGain_dBTenths = 25;
+inline constexpr std::int32_t kDiversityLoss_dBTenths = 15;
+inline constexpr std::int32_t kCombiningGain_dBTenths = 25;
 
 /// Blocks that the modem receives in a second, and bytes in a block.
-inline constexpr double blocksPerSecond = 1000.0;
-inline constexpr double bytesPerBlock = 200.0;
+inline constexpr double kBlocksPerSecond = 1000.0;
+inline constexpr double kBytesPerBlock = 200.0;
 
 } // namespace zyr_simulation

@@ -15,8 +15,8 @@ namespace
 {
 
 // The SNIR that a modulation needs: 3 dB for each bit of a symbol, and what the code costs or saves.
-constexpr double snirOfNoBits_dBTenths = 10.0;
-constexpr double snirOfOneBit_dBTenths = 30.0;
+constexpr double kSnirOfNoBits_dBTenths = 10.0;
+constexpr double kSnirOfOneBit_dBTenths = 30.0;
 
 /// A code by its number in the modulation table: its place among the codes, and what it adds to the SNIR.
 struct Code
@@ -25,11 +25,11 @@ struct Code
     double snir_dBTenths;
 };
 
-constexpr std::array<Code, 5> codes{{{1, -15.0}, {2, 0.0}, {3, 12.0}, {0, -30.0}, {4, 0.0}}};
+constexpr std::array<Code, 5> kCodes{{{1, -15.0}, {2, 0.0}, {3, 12.0}, {0, -30.0}, {4, 0.0}}};
 
 const Code& codeOf(const ModulationAndCode& row)
 {
-    return codes.at(static_cast<std::size_t>(row.coding));
+    return kCodes.at(static_cast<std::size_t>(row.coding));
 }
 
 bool isMoreRobust(const ModulationAndCode& left, const ModulationAndCode& right)
@@ -44,7 +44,7 @@ LadderRung rungOf(const ModulationAndCode& row)
 {
     const auto rate = row.variant == 2 ? 0.5 : 1.0;
     const auto bits = rate * std::log2(static_cast<double>(row.modulation));
-    const auto snir = snirOfNoBits_dBTenths + snirOfOneBit_dBTenths * bits + codeOf(row).snir_dBTenths;
+    const auto snir = kSnirOfNoBits_dBTenths + kSnirOfOneBit_dBTenths * bits + codeOf(row).snir_dBTenths;
     return {row.modulationAndCoding, bits, static_cast<std::int32_t>(snir)};
 }
 

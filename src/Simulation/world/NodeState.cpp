@@ -17,7 +17,7 @@ namespace
 using namespace std::chrono_literals;
 
 /// The longest time for which a change of the hop can go unnoticed.
-constexpr std::chrono::nanoseconds tickPeriod = 100ms;
+constexpr std::chrono::nanoseconds kTickPeriod = 100ms;
 
 } // namespace
 
@@ -38,7 +38,7 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
 
 void NodeState::start()
 {
-    after(tickPeriod, &NodeState::tick);
+    after(kTickPeriod, &NodeState::tick);
 }
 
 void NodeState::settle()
@@ -69,7 +69,7 @@ void NodeState::after(std::chrono::nanoseconds delay, std::function<void(NodeSta
 void NodeState::tick()
 {
     settle();
-    after(tickPeriod, &NodeState::tick);
+    after(kTickPeriod, &NodeState::tick);
 }
 
 } // namespace zyr_simulation

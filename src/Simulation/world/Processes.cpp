@@ -45,12 +45,12 @@ void settleTransmitter(NodeState& node, ChannelState& channel, nanoseconds now)
     auto& transmitter = channel.transmitter;
     if (transmitter.status != transmitter.target && now >= transmitter.switchesAt) {
         transmitter.status = transmitter.target;
-        node.alarms.set(alarm::txOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
+        node.alarms.set(alarm::kTxOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
     }
     const auto wanted = wantedStatus(channel);
     if (transmitter.target != wanted) {
         transmitter.target = wanted;
-        transmitter.switchesAt = node.settleAfter(transmitterSwitchTime);
+        transmitter.switchesAt = node.settleAfter(kTransmitterSwitchTime);
     }
 }
 
@@ -85,7 +85,7 @@ void settlePps(NodeState& node, ChannelState& channel, nanoseconds now)
         finishPps(pps, PpsCalibStatus::Failed, PpsCalibReasonOfFailure::SlaveLOL);
     } else if (pps.calibration == PpsCalibStatus::CoarseInProgress) {
         pps.calibration = PpsCalibStatus::FineInProgress;
-        pps.calibrationEndsAt = node.settleAfter(ppsFineCalibrationTime);
+        pps.calibrationEndsAt = node.settleAfter(kPpsFineCalibrationTime);
     } else {
         finishPps(pps, PpsCalibStatus::Successful, PpsCalibReasonOfFailure::NotRelevant);
     }
@@ -159,7 +159,7 @@ void settleDspRecovery(NodeState& node)
 {
     if (node.dsp.isRecovering && node.now() >= node.dsp.recoveryEndsAt) {
         node.dsp.isRecovering = false;
-        node.alarms.clear(alarm::dspRecovery, 0);
+        node.alarms.clear(alarm::kDspRecovery, 0);
     }
 }
 

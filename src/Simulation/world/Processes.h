@@ -9,18 +9,18 @@ namespace zyr_simulation
 
 // What takes time on the node, and how long it takes.
 
-inline constexpr std::chrono::milliseconds transmitterSwitchTime{300};
-inline constexpr std::chrono::seconds radioRestartTime{3};
-inline constexpr std::chrono::seconds dspRecoveryWithoutConfigTime{2};
-inline constexpr std::chrono::seconds dspRecoveryTime{5};
-inline constexpr std::chrono::seconds dadeCalibrationTime{2};
-inline constexpr std::chrono::milliseconds dadeStopTime{200};
-inline constexpr std::chrono::seconds ppsCoarseCalibrationTime{2};
-inline constexpr std::chrono::seconds ppsFineCalibrationTime{1};
-inline constexpr std::chrono::seconds mimoCalibrationTime{2};
-inline constexpr std::chrono::milliseconds xpicSweepTime{500};
-inline constexpr std::chrono::milliseconds sdcSwitchTime{500};
-inline constexpr std::chrono::milliseconds scanPointTime{10};
+inline constexpr std::chrono::milliseconds kTransmitterSwitchTime{300};
+inline constexpr std::chrono::seconds kRadioRestartTime{3};
+inline constexpr std::chrono::seconds kDspRecoveryWithoutConfigTime{2};
+inline constexpr std::chrono::seconds kDspRecoveryTime{5};
+inline constexpr std::chrono::seconds kDadeCalibrationTime{2};
+inline constexpr std::chrono::milliseconds kDadeStopTime{200};
+inline constexpr std::chrono::seconds kPpsCoarseCalibrationTime{2};
+inline constexpr std::chrono::seconds kPpsFineCalibrationTime{1};
+inline constexpr std::chrono::seconds kMimoCalibrationTime{2};
+inline constexpr std::chrono::milliseconds kXpicSweepTime{500};
+inline constexpr std::chrono::milliseconds kSdcSwitchTime{500};
+inline constexpr std::chrono::milliseconds kScanPointTime{10};
 
 /// Ends a recovery of the DSP whose time has come, with the alarm "DspRecovery".
 void settleDspRecovery(NodeState& node);

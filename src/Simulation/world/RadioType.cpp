@@ -13,20 +13,20 @@ namespace
 using zyr_top_api::FrequencyCapability;
 using zyr_top_api::ModulationAndCoding;
 
-constexpr std::uint32_t stepSize_kHz = 250;
+constexpr std::uint32_t kStepSize_kHz = 250;
 
 /// The frequencies of a band whose two halves have the same width.
 constexpr FrequencyCapability band(std::uint32_t number, std::uint32_t subBand, std::uint32_t tx_kHz,
                                    std::uint32_t rx_kHz, std::uint32_t width_kHz)
 {
-    const auto lastStep = width_kHz / stepSize_kHz;
+    const auto lastStep = width_kHz / kStepSize_kHz;
     return {.FrequencyBand = number,
             .FrequencySubBand = subBand,
             .MinTXFrequency = tx_kHz,
             .MaxTXFrequency = tx_kHz + width_kHz,
             .MinRXFrequency = rx_kHz,
             .MaxRXFrequency = rx_kHz + width_kHz,
-            .FrequencyStepSize = stepSize_kHz,
+            .FrequencyStepSize = kStepSize_kHz,
             .TXBaseFrequency = tx_kHz,
             .RXBaseFrequency = rx_kHz,
             .MinTXFrequencyStep = 0,
@@ -36,7 +36,7 @@ constexpr FrequencyCapability band(std::uint32_t number, std::uint32_t subBand, 
             .DuplexType = 0};
 }
 
-constexpr std::array<RadioType, 3> types{
+constexpr std::array<RadioType, 3> kTypes{
     RadioType{.name = "15 GHz",
               .frequencies = band(15, 1, 14'500'000, 14'920'000, 120'000),
               .features = {.RfLoopAvailable = true, .PathLatencyCapable = true},
@@ -68,11 +68,11 @@ constexpr std::array<RadioType, 3> types{
 
 const RadioType& radioType(unsigned number)
 {
-    if (number < 1 || number > types.size()) {
-        throw std::invalid_argument("the radio types are 1 to " + std::to_string(types.size()) + ", not " +
+    if (number < 1 || number > kTypes.size()) {
+        throw std::invalid_argument("the radio types are 1 to " + std::to_string(kTypes.size()) + ", not " +
                                     std::to_string(number));
     }
-    return types[number - 1];
+    return kTypes[number - 1];
 }
 
 } // namespace zyr_simulation

@@ -11,7 +11,7 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto failures = std::to_array<EnumTextRow<ERAUHResult>>({
+constexpr auto kFailures = std::to_array<EnumTextRow<ERAUHResult>>({
     {eRAUH_E_FAILED, "General Failure"},
     {eRAUH_E_NOT_CONNECTED, "Radio is not connected"},
     {eRAUH_E_NO_TOM_RESPONSE, "No response to TOM"},
@@ -37,7 +37,7 @@ constexpr auto failures = std::to_array<EnumTextRow<ERAUHResult>>({
 
 std::string rauhResultToString(ERAUHResult result)
 {
-    const auto text = textOf(failures, result, {});
+    const auto text = textOf(kFailures, result, {});
     return text.empty() ? std::to_string(code(result)) : std::string{text};
 }
 

@@ -8,7 +8,7 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto results = std::to_array<EnumTextRow<ETIResult>>({
+constexpr auto kResults = std::to_array<EnumTextRow<ETIResult>>({
     {eTI_S_OK, "eTI_S_OK"},
     {eTI_S_TRUE, "eTI_S_TRUE"},
     {eTI_S_FALSE, "eTI_S_FALSE"},
@@ -46,7 +46,7 @@ constexpr auto results = std::to_array<EnumTextRow<ETIResult>>({
 
 std::string_view etiResultToString(ETIResult result)
 {
-    return textOf(results, result, "Unknown");
+    return textOf(kResults, result, "Unknown");
 }
 
 } // namespace zyr_top_api

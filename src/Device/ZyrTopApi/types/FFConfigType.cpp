@@ -10,7 +10,7 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto shortForms = std::to_array<std::string_view>({
+constexpr auto kShortForms = std::to_array<std::string_view>({
     "Unknown",
     "Other",
     "Std",
@@ -28,7 +28,7 @@ constexpr auto shortForms = std::to_array<std::string_view>({
     "Mrcx",
 });
 
-constexpr auto longForms = std::to_array<std::string_view>({
+constexpr auto kLongForms = std::to_array<std::string_view>({
     "Unknown",
     "Other",
     "Standard",
@@ -50,12 +50,12 @@ constexpr auto longForms = std::to_array<std::string_view>({
 
 std::string_view ffConfigTypeToString(FFConfigType type)
 {
-    return textOf(shortForms, type, "");
+    return textOf(kShortForms, type, "");
 }
 
 FFConfigType ffConfigTypeStringToEnum(const std::string& text)
 {
-    return valueOf(longForms, text, FFConfigType::Unknown);
+    return valueOf(kLongForms, text, FFConfigType::Unknown);
 }
 
 std::ostream& operator<<(std::ostream& stream, FFConfigType type)

@@ -8,7 +8,7 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto constellations = std::to_array<EnumTextRow<Modulation>>({
+constexpr auto kConstellations = std::to_array<EnumTextRow<Modulation>>({
     {static_cast<Modulation>(0), "CW"},
     {Modulation::BPSK, "BPSK"},
     {Modulation::QAM_4, "4QAM"},
@@ -30,12 +30,12 @@ constexpr auto constellations = std::to_array<EnumTextRow<Modulation>>({
 
 std::string_view modulationToString(Modulation modulation)
 {
-    return textOf(constellations, modulation, "UNDEFINED");
+    return textOf(kConstellations, modulation, "UNDEFINED");
 }
 
 Modulation modulationStringToEnum(std::string_view text)
 {
-    return valueOf(constellations, text, Modulation::UNDEFINED);
+    return valueOf(kConstellations, text, Modulation::UNDEFINED);
 }
 
 } // namespace zyr_top_api

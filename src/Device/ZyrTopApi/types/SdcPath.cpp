@@ -8,18 +8,18 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto texts = std::to_array<std::string_view>({"main", "diversity", "auto"});
+constexpr auto kTexts = std::to_array<std::string_view>({"main", "diversity", "auto"});
 
 } // namespace
 
 std::string_view sdcPathToString(SdcPath value)
 {
-    return textOf(texts, value, "invalid");
+    return textOf(kTexts, value, "invalid");
 }
 
 SdcPath sdcPathStringToEnum(std::string_view text)
 {
-    return valueOf(texts, text, SdcPath::Invalid);
+    return valueOf(kTexts, text, SdcPath::Invalid);
 }
 
 } // namespace zyr_top_api
