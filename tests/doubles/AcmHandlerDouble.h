@@ -4,6 +4,8 @@
 #include "IAcmHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class AcmHandlerDouble : public IAcmHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    AcmHandlerDouble(Transcript& transcript, std::string name);
+    ~AcmHandlerDouble() override;
+    AcmHandlerDouble(const AcmHandlerDouble&) = delete;
+    AcmHandlerDouble& operator=(const AcmHandlerDouble&) = delete;
 
     EACMHResult enableAcm(bool enable) override
     {

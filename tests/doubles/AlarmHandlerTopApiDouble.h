@@ -4,6 +4,8 @@
 #include "IAlarmHandlerTopApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class AlarmHandlerTopApiDouble : public IAlarmHandlerTopApi, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    AlarmHandlerTopApiDouble(Transcript& transcript, std::string name);
+    ~AlarmHandlerTopApiDouble() override;
+    AlarmHandlerTopApiDouble(const AlarmHandlerTopApiDouble&) = delete;
+    AlarmHandlerTopApiDouble& operator=(const AlarmHandlerTopApiDouble&) = delete;
 
     ResultCode getAlarms(std::vector<zyr_top_api::AlarmEvent>& alarms) override
     {

@@ -4,6 +4,8 @@
 #include "IAtpcController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class AtpcControllerDouble : public IAtpcController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    AtpcControllerDouble(Transcript& transcript, std::string name);
+    ~AtpcControllerDouble() override;
+    AtpcControllerDouble(const AtpcControllerDouble&) = delete;
+    AtpcControllerDouble& operator=(const AtpcControllerDouble&) = delete;
 
     std::int32_t getTargetInputPower() override
     {

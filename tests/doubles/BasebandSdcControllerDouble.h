@@ -4,6 +4,8 @@
 #include "IBasebandSdcController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class BasebandSdcControllerDouble : public IBasebandSdcController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    BasebandSdcControllerDouble(Transcript& transcript, std::string name);
+    ~BasebandSdcControllerDouble() override;
+    BasebandSdcControllerDouble(const BasebandSdcControllerDouble&) = delete;
+    BasebandSdcControllerDouble& operator=(const BasebandSdcControllerDouble&) = delete;
 
     zyr_top_api::ETIResult start(bool isCalibrationRequired) override
     {

@@ -4,6 +4,8 @@
 #include "ICapabilityHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class CapabilityHandlerDouble : public ICapabilityHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    CapabilityHandlerDouble(Transcript& transcript, std::string name);
+    ~CapabilityHandlerDouble() override;
+    CapabilityHandlerDouble(const CapabilityHandlerDouble&) = delete;
+    CapabilityHandlerDouble& operator=(const CapabilityHandlerDouble&) = delete;
 
     bool isLonghaul() override
     {

@@ -4,6 +4,8 @@
 #include "ICcdpController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class CcdpControllerDouble : public ICcdpController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    CcdpControllerDouble(Transcript& transcript, std::string name);
+    ~CcdpControllerDouble() override;
+    CcdpControllerDouble(const CcdpControllerDouble&) = delete;
+    CcdpControllerDouble& operator=(const CcdpControllerDouble&) = delete;
 
     zyr_top_api::ETIResult setBar(bool on) override
     {

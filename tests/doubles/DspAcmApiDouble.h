@@ -4,6 +4,8 @@
 #include "IDspAcmApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class DspAcmApiDouble : public IDspAcmApi, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    DspAcmApiDouble(Transcript& transcript, std::string name);
+    ~DspAcmApiDouble() override;
+    DspAcmApiDouble(const DspAcmApiDouble&) = delete;
+    DspAcmApiDouble& operator=(const DspAcmApiDouble&) = delete;
 
     zyr_top_api::ETIResult setAcmRlpControl(zyr_top_api::AcmRlpControl control) override
     {

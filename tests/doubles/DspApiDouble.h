@@ -7,6 +7,8 @@
 #include "IDspApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -15,12 +17,10 @@ namespace zyr_test
 class DspApiDouble : public IDspApi, public Recorder
 {
   public:
-    DspApiDouble(Transcript& transcript, const std::string& name)
-        : Recorder(transcript, name), channelApi(transcript, "IDspChannelApi" + suffixOf(name)),
-          statusApi(transcript, "IDspStatusApi" + suffixOf(name)),
-          controlApi(transcript, "IDspControlApi" + suffixOf(name)),
-          acmApi(transcript, "IDspAcmApi" + suffixOf(name))
-    {}
+    DspApiDouble(Transcript& transcript, const std::string& name);
+    ~DspApiDouble() override;
+    DspApiDouble(const DspApiDouble&) = delete;
+    DspApiDouble& operator=(const DspApiDouble&) = delete;
 
     IDspChannelApi* getDspChannelApi() override { return onGetDspChannelApi.next(); }
     IDspStatusApi* getDspStatusApi() override { return onGetDspStatusApi.next(); }
@@ -36,9 +36,6 @@ class DspApiDouble : public IDspApi, public Recorder
     Answer<IDspStatusApi*> onGetDspStatusApi{&statusApi};
     Answer<IDspControlApi*> onGetDspControlApi{&controlApi};
     Answer<IDspAcmApi*> onGetAcmApi{&acmApi};
-
-  private:
-    static std::string suffixOf(const std::string& name) { return name.substr(name.find('_')); }
 };
 
 } // namespace zyr_test

@@ -4,6 +4,8 @@
 #include "IDspChannelApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class DspChannelApiDouble : public IDspChannelApi, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    DspChannelApiDouble(Transcript& transcript, std::string name);
+    ~DspChannelApiDouble() override;
+    DspChannelApiDouble(const DspChannelApiDouble&) = delete;
+    DspChannelApiDouble& operator=(const DspChannelApiDouble&) = delete;
 
     bool isConfigured() override
     {

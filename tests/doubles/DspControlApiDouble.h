@@ -4,6 +4,8 @@
 #include "IDspControlApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class DspControlApiDouble : public IDspControlApi, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    DspControlApiDouble(Transcript& transcript, std::string name);
+    ~DspControlApiDouble() override;
+    DspControlApiDouble(const DspControlApiDouble&) = delete;
+    DspControlApiDouble& operator=(const DspControlApiDouble&) = delete;
 
     bool isCarrierAggregationActive() override
     {

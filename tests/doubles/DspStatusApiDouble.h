@@ -4,6 +4,8 @@
 #include "IDspStatusApi.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class DspStatusApiDouble : public IDspStatusApi, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    DspStatusApiDouble(Transcript& transcript, std::string name);
+    ~DspStatusApiDouble() override;
+    DspStatusApiDouble(const DspStatusApiDouble&) = delete;
+    DspStatusApiDouble& operator=(const DspStatusApiDouble&) = delete;
 
     bool isLinkUp() override
     {

@@ -4,6 +4,8 @@
 #include "IFrequencyController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class FrequencyControllerDouble : public IFrequencyController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    FrequencyControllerDouble(Transcript& transcript, std::string name);
+    ~FrequencyControllerDouble() override;
+    FrequencyControllerDouble(const FrequencyControllerDouble&) = delete;
+    FrequencyControllerDouble& operator=(const FrequencyControllerDouble&) = delete;
 
     EFCResult setTxFrequency(unsigned frequency_kHz, int last) override
     {

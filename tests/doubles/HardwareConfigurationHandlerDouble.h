@@ -4,6 +4,8 @@
 #include "IHardwareConfigurationHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class HardwareConfigurationHandlerDouble : public IHardwareConfigurationHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    HardwareConfigurationHandlerDouble(Transcript& transcript, std::string name);
+    ~HardwareConfigurationHandlerDouble() override;
+    HardwareConfigurationHandlerDouble(const HardwareConfigurationHandlerDouble&) = delete;
+    HardwareConfigurationHandlerDouble& operator=(const HardwareConfigurationHandlerDouble&) = delete;
 
     bool isMimoCapable(unsigned radioFrameId) override
     {

@@ -4,6 +4,8 @@
 #include "IIfLoopDriver.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class IfLoopDriverDouble : public IIfLoopDriver, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    IfLoopDriverDouble(Transcript& transcript, std::string name);
+    ~IfLoopDriverDouble() override;
+    IfLoopDriverDouble(const IfLoopDriverDouble&) = delete;
+    IfLoopDriverDouble& operator=(const IfLoopDriverDouble&) = delete;
 
     int getIfLoop(unsigned char& ifLoop) override
     {

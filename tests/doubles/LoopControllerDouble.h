@@ -4,6 +4,8 @@
 #include "ILoopController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class LoopControllerDouble : public nord::zyr::loops::ILoopController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    LoopControllerDouble(Transcript& transcript, std::string name);
+    ~LoopControllerDouble() override;
+    LoopControllerDouble(const LoopControllerDouble&) = delete;
+    LoopControllerDouble& operator=(const LoopControllerDouble&) = delete;
 
     ResultCode getLoops(std::vector<zyr_top_api::LoopStatePair>& loops) override
     {

@@ -4,6 +4,8 @@
 #include "IMimoController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class MimoControllerDouble : public IMimoController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    MimoControllerDouble(Transcript& transcript, std::string name);
+    ~MimoControllerDouble() override;
+    MimoControllerDouble(const MimoControllerDouble&) = delete;
+    MimoControllerDouble& operator=(const MimoControllerDouble&) = delete;
 
     zyr_top_api::ETIResult setLinkType(zyr_top_api::LinkType linkType) override
     {

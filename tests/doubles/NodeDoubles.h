@@ -40,31 +40,10 @@ namespace zyr_test
 /// The doubles of one radio channel, under their names.
 struct ChannelDoubles
 {
-    ChannelDoubles(Transcript& transcript, const std::string& channel)
-        : acmHandler(transcript, "IAcmHandler_" + channel),
-          atpcController(transcript, "IAtpcController_" + channel),
-          basebandSdcController(transcript, "IBasebandSdcController_" + channel),
-          capabilityHandler(transcript, "ICapabilityHandler_" + channel),
-          ccdpController(transcript, "ICcdpController_" + channel), dspApi(transcript, "IDspApi_" + channel),
-          frequencyController(transcript, "IFrequencyController_" + channel),
-          ifLoopDriver(transcript, "IIfLoopDriver_" + channel),
-          mimoController(transcript, "IMimoController_" + channel),
-          outputPowerCalculator(transcript, "IOutputPowerCalculator_" + channel),
-          outputPowerController(transcript, "IOutputPowerController_" + channel),
-          ppsController(transcript, "IPpsController" + channel),
-          radioCapability(transcript, "IRadioCapability_" + channel), radio(transcript, "IRadio_" + channel),
-          rauHandler(transcript, "IRauHandler_" + channel),
-          rauLatencyCalculator(transcript, "IRauLatencyCalculator_" + channel),
-          rssiHandler(transcript, "IRssiHandler_" + channel),
-          spaceDiversityCombinerController(transcript, "ISpaceDiversityCombinerController_" + channel),
-          spcSimulator(transcript, "ISpcSimulator_" + channel),
-          spectrumDiagnosticsController(transcript, "ISpectrumDiagnosticsController_" + channel),
-          systemPowerController(transcript, "ISystemPowerController_" + channel),
-          tapsController(transcript, "ITapsController_" + channel),
-          tapsControllerLog(transcript, "ITapsControllerLog_" + channel),
-          txIqImbalanceHandler(transcript, "ITxIQImbalanceHandler_" + channel),
-          rleHandler(transcript, "IZyrRleHandler_" + channel)
-    {}
+    ChannelDoubles(Transcript& transcript, const std::string& channel);
+    ~ChannelDoubles();
+    ChannelDoubles(const ChannelDoubles&) = delete;
+    ChannelDoubles& operator=(const ChannelDoubles&) = delete;
 
     /// Calls the function with each double.
     template <class Function>
@@ -108,14 +87,10 @@ struct ChannelDoubles
 /// Doubles of all collaborators of a node with two channels.
 struct NodeDoubles
 {
-    explicit NodeDoubles(Transcript& transcript)
-        : alarmHandler(transcript, "IAlarmHandlerTopApi"),
-          hardwareConfigurationHandler(transcript, "IHardwareConfigurationHandler"),
-          loopController(transcript, "ILoopController"),
-          outputPowerHandler(transcript, "IOutputPowerHandler.1"),
-          recoveryController(transcript, "RecoveryController"), routeUpdater(transcript, "IRouteUpdater"),
-          channel1(transcript, "1"), channel2(transcript, "2")
-    {}
+    explicit NodeDoubles(Transcript& transcript);
+    ~NodeDoubles();
+    NodeDoubles(const NodeDoubles&) = delete;
+    NodeDoubles& operator=(const NodeDoubles&) = delete;
 
     /// Calls the function with each double of the node and of its first channels.
     template <class Function>

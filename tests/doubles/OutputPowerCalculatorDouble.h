@@ -4,6 +4,8 @@
 #include "IOutputPowerCalculator.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class OutputPowerCalculatorDouble : public IOutputPowerCalculator, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    OutputPowerCalculatorDouble(Transcript& transcript, std::string name);
+    ~OutputPowerCalculatorDouble() override;
+    OutputPowerCalculatorDouble(const OutputPowerCalculatorDouble&) = delete;
+    OutputPowerCalculatorDouble& operator=(const OutputPowerCalculatorDouble&) = delete;
 
     ESPCResult setPowerCutBack(unsigned availableMaxPowerCutback) override
     {

@@ -4,6 +4,8 @@
 #include "IOutputPowerController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class OutputPowerControllerDouble : public IOutputPowerController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    OutputPowerControllerDouble(Transcript& transcript, std::string name);
+    ~OutputPowerControllerDouble() override;
+    OutputPowerControllerDouble(const OutputPowerControllerDouble&) = delete;
+    OutputPowerControllerDouble& operator=(const OutputPowerControllerDouble&) = delete;
 
     zyr_top_api::ETxPowerActualStatus getTxStatus() override
     {

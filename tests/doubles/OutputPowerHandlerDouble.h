@@ -4,6 +4,8 @@
 #include "IOutputPowerHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class OutputPowerHandlerDouble : public IOutputPowerHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    OutputPowerHandlerDouble(Transcript& transcript, std::string name);
+    ~OutputPowerHandlerDouble() override;
+    OutputPowerHandlerDouble(const OutputPowerHandlerDouble&) = delete;
+    OutputPowerHandlerDouble& operator=(const OutputPowerHandlerDouble&) = delete;
 
     zyr_top_api::ETIResult getReducedGain(unsigned amplifier, std::int32_t& gain) override
     {

@@ -4,6 +4,8 @@
 #include "IPpsController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class PpsControllerDouble : public nord::zyr::pps::IPpsController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    PpsControllerDouble(Transcript& transcript, std::string name);
+    ~PpsControllerDouble() override;
+    PpsControllerDouble(const PpsControllerDouble&) = delete;
+    PpsControllerDouble& operator=(const PpsControllerDouble&) = delete;
 
     zyr_top_api::ETIResult configureRole(bool ppsSlave, zyr_top_api::PpsOutputMode outputMode) override
     {

@@ -4,6 +4,8 @@
 #include "IRadioCapability.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class RadioCapabilityDouble : public IRadioCapability, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RadioCapabilityDouble(Transcript& transcript, std::string name);
+    ~RadioCapabilityDouble() override;
+    RadioCapabilityDouble(const RadioCapabilityDouble&) = delete;
+    RadioCapabilityDouble& operator=(const RadioCapabilityDouble&) = delete;
 
     zyr_top_api::FrequencyCapability getFrequencyCapability() override
     {

@@ -4,6 +4,8 @@
 #include "IRadio.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class RadioDouble : public IRadio, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RadioDouble(Transcript& transcript, std::string name);
+    ~RadioDouble() override;
+    RadioDouble(const RadioDouble&) = delete;
+    RadioDouble& operator=(const RadioDouble&) = delete;
 
     bool isAvailable() override
     {

@@ -4,6 +4,8 @@
 #include "IRauHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class RauHandlerDouble : public IRauHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RauHandlerDouble(Transcript& transcript, std::string name);
+    ~RauHandlerDouble() override;
+    RauHandlerDouble(const RauHandlerDouble&) = delete;
+    RauHandlerDouble& operator=(const RauHandlerDouble&) = delete;
 
     bool isAvailable() override
     {

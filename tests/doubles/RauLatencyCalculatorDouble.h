@@ -4,6 +4,8 @@
 #include "IRauLatencyCalculator.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -12,7 +14,10 @@ namespace zyr_test
 class RauLatencyCalculatorDouble : public IRauLatencyCalculator, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RauLatencyCalculatorDouble(Transcript& transcript, std::string name);
+    ~RauLatencyCalculatorDouble() override;
+    RauLatencyCalculatorDouble(const RauLatencyCalculatorDouble&) = delete;
+    RauLatencyCalculatorDouble& operator=(const RauLatencyCalculatorDouble&) = delete;
 
     zyr_top_api::ETIResult getCurrentLatency(bool& first, bool& isValid, std::uint32_t& third,
                                              std::uint32_t& latency) override

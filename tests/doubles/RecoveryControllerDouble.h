@@ -5,6 +5,8 @@
 #include "Recorder.h"
 #include "RecoveryController.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -14,7 +16,10 @@ class RecoveryControllerDouble : public IInterface,
                                  public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RecoveryControllerDouble(Transcript& transcript, std::string name);
+    ~RecoveryControllerDouble() override;
+    RecoveryControllerDouble(const RecoveryControllerDouble&) = delete;
+    RecoveryControllerDouble& operator=(const RecoveryControllerDouble&) = delete;
 
     zyr_top_api::ETIResult startDspRecovery(zyr_top_api::Recover recover) override
     {

@@ -4,6 +4,8 @@
 #include "IRouteUpdater.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class RouteUpdaterDouble : public IRouteUpdater, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RouteUpdaterDouble(Transcript& transcript, std::string name);
+    ~RouteUpdaterDouble() override;
+    RouteUpdaterDouble(const RouteUpdaterDouble&) = delete;
+    RouteUpdaterDouble& operator=(const RouteUpdaterDouble&) = delete;
 
     zyr_top_api::ETIResult updateRoute(std::map<std::uint32_t, std::uint32_t> routes,
                                        zyr_top_api::RouteType routeType) override

@@ -4,6 +4,8 @@
 #include "IRssiHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class RssiHandlerDouble : public IRssiHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    RssiHandlerDouble(Transcript& transcript, std::string name);
+    ~RssiHandlerDouble() override;
+    RssiHandlerDouble(const RssiHandlerDouble&) = delete;
+    RssiHandlerDouble& operator=(const RssiHandlerDouble&) = delete;
 
     ERSSIResult calculateRssiThreshold(unsigned phyMode, int& threshold) override
     {

@@ -4,6 +4,7 @@
 #include "ISpaceDiversityCombinerController.h"
 #include "Recorder.h"
 
+#include <string>
 #include <variant>
 
 namespace zyr_test
@@ -13,7 +14,10 @@ namespace zyr_test
 class SpaceDiversityCombinerControllerDouble : public ISpaceDiversityCombinerController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    SpaceDiversityCombinerControllerDouble(Transcript& transcript, std::string name);
+    ~SpaceDiversityCombinerControllerDouble() override;
+    SpaceDiversityCombinerControllerDouble(const SpaceDiversityCombinerControllerDouble&) = delete;
+    SpaceDiversityCombinerControllerDouble& operator=(const SpaceDiversityCombinerControllerDouble&) = delete;
 
     void reservedOperation() override { record("reservedOperation"); }
 

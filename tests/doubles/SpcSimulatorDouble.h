@@ -4,6 +4,8 @@
 #include "ISpcSimulator.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class SpcSimulatorDouble : public ISpcSimulator, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    SpcSimulatorDouble(Transcript& transcript, std::string name);
+    ~SpcSimulatorDouble() override;
+    SpcSimulatorDouble(const SpcSimulatorDouble&) = delete;
+    SpcSimulatorDouble& operator=(const SpcSimulatorDouble&) = delete;
 
     ESPCResult simulate(unsigned mode, int min, int max, double start, double step) override
     {

@@ -5,6 +5,7 @@
 #include "Recorder.h"
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace zyr_test
@@ -14,7 +15,10 @@ namespace zyr_test
 class SpectrumDiagnosticsControllerDouble : public ISpectrumDiagnosticsController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    SpectrumDiagnosticsControllerDouble(Transcript& transcript, std::string name);
+    ~SpectrumDiagnosticsControllerDouble() override;
+    SpectrumDiagnosticsControllerDouble(const SpectrumDiagnosticsControllerDouble&) = delete;
+    SpectrumDiagnosticsControllerDouble& operator=(const SpectrumDiagnosticsControllerDouble&) = delete;
 
     zyr_top_api::ETIResult scanControl(unsigned mode, unsigned dmSleep) override
     {

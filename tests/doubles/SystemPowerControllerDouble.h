@@ -4,6 +4,8 @@
 #include "ISystemPowerController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class SystemPowerControllerDouble : public ISystemPowerController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    SystemPowerControllerDouble(Transcript& transcript, std::string name);
+    ~SystemPowerControllerDouble() override;
+    SystemPowerControllerDouble(const SystemPowerControllerDouble&) = delete;
+    SystemPowerControllerDouble& operator=(const SystemPowerControllerDouble&) = delete;
 
     bool isConfigurationBypassed() override
     {

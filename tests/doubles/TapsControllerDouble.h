@@ -4,6 +4,8 @@
 #include "ITapsController.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class TapsControllerDouble : public ITapsController, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    TapsControllerDouble(Transcript& transcript, std::string name);
+    ~TapsControllerDouble() override;
+    TapsControllerDouble(const TapsControllerDouble&) = delete;
+    TapsControllerDouble& operator=(const TapsControllerDouble&) = delete;
 
     ESPCResult setTapsEnable(bool enable) override
     {

@@ -4,6 +4,8 @@
 #include "ITapsControllerLog.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class TapsControllerLogDouble : public ITapsControllerLog, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    TapsControllerLogDouble(Transcript& transcript, std::string name);
+    ~TapsControllerLogDouble() override;
+    TapsControllerLogDouble(const TapsControllerLogDouble&) = delete;
+    TapsControllerLogDouble& operator=(const TapsControllerLogDouble&) = delete;
 
     ESPCResult startLog() override
     {

@@ -4,6 +4,8 @@
 #include "ITxIQImbalanceHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class TxIQImbalanceHandlerDouble : public ITxIQImbalanceHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    TxIQImbalanceHandlerDouble(Transcript& transcript, std::string name);
+    ~TxIQImbalanceHandlerDouble() override;
+    TxIQImbalanceHandlerDouble(const TxIQImbalanceHandlerDouble&) = delete;
+    TxIQImbalanceHandlerDouble& operator=(const TxIQImbalanceHandlerDouble&) = delete;
 
     EFHResult OnTxFrequencyChanged(unsigned frequency_kHz) override
     {

@@ -4,6 +4,8 @@
 #include "IZyrRleHandler.h"
 #include "Recorder.h"
 
+#include <string>
+
 namespace zyr_test
 {
 
@@ -11,7 +13,10 @@ namespace zyr_test
 class ZyrRleHandlerDouble : public zyr::IZyrRleHandler, public Recorder
 {
   public:
-    using Recorder::Recorder;
+    ZyrRleHandlerDouble(Transcript& transcript, std::string name);
+    ~ZyrRleHandlerDouble() override;
+    ZyrRleHandlerDouble(const ZyrRleHandlerDouble&) = delete;
+    ZyrRleHandlerDouble& operator=(const ZyrRleHandlerDouble&) = delete;
 
     std::int32_t getRleStatus() override
     {
