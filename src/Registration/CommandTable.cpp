@@ -58,10 +58,24 @@ void run(void* implementation, Exchange& exchange)
     }
 }
 
+template <class Class>
+void declaredTogether(std::string (Class::*printResponse)() const,
+                      void (Class::*print)(zyr_top_api::TextWriter&) const); // only looked at
+
+// The frame prints with `print` and all others with `printResponse`: a response that declares one of the two
+// and inherits the other would tell the same outcome in two ways.
+template <class Response>
+concept PrintsInOneWay = requires
+{
+    declaredTogether(&Response::printResponse, &Response::print);
+};
+
 template <class XImpl>
 constexpr CommandEntry entryOf()
 {
     using Notes = Description<XImpl>;
+    static_assert(PrintsInOneWay<typename XImpl::Response>,
+                  "the response declares only one of `printResponse` and `print`");
     static_assert(memberCount<typename XImpl::Command>() == Notes::request.size(),
                   "a field of the command's record is not described");
     constexpr const zyr_top_api::CommandIdentity& identity = XImpl::identity;

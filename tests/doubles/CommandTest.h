@@ -9,6 +9,7 @@
 #include "ServiceInForce.h"
 #include "StartUpState.h"
 #include "TextWriter.h"
+#include "ToldFaults.h"
 #include "TraceService.h"
 #include "Transcript.h"
 #include "VirtualTime.h"
@@ -148,9 +149,11 @@ class CommandTest : public ::testing::Test
         return response;
     }
 
-    /// The outcome of a response in one line, as `tell` writes it.
+    /// The outcome of a response in one line, as `tell` writes it. Tests look at outcomes in no other way, so
+    /// that each fault is compared with the command's description at the end of the run.
     static std::string outcome(const zyr_top_api::BaseResponse& response)
     {
+        ToldFaults::get().add(response);
         char number[16];
         std::snprintf(number, sizeof number, "0x%X", static_cast<unsigned>(response.tiResult));
         return "result " + std::string(number) + " " + std::to_string(response.faultCode) + " \"" +

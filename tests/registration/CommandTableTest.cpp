@@ -1,4 +1,5 @@
 #include "CommandEntry.h"
+#include "CommandList.h"
 #include "CommandRows.h"
 #include "CommandTest.h"
 
@@ -30,14 +31,35 @@ class DefaultCall : public zyr_registration::Exchange
 {
   public:
     void fill(void*) const override {}
-    void take(const BaseResponse& response, const void*) override { outcome = response; }
+    void take(const BaseResponse& response, const void*) override
+    {
+        outcome = response;
+        printed = response.printResponse();
+    }
 
     BaseResponse outcome{zyr_top_api::eTI_E_FAILED, "not called"};
+    std::string printed; // the response as it prints itself
 };
 
 // What no command is.
 struct Stranger
 {};
+
+// A response prints the same by both of its ways, faultless and failed.
+template <class Response>
+void expectOnePrint()
+{
+    Response response;
+    EXPECT_EQ(response.printResponse(), zyr_top_api::printed(response));
+    setResult(response, zyr_top_api::eTI_E_FAILED, "why");
+    EXPECT_EQ(response.printResponse(), zyr_top_api::printed(response));
+}
+
+template <class... XImpl>
+void expectOnePrintOfEach(zyr_registration::TypeList<XImpl...>)
+{
+    (expectOnePrint<typename XImpl::Response>(), ...);
+}
 
 class CommandTableTest : public zyr_test::CommandTest
 {
@@ -49,7 +71,16 @@ class CommandTableTest : public zyr_test::CommandTest
         transcript.clear();
         DefaultCall call;
         command.run(nullptr, call);
+        printed = call.printed;
         return call.outcome;
+    }
+
+    // The line in which the frame shows the response of the last dispatch, if it prints it as the response
+    // prints itself.
+    std::string responseLine(const CommandRow& row) const
+    {
+        return zyr_test::escaped(std::string("5 ZYR.COMM: ") + row.wireName + " Response: " + printed +
+                                 "\n----------------------------------------------------\n");
     }
 
     // Calls the function for each dispatched command and its row.
@@ -63,6 +94,8 @@ class CommandTableTest : public zyr_test::CommandTest
             }
         }
     }
+
+    std::string printed; // by the response of the last dispatch
 };
 
 TEST_F(CommandTableTest, EveryCommandHasItsNames)
@@ -116,8 +149,7 @@ TEST_F(CommandTableTest, UnregisteredCommandSucceedsSilently)
             lines.end())
             << transcript.text();
         EXPECT_EQ(lines[lines.size() - 2], std::string("6 ZYR.ZyrTopApi: Return ") + row.responseLabel);
-        EXPECT_TRUE(lines.back().starts_with(std::string("5 ZYR.COMM: ") + row.wireName + " Response: "))
-            << lines.back();
+        EXPECT_EQ(lines.back(), responseLine(row));
     });
 }
 
@@ -136,7 +168,13 @@ TEST_F(CommandTableTest, EntryOfAnotherTypeFailsTheCast)
                                          row.wireName),
             lines.end())
             << transcript.text();
+        EXPECT_EQ(lines.back(), responseLine(row));
     });
+}
+
+TEST_F(CommandTableTest, EveryResponsePrintsItselfInOneWay)
+{
+    expectOnePrintOfEach(zyr_registration::CommandList());
 }
 
 TEST_F(CommandTableTest, ClosedGateRefusesTheGatedCommandsAlone)
