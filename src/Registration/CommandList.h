@@ -2,13 +2,21 @@
 
 #include "CiGetEventsDescription.h"
 #include "CiGetFastEventsDescription.h"
+#include "CiManageLoopsDescription.h"
 #include "CiReleaseFastEventsRequestsDescription.h"
+#include "CriDisableModulationDescription.h"
 #include "CriEnableAcmDescription.h"
+#include "CriGetAcmModeDescription.h"
 #include "CriGetAirInterfaceCapabilityDescription.h"
 #include "CriGetRadioChannelCapabilityDescription.h"
 #include "CriGetRadioChannelStatusDescription.h"
+#include "CriSetAcmModeDescription.h"
+#include "CriSetAcmRlpControlDescription.h"
+#include "CriSetBoosterPresenceDescription.h"
+#include "CriSetFarEndPmaxCapabilityDescription.h"
 #include "CriSetRadioChannelNearEndDescription.h"
 #include "CriSetRfPowerDescription.h"
+#include "TiGetAcmThresholdsDescription.h"
 #include "TiGetAllCommandsDataDescription.h"
 #include "TiGetEventsDescription.h"
 #include "TiManageRadioChannelStatusDescription.h"
@@ -27,13 +35,21 @@ struct TypeList
 using CommandList = TypeList<
     zyr_top_api::CiGetEventsImpl,
     zyr_top_api::CiGetFastEventsImpl,
+    zyr_top_api::CiManageLoopsImpl,
     zyr_top_api::CiReleaseFastEventsRequestsImpl,
+    zyr_top_api::CriDisableModulationImpl,
     zyr_top_api::CriEnableAcmImpl,
+    zyr_top_api::CriGetAcmModeImpl,
     zyr_top_api::CriGetAirInterfaceCapabilityImpl,
     zyr_top_api::CriGetRadioChannelCapabilityImpl,
     zyr_top_api::CriGetRadioChannelStatusImpl,
+    zyr_top_api::CriSetAcmModeImpl,
+    zyr_top_api::CriSetAcmRlpControlImpl,
+    zyr_top_api::CriSetBoosterPresenceImpl,
+    zyr_top_api::CriSetFarEndPmaxCapabilityImpl,
     zyr_top_api::CriSetRfPowerImpl,
     zyr_top_api::CriSetRadioChannelNearEndImpl,
+    zyr_top_api::TiGetAcmThresholdsImpl,
     zyr_top_api::TiGetAllCommandsDataImpl,
     zyr_top_api::TiGetEventsImpl,
     zyr_top_api::TiManageRadioChannelStatusImpl,
