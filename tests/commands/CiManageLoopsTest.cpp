@@ -104,7 +104,7 @@ ILoopController.setLoop("IF_1", true)
 3 ZYR.TI.CiManageLoops: Loop IF_1 set to closed
 ILoopController.setLoop("Audio", true)
 1 ZYR.TI.CiManageLoops: Loop Audio is not supported
-result 0xA000 3 "Loop Audio is not supported"
+result 0xA002 3 "Loop Audio is not supported"
 prints tiResult: eTI_E_PARAMETER_INVALID, faultCode: 3, faultString: Loop Audio is not supported
 )");
     EXPECT_TRUE(response.loops.empty());
@@ -118,7 +118,7 @@ TEST_F(CiManageLoopsTest, UnknownLoopReadsTheSameWhenItWasToOpen)
     EXPECT_EQ(transcript.text(), R"(
 ILoopController.setLoop("Audio", false)
 1 ZYR.TI.CiManageLoops: Loop Audio is not supported
-result 0xA000 3 "Loop Audio is not supported"
+result 0xA002 3 "Loop Audio is not supported"
 prints tiResult: eTI_E_PARAMETER_INVALID, faultCode: 3, faultString: Loop Audio is not supported
 )");
 }
@@ -206,7 +206,7 @@ TEST_F(CiManageLoopsTest, NothingIsKeptBetweenCalls)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     loopController.onSetLoop.inTurn({0x8008, 0});
-    EXPECT_EQ(impl.execute({{{"IF_1", true}}}).tiResult, 0xA000);
+    EXPECT_EQ(impl.execute({{{"IF_1", true}}}).tiResult, 0xA002);
     EXPECT_EQ(impl.execute({{{"IF_1", true}}}).tiResult, 0);
 }
 

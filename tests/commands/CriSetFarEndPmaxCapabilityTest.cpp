@@ -119,7 +119,7 @@ TEST_F(CriSetFarEndPmaxCapabilityTest, OneUndefinedPairRefusesTheWholeCommand)
     tell(impl.execute({1, {{ModulationAndCoding::QAM_16, 11}, {ModulationAndCoding::UNDEFINED, 12}}}));
     EXPECT_EQ(transcript.text(), R"(
 3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 1, Modulation-maxRFOutputPowerFarEnd:\n[16QAM, 11]\n[UNDEFINED, 12]\n
-result 0xA000 3 "maxRfOutputPowerFarEnd array is invalid"
+result 0xA002 3 "maxRfOutputPowerFarEnd array is invalid"
 prints StandardResponse Sent\n
 )");
 }
@@ -132,7 +132,7 @@ TEST_F(CriSetFarEndPmaxCapabilityTest, ModulationThatIsNotInTheTableRefusesTheWh
         tell(impl.execute({2, {{static_cast<ModulationAndCoding>(number), -5}}}));
         EXPECT_EQ(transcript.text(), R"(
 3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 2, Modulation-maxRFOutputPowerFarEnd:\n[UNDEFINED, -5]\n
-result 0xA000 3 "maxRfOutputPowerFarEnd array is invalid"
+result 0xA002 3 "maxRfOutputPowerFarEnd array is invalid"
 prints StandardResponse Sent\n
 )") << number;
     }
@@ -308,7 +308,7 @@ TEST_F(CriSetFarEndPmaxCapabilityTest, Channel0HasItsArrayCheckedAndReachesNoHan
     EXPECT_THROW(impl.execute({0, {}}), std::out_of_range);
     EXPECT_EQ(transcript.text(), R"(
 3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 0, Modulation-maxRFOutputPowerFarEnd:\n[UNDEFINED, 7]\n
-result 0xA000 3 "maxRfOutputPowerFarEnd array is invalid"
+result 0xA002 3 "maxRfOutputPowerFarEnd array is invalid"
 prints StandardResponse Sent\n
 3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 0, Modulation-maxRFOutputPowerFarEnd:\n
 3 ZYR.TI.CriSetFarEndPmaxCapability: capabilities.size() : 0
