@@ -8,14 +8,25 @@
 #include "CriEnableAcmDescription.h"
 #include "CriGetAcmModeDescription.h"
 #include "CriGetAirInterfaceCapabilityDescription.h"
+#include "CriGetIsRau2T2RDescription.h"
 #include "CriGetRadioChannelCapabilityDescription.h"
 #include "CriGetRadioChannelStatusDescription.h"
+#include "CriGetRauPowerModeDescription.h"
+#include "CriGetRauPowerSuppliedDescription.h"
+#include "CriRestartRadioDescription.h"
 #include "CriSetAcmModeDescription.h"
 #include "CriSetAcmRlpControlDescription.h"
+#include "CriSetActiveSubBandDescription.h"
 #include "CriSetBoosterPresenceDescription.h"
 #include "CriSetFarEndPmaxCapabilityDescription.h"
 #include "CriSetRadioChannelNearEndDescription.h"
+#include "CriSetRauCarrierAggregationDescription.h"
+#include "CriSetRauPowerModeDescription.h"
+#include "CriSetRauPowerSuppliedDescription.h"
 #include "CriSetRfPowerDescription.h"
+#include "CriSetRoutingDescription.h"
+#include "CriStartRecoveryDescription.h"
+#include "CriWarmInitCompletedDescription.h"
 #include "TiGetAcmThresholdsDescription.h"
 #include "TiGetAllCommandsDataDescription.h"
 #include "TiGetEventsDescription.h"
@@ -37,18 +48,29 @@ using CommandList = TypeList<
     zyr_top_api::CiGetFastEventsImpl,
     zyr_top_api::CiManageLoopsImpl,
     zyr_top_api::CiReleaseFastEventsRequestsImpl,
+    zyr_top_api::CriGetIsRau2T2RImpl,
+    zyr_top_api::CriGetRauPowerModeImpl,
+    zyr_top_api::CriSetRauPowerModeImpl,
     zyr_top_api::CriDisableModulationImpl,
     zyr_top_api::CriEnableAcmImpl,
     zyr_top_api::CriGetAcmModeImpl,
     zyr_top_api::CriGetAirInterfaceCapabilityImpl,
     zyr_top_api::CriGetRadioChannelCapabilityImpl,
     zyr_top_api::CriGetRadioChannelStatusImpl,
+    zyr_top_api::CriGetRauPowerSuppliedImpl,
+    zyr_top_api::CriRestartRadioImpl,
     zyr_top_api::CriSetAcmModeImpl,
     zyr_top_api::CriSetAcmRlpControlImpl,
+    zyr_top_api::CriSetActiveSubBandImpl,
     zyr_top_api::CriSetBoosterPresenceImpl,
     zyr_top_api::CriSetFarEndPmaxCapabilityImpl,
     zyr_top_api::CriSetRfPowerImpl,
     zyr_top_api::CriSetRadioChannelNearEndImpl,
+    zyr_top_api::CriSetRauCarrierAggregationImpl,
+    zyr_top_api::CriSetRauPowerSuppliedImpl,
+    zyr_top_api::CriSetRoutingImpl,
+    zyr_top_api::CriStartRecoveryImpl,
+    zyr_top_api::CriWarmInitCompletedImpl,
     zyr_top_api::TiGetAcmThresholdsImpl,
     zyr_top_api::TiGetAllCommandsDataImpl,
     zyr_top_api::TiGetEventsImpl,

@@ -6,7 +6,12 @@
 #include "CriEnableAcmImpl.h"
 #include "CriGetAirInterfaceCapabilityImpl.h"
 #include "CriGetRadioChannelStatusImpl.h"
+#include "CriGetRauPowerSuppliedImpl.h"
+#include "CriSetActiveSubBandImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
+#include "CriSetRauCarrierAggregationImpl.h"
+#include "CriSetRauPowerModeImpl.h"
+#include "CriSetRauPowerSuppliedImpl.h"
 #include "CriSetRfPowerImpl.h"
 #include "TiGetEventsImpl.h"
 #include "TiManageRadioChannelStatusImpl.h"
@@ -34,7 +39,9 @@ class CollaboratorOfChannelTest : public zyr_test::CommandTest
 
 using CommandsOfAChannel =
     testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
-                   CriSetRadioChannelNearEndImpl, CriSetRfPowerImpl, TiManageRadioChannelStatusImpl>;
+                   CriGetRauPowerSuppliedImpl, CriSetActiveSubBandImpl, CriSetRadioChannelNearEndImpl,
+                   CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl,
+                   TiManageRadioChannelStatusImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
@@ -61,6 +68,7 @@ TEST_F(NodeWideCollaboratorTest, ThrowsIfItWasNeverFound)
     EXPECT_THROW(CiGetEventsImpl().execute({}), std::out_of_range);
     EXPECT_THROW(CiGetFastEventsImpl().execute({}), std::out_of_range);
     EXPECT_THROW(CiReleaseFastEventsRequestsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(CriSetRauCarrierAggregationImpl().execute({}), std::out_of_range);
     EXPECT_THROW(TiGetEventsImpl().execute({}), std::out_of_range);
     EXPECT_THROW(TiSetEventsImpl().execute({}), std::out_of_range);
 }

@@ -21,10 +21,12 @@ class ZYR_EXPORT IRauHandler : public IRadio
     /// 0. Called by `CriSetRadioChannelNearEnd`.
     virtual zyr_top_api::ERAUHResult setTxIfSwitch2T2R(unsigned mode, unsigned channelIndex) = 0;
 
-    /// Sets the power mode of a transmitter. Called by `CriSetRauPowerMode`.
+    /// Sets the power mode of the transceivers that `mode` names. Called by `CriSetRauPowerMode`, also with a
+    /// mode that is none of theirs.
     virtual zyr_top_api::ERAUHResult setPowerMode(zyr_top_api::RauPowerMode mode) = 0;
 
-    /// Gives the power mode of a transmitter. Called by `CriGetRauPowerMode`.
+    /// Gives the power mode of the transceivers that `trxId` names, as in `RauPowerMode`. Called by
+    /// `CriGetRauPowerMode`.
     virtual zyr_top_api::ERAUHResult getPowerMode(unsigned char trxId, unsigned char& powerMode) = 0;
 
     /// Whether the unit has two transmitters and two receivers. Called by `CriGetIsRau2T2R`.
