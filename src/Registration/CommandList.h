@@ -13,10 +13,16 @@
 #include "CriGetRadioChannelStatusDescription.h"
 #include "CriGetRauPowerModeDescription.h"
 #include "CriGetRauPowerSuppliedDescription.h"
+#include "CriGetSdcStatusDescription.h"
 #include "CriRestartRadioDescription.h"
 #include "CriSetAcmModeDescription.h"
 #include "CriSetAcmRlpControlDescription.h"
 #include "CriSetActiveSubBandDescription.h"
+#include "CriSetBasebandSdcChannelDescription.h"
+#include "CriSetBasebandSdcDadeCalibrationDescription.h"
+#include "CriSetBasebandSdcDadeParamsDescription.h"
+#include "CriSetBasebandSdcDadeResetCalibrationDescription.h"
+#include "CriSetBasebandSdcEnableDescription.h"
 #include "CriSetBoosterPresenceDescription.h"
 #include "CriSetFarEndPmaxCapabilityDescription.h"
 #include "CriSetRadioChannelNearEndDescription.h"
@@ -25,6 +31,10 @@
 #include "CriSetRauPowerSuppliedDescription.h"
 #include "CriSetRfPowerDescription.h"
 #include "CriSetRoutingDescription.h"
+#include "CriSetSdcDadeCalibrationDescription.h"
+#include "CriSetSdcEnableDescription.h"
+#include "CriSetSdcPathControlDescription.h"
+#include "CriSetSdcRlConfigurationDescription.h"
 #include "CriStartRecoveryDescription.h"
 #include "CriWarmInitCompletedDescription.h"
 #include "TiGetAcmThresholdsDescription.h"
@@ -50,7 +60,9 @@ using CommandList = TypeList<
     zyr_top_api::CiReleaseFastEventsRequestsImpl,
     zyr_top_api::CriGetIsRau2T2RImpl,
     zyr_top_api::CriGetRauPowerModeImpl,
+    zyr_top_api::CriSetBasebandSdcDadeResetCalibrationImpl,
     zyr_top_api::CriSetRauPowerModeImpl,
+    zyr_top_api::CriSetBasebandSdcDadeCalibrationImpl,
     zyr_top_api::CriDisableModulationImpl,
     zyr_top_api::CriEnableAcmImpl,
     zyr_top_api::CriGetAcmModeImpl,
@@ -58,10 +70,14 @@ using CommandList = TypeList<
     zyr_top_api::CriGetRadioChannelCapabilityImpl,
     zyr_top_api::CriGetRadioChannelStatusImpl,
     zyr_top_api::CriGetRauPowerSuppliedImpl,
+    zyr_top_api::CriGetSdcStatusImpl,
     zyr_top_api::CriRestartRadioImpl,
     zyr_top_api::CriSetAcmModeImpl,
     zyr_top_api::CriSetAcmRlpControlImpl,
     zyr_top_api::CriSetActiveSubBandImpl,
+    zyr_top_api::CriSetBasebandSdcChannelImpl,
+    zyr_top_api::CriSetBasebandSdcDadeParamsImpl,
+    zyr_top_api::CriSetBasebandSdcEnableImpl,
     zyr_top_api::CriSetBoosterPresenceImpl,
     zyr_top_api::CriSetFarEndPmaxCapabilityImpl,
     zyr_top_api::CriSetRfPowerImpl,
@@ -69,6 +85,10 @@ using CommandList = TypeList<
     zyr_top_api::CriSetRauCarrierAggregationImpl,
     zyr_top_api::CriSetRauPowerSuppliedImpl,
     zyr_top_api::CriSetRoutingImpl,
+    zyr_top_api::CriSetSdcDadeCalibrationImpl,
+    zyr_top_api::CriSetSdcEnableImpl,
+    zyr_top_api::CriSetSdcPathControlImpl,
+    zyr_top_api::CriSetSdcRlConfigurationImpl,
     zyr_top_api::CriStartRecoveryImpl,
     zyr_top_api::CriWarmInitCompletedImpl,
     zyr_top_api::TiGetAcmThresholdsImpl,

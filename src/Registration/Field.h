@@ -101,6 +101,15 @@ struct TypeOf<T>
         .kind = Kind::Integer, .range = rangeOf<T>(), .number = numberAccess<T>()};
 };
 
+// A byte travels as a number from 0 to 255, also where `char` has a sign.
+template <>
+struct TypeOf<char>
+{
+    static constexpr ValueType type{.kind = Kind::Integer,
+                                    .range = rangeOf<unsigned char>(),
+                                    .number = numberAccess<unsigned char>()};
+};
+
 template <class T>
 requires kIsChannel<T>
 struct TypeOf<T>

@@ -7,6 +7,7 @@
 #include "CriGetAirInterfaceCapabilityImpl.h"
 #include "CriGetRadioChannelStatusImpl.h"
 #include "CriGetRauPowerSuppliedImpl.h"
+#include "CriGetSdcStatusImpl.h"
 #include "CriSetActiveSubBandImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRauCarrierAggregationImpl.h"
@@ -39,9 +40,9 @@ class CollaboratorOfChannelTest : public zyr_test::CommandTest
 
 using CommandsOfAChannel =
     testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
-                   CriGetRauPowerSuppliedImpl, CriSetActiveSubBandImpl, CriSetRadioChannelNearEndImpl,
-                   CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl,
-                   TiManageRadioChannelStatusImpl>;
+                   CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriSetActiveSubBandImpl,
+                   CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
+                   CriSetRfPowerImpl, TiManageRadioChannelStatusImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
