@@ -105,9 +105,8 @@ struct TypeOf<T>
 template <>
 struct TypeOf<char>
 {
-    static constexpr ValueType type{.kind = Kind::Integer,
-                                    .range = rangeOf<unsigned char>(),
-                                    .number = numberAccess<unsigned char>()};
+    static constexpr ValueType type{
+        .kind = Kind::Integer, .range = rangeOf<unsigned char>(), .number = numberAccess<unsigned char>()};
 };
 
 template <class T>

@@ -345,7 +345,7 @@ Answered& baseband(Controllers& controllers, std::uint32_t channel)
 using zyr_test::BasebandSdcControllerDouble;
 using zyr_test::SpaceDiversityCombinerControllerDouble;
 
-const std::vector<Row> rows = {
+const std::vector<Row> kRows = {
     row<CriSetSdcEnableImpl, &criSetSdcEnable,
         [] {
             return CriSetSdcEnable::Command{1U, true};
@@ -639,8 +639,8 @@ const std::vector<Row> rows = {
     }),
 };
 
-INSTANTIATE_TEST_SUITE_P(, CombinerSetterTest, testing::ValuesIn(rows),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(, CombinerSetterTest, testing::ValuesIn(kRows),
+                         [](const auto& made) { return std::string(made.param.name); });
 
 } // namespace
 } // namespace zyr_top_api

@@ -94,7 +94,7 @@ TEST_F(CriSetSdcRlConfigurationTest, ConstellationIsTakenFromBetweenTheFirstDash
     }
 }
 
-const std::map<std::int32_t, std::int32_t> codes{
+const std::map<std::int32_t, std::int32_t> kCodes{
     {3500, 3},       {5000, 5},       {6000, 6},       {7000, 7},       {10000, 10},   {14000, 14},
     {20000, 20},     {28000, 28},     {30000, 30},     {40000, 40},     {50000, 50},   {56000, 56},
     {60000, 60},     {62000, 62},     {62500, 62},     {80000, 80},     {100000, 100}, {112000, 112},
@@ -105,12 +105,12 @@ const std::map<std::int32_t, std::int32_t> codes{
 
 TEST_F(CriSetSdcRlConfigurationTest, EverySpacingHasItsCodeAndItsNeighboursHaveThatOfNone)
 {
-    EXPECT_EQ(codes.size(), 34U);
-    for (const auto& [spacing, code] : codes) {
+    EXPECT_EQ(kCodes.size(), 34U);
+    for (const auto& [spacing, code] : kCodes) {
         EXPECT_EQ(callFor("16", std::to_string(spacing)), expectedCall(16, code)) << spacing;
         for (const std::int32_t neighbour : {spacing - 1, spacing + 1, spacing * 10, -spacing, code}) {
-            const auto found = codes.find(neighbour);
-            const std::int32_t expected = found == codes.end() ? 3000 : found->second;
+            const auto found = kCodes.find(neighbour);
+            const std::int32_t expected = found == kCodes.end() ? 3000 : found->second;
             EXPECT_EQ(callFor("16", std::to_string(neighbour)), expectedCall(16, expected)) << neighbour;
         }
     }

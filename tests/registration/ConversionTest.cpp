@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <limits>
 #include <string>
 #include <utility>
@@ -156,6 +157,25 @@ TEST(ConversionTest, WhatIsReadIsWrittenAgain)
     Value written = Value::object();
     writeRecord(kFields, &sample, written);
     EXPECT_EQ(written.dump(), soundRequest().dump());
+}
+
+// A record with bytes that a text can't carry.
+struct Bytes
+{
+    char low = '\0';
+    char high = '\0';
+};
+
+TEST(ConversionTest, ByteIsANumberFrom0To255)
+{
+    constexpr std::array fields{field<&Bytes::low>("a byte", {.unit = kNoUnit}),
+                                field<&Bytes::high>("another", {.unit = kNoUnit})};
+    const Bytes bytes{'\x01', '\xFF'};
+    Value written = Value::object();
+    writeRecord(fields, &bytes, written);
+    EXPECT_EQ(written.dump(), R"({"low":1,"high":255})");
+    EXPECT_EQ(kValueType<char>.range.minimum, 0);
+    EXPECT_EQ(kValueType<char>.range.maximum, 255);
 }
 
 TEST(ConversionTest, AbsentOptionalIsAbsentMember)
