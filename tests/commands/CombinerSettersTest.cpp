@@ -15,10 +15,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // The commands that set something at a combiner: one row of texts each, more where a command has branches.
@@ -53,32 +55,41 @@ using Answered = zyr_test::Answer<ETIResult>;
 
 class CombinerSetterTest;
 
-/// "<id>" stands for the channel in all texts.
-struct Row
+/// Texts of a command. "<id>" stands for the channel in all texts.
+struct CommandTexts
 {
-    std::string_view name;
     std::string_view traceChannel;
     std::string_view wireName;
-    std::string_view input;        ///< behind "RadioChannelID: <id>"
-    std::string_view entry;        ///< behind "command.channelId=<id>"
-    std::string_view detail;       ///< line between summary and call, if any
-    std::string_view controller;   ///< its name without channel
-    std::string_view call;         ///< of the controller
+    std::string_view controller; ///< its name without channel
+    std::string_view missing;    ///< fault text without controller
+    std::string_view notFound;   ///< level 1 line of `initialize`, in front of the name
+};
+
+/// What a command does with one record. A trace line of the command is written as '*' and its level.
+struct Branch
+{
+    std::string_view name;
+    std::string_view input = {};  ///< behind "RadioChannelID: <id>"
+    std::string_view entry = {};  ///< behind "command.channelId=<id>"
+    std::string_view detail = {}; ///< trace line in front of the call, if any
+    std::string_view call;        ///< of the controller
+    Answered& (*answer)(Controllers& controllers, std::uint32_t channel);
     std::string_view failedLogged; ///< level 1 line on failure
     std::string_view failed;       ///< fault text on failure
-    std::string_view missing;      ///< fault text without controller
-    std::string_view notFound;     ///< level 1 line of `initialize`, in front of the name
+};
 
-    Answered& (*answer)(Controllers& controllers, std::uint32_t channel);
-    // Made by `row`.
-    Setter (*make)() = nullptr;
-    void (*enrol)(CombinerSetterTest& test) = nullptr;
-    StandardResponse (*dispatch)(std::uint32_t channel) = nullptr;
+struct Row
+{
+    CommandTexts command;
+    Branch branch;
+    std::function<Setter()> make;
+    std::function<void(CombinerSetterTest& test)> enrol;
+    std::function<StandardResponse(std::uint32_t channel)> dispatch;
 };
 
 void PrintTo(const Row& row, std::ostream* out)
 {
-    *out << row.name;
+    *out << row.branch.name;
 }
 
 class CombinerSetterTest : public zyr_test::CommandTest, public testing::WithParamInterface<Row>
@@ -100,7 +111,7 @@ class CombinerSetterTest : public zyr_test::CommandTest, public testing::WithPar
         transcript.clear();
     }
 
-    /// What a test expects: lines that begin with '*' are the command's trace lines.
+    /// What a test expects, with the texts filled in.
     static std::string expected(std::uint32_t channel, const std::vector<std::string>& lines)
     {
         std::string all = "\n";
@@ -109,7 +120,8 @@ class CombinerSetterTest : public zyr_test::CommandTest, public testing::WithPar
                 continue;
             }
             if (line.starts_with('*')) {
-                line = line.substr(1, 1) + " " + std::string(GetParam().traceChannel) + ":" + line.substr(2);
+                line = line.substr(1, 1) + " " + std::string(GetParam().command.traceChannel) + ":" +
+                       line.substr(2);
             }
             for (auto at = line.find("<id>"); at != std::string::npos; at = line.find("<id>")) {
                 line.replace(at, 4, std::to_string(channel));
@@ -119,22 +131,25 @@ class CombinerSetterTest : public zyr_test::CommandTest, public testing::WithPar
         return all;
     }
 
-    static std::string entry() { return "*6 command.channelId=<id>" + std::string(GetParam().entry); }
-    static std::string input() { return "*3 RadioChannelID: <id>" + std::string(GetParam().input) + "\\n"; }
-    static std::string detail() { return std::string(GetParam().detail); }
+    static std::string entry() { return "*6 command.channelId=<id>" + std::string(GetParam().branch.entry); }
+    static std::string input()
+    {
+        return "*3 RadioChannelID: <id>" + std::string(GetParam().branch.input) + "\\n";
+    }
+    static std::string detail() { return std::string(GetParam().branch.detail); }
     static std::string call()
     {
-        return std::string(GetParam().controller) + "_<id>." + std::string(GetParam().call);
+        return std::string(GetParam().command.controller) + "_<id>." + std::string(GetParam().branch.call);
     }
     static std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
     static std::string ownName(std::uint32_t channel)
     {
-        return std::string(GetParam().controller) + "_" + std::to_string(channel);
+        return std::string(GetParam().command.controller) + "_" + std::to_string(channel);
     }
-    Answered& answer(std::uint32_t channel) { return GetParam().answer(controllers, channel); }
+    Answered& answer(std::uint32_t channel) { return GetParam().branch.answer(controllers, channel); }
 
     /// Shows all lines of the command, and no others.
-    static void showAll() { setTraceLevel(GetParam().traceChannel, 7); }
+    static void showAll() { setTraceLevel(GetParam().command.traceChannel, 7); }
 
     Controllers controllers{transcript};
     Setter setter = GetParam().make();
@@ -152,10 +167,10 @@ TEST_P(CombinerSetterTest, ReachesTheControllerOfTheChannelThroughTheFrame)
             transcript.text(),
             expected(
                 channel,
-                {"5 ZYR.COMM: " + std::string(GetParam().wireName) + " Request: RadioChannelID: <id>" +
-                     std::string(GetParam().input) + "\\n",
+                {"5 ZYR.COMM: " + std::string(GetParam().command.wireName) +
+                     " Request: RadioChannelID: <id>" + std::string(GetParam().branch.input) + "\\n",
                  entry(), input(), detail(), call(),
-                 "5 ZYR.COMM: " + std::string(GetParam().wireName) +
+                 "5 ZYR.COMM: " + std::string(GetParam().command.wireName) +
                      R"( Response: StandardResponse Sent\n\n----------------------------------------------------\n)",
                  R"(result 0x0 0 "")", R"(prints StandardResponse Sent\n)"}));
     }
@@ -168,10 +183,10 @@ TEST_P(CombinerSetterTest, ControllersResult0x8000IsAFailureWithItsTexts)
     transcript.clear();
     answer(2) = 0x8000;
     tell(setter.execute(2));
-    EXPECT_EQ(
-        transcript.text(),
-        expected(2, {entry(), input(), detail(), call(), "*1 " + std::string(GetParam().failedLogged),
-                     "result 0x8000 4 " + quoted(GetParam().failed), R"(prints StandardResponse Sent\n)"}));
+    EXPECT_EQ(transcript.text(), expected(2, {entry(), input(), detail(), call(),
+                                              "*1 " + std::string(GetParam().branch.failedLogged),
+                                              "result 0x8000 4 " + quoted(GetParam().branch.failed),
+                                              R"(prints StandardResponse Sent\n)"}));
 }
 
 TEST_P(CombinerSetterTest, EveryOtherResultIsSuccessAndIsNotPassedOn)
@@ -239,7 +254,7 @@ TEST_P(CombinerSetterTest, MissingControllerIsAnsweredWithoutALine)
     transcript.clear();
     tell(setter.execute(2));
     EXPECT_EQ(transcript.text(),
-              expected(2, {entry(), input(), "result 0x8008 4 " + quoted(GetParam().missing),
+              expected(2, {entry(), input(), "result 0x8008 4 " + quoted(GetParam().command.missing),
                            R"(prints StandardResponse Sent\n)"}));
 }
 
@@ -250,7 +265,7 @@ TEST_P(CombinerSetterTest, Channel0HasNoController)
     transcript.clear();
     tell(setter.execute(0));
     EXPECT_EQ(transcript.text(),
-              expected(0, {entry(), input(), "result 0x8008 4 " + quoted(GetParam().missing),
+              expected(0, {entry(), input(), "result 0x8008 4 " + quoted(GetParam().command.missing),
                            R"(prints StandardResponse Sent\n)"}));
 }
 
@@ -283,7 +298,7 @@ TEST_P(CombinerSetterTest, FailedInitialiseNamesTheControllerKeepsTheOneBeforeAn
     EXPECT_EQ(setter.initialize(2), 0x8000);
     EXPECT_EQ(setter.initialize(2), 0x8000);
     setter.execute(1);
-    EXPECT_EQ(transcript.text(), expected(1, {"*1 " + std::string(GetParam().notFound) + ownName(2),
+    EXPECT_EQ(transcript.text(), expected(1, {"*1 " + std::string(GetParam().command.notFound) + ownName(2),
                                               "*1 Already initialized", input(), call()}));
 }
 
@@ -293,41 +308,54 @@ TEST_P(CombinerSetterTest, InitialiseTriesNoChannelBehindAMissingController)
     EXPECT_EQ(setter.initialize(2), 0x8000);
     EXPECT_EQ(setter.execute(2).tiResult, 0x8008);
     EXPECT_EQ(transcript.text(),
-              expected(2, {"*1 " + std::string(GetParam().notFound) + ownName(1), input()}));
+              expected(2, {"*1 " + std::string(GetParam().command.notFound) + ownName(1), input()}));
 }
 
 TEST_P(CombinerSetterTest, ControllerOfTheOtherFamilyIsNoController)
 {
     const std::string name = ownName(1);
     withdraw(name);
-    if (GetParam().controller == "IBasebandSdcController") {
+    if (GetParam().command.controller == "IBasebandSdcController") {
         publish(name, controllers.combiner1);
     } else {
         publish(name, controllers.baseband1);
     }
     EXPECT_EQ(setter.initialize(1), 0x8000);
-    EXPECT_EQ(transcript.text(), expected(1, {"*1 " + std::string(GetParam().notFound) + name}));
+    EXPECT_EQ(transcript.text(), expected(1, {"*1 " + std::string(GetParam().command.notFound) + name}));
 }
 
-/// What differs in type from row to row.
+/// The rows of a command: one for each record that it takes another way with.
 /// @tparam Dispatch  the command's exported function
-/// @tparam Record    gives the record of the row
-template <class XImpl, auto Dispatch, auto Record>
-Row row(Row texts)
+template <class XImpl, auto Dispatch>
+std::vector<Row> rowsOf(const CommandTexts& texts,
+                        std::initializer_list<std::pair<typename XImpl::Command, Branch>> branches)
 {
-    static constexpr auto commandFor = [](std::uint32_t channel) {
-        typename XImpl::Command command = Record();
-        command.channelId = channel;
-        return command;
-    };
-    texts.make = [] {
-        const auto impl = std::make_shared<XImpl>();
-        return Setter{[impl](unsigned numberOfChannels) { return impl->initialize(numberOfChannels); },
-                      [impl](std::uint32_t channel) { return impl->execute(commandFor(channel)); }};
-    };
-    texts.enrol = [](CombinerSetterTest& test) { test.enrolOnly<XImpl>(); };
-    texts.dispatch = [](std::uint32_t channel) { return Dispatch(commandFor(channel)); };
-    return texts;
+    std::vector<Row> rows;
+    for (const auto& [record, branch] : branches) {
+        const auto commandFor = [record = record](std::uint32_t channel) {
+            auto command = record;
+            command.channelId = channel;
+            return command;
+        };
+        const auto make = [commandFor] {
+            const auto impl = std::make_shared<XImpl>();
+            return Setter{
+                [impl](unsigned numberOfChannels) { return impl->initialize(numberOfChannels); },
+                [impl, commandFor](std::uint32_t channel) { return impl->execute(commandFor(channel)); }};
+        };
+        rows.push_back({texts, branch, make, [](CombinerSetterTest& test) { test.enrolOnly<XImpl>(); },
+                        [commandFor](std::uint32_t channel) { return Dispatch(commandFor(channel)); }});
+    }
+    return rows;
+}
+
+std::vector<Row> joined(const std::vector<std::vector<Row>>& lists)
+{
+    std::vector<Row> rows;
+    for (const auto& list : lists) {
+        rows.insert(rows.end(), list.begin(), list.end());
+    }
+    return rows;
 }
 
 template <auto Member>
@@ -345,302 +373,270 @@ Answered& baseband(Controllers& controllers, std::uint32_t channel)
 using zyr_test::BasebandSdcControllerDouble;
 using zyr_test::SpaceDiversityCombinerControllerDouble;
 
-const std::vector<Row> kRows = {
-    row<CriSetSdcEnableImpl, &criSetSdcEnable,
-        [] {
-            return CriSetSdcEnable::Command{1U, true};
-        }>({
-        .name = "SdcOn",
-        .traceChannel = "ZYR.TI.CriSetSdc",
-        .wireName = "CRI.SetSdcEnable",
-        .input = ", sdcEnable: 1",
-        .entry = ", command.sdcEnable=1",
-        .detail = "",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setSdcEnable(true)",
-        .failedLogged = "CRI.SetSdcEnable failed to enable or disable Space Diversity Combiner",
-        .failed = "Failed to enable or disable Space Diversity Combiner",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcEnable>,
-    }),
-    row<CriSetSdcEnableImpl, &criSetSdcEnable,
-        [] {
-            return CriSetSdcEnable::Command{1U, false};
-        }>({
-        .name = "SdcOff",
-        .traceChannel = "ZYR.TI.CriSetSdc",
-        .wireName = "CRI.SetSdcEnable",
-        .input = ", sdcEnable: 0",
-        .entry = ", command.sdcEnable=0",
-        .detail = "",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setSdcEnable(false)",
-        .failedLogged = "CRI.SetSdcEnable failed to enable or disable Space Diversity Combiner",
-        .failed = "Failed to enable or disable Space Diversity Combiner",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcEnable>,
-    }),
-    row<CriSetSdcRlConfigurationImpl, &criSetSdcRlConfiguration,
-        [] {
-            return CriSetSdcRlConfiguration::Command{1U, "4-512-light", "62500", true};
-        }>({
-        .name = "SdcRlConfiguration",
-        .traceChannel = "ZYR.TI.CriSetSdcRlConfiguration",
-        .wireName = "CRI.SetSdcRlConfiguration",
-        .input = ", selectedMaxAcm: 4-512-light, channelSpacing: 62500, xpicEnabled: 1",
-        .entry = ", command.selectedMaxAcm=4-512-light, command.channelSpacing=62500, command.xpicEnabled=1",
-        .detail = "*5 Max modulation: 512QAM, channel spacing: 62, xpic enabled: 1",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setRlConfiguration(512, 62, true)",
-        .failedLogged = "CRI.SetSdcRlConfiguration failed to set RL configuration attributes (maxModulation, "
-                        "channelSpacing, xpicEnabled)",
-        .failed = "Failed to set RL configuration attributes",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetRlConfiguration>,
-    }),
-    row<CriSetSdcDadeCalibrationImpl, &criSetSdcDadeCalibration,
-        [] {
-            return CriSetSdcDadeCalibration::Command{1U, true};
-        }>({
-        .name = "SdcDadeCalibrationStart",
-        .traceChannel = "ZYR.TI.CriSetDadeCalibration",
-        .wireName = "CRI.SetSdcDadeCalibration",
-        .input = ", dadeCalibration: 1",
-        .entry = ", command.dadeCalibration=1",
-        .detail = "",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setDadeCalibration(true)",
-        .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
-        .failed = "Failed to start or abort SDC Dade Calibration",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetDadeCalibration>,
-    }),
-    row<CriSetSdcDadeCalibrationImpl, &criSetSdcDadeCalibration,
-        [] {
-            return CriSetSdcDadeCalibration::Command{1U, false};
-        }>({
-        .name = "SdcDadeCalibrationAbort",
-        .traceChannel = "ZYR.TI.CriSetDadeCalibration",
-        .wireName = "CRI.SetSdcDadeCalibration",
-        .input = ", dadeCalibration: 0",
-        .entry = ", command.dadeCalibration=0",
-        .detail = "",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setDadeCalibration(false)",
-        .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
-        .failed = "Failed to start or abort SDC Dade Calibration",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetDadeCalibration>,
-    }),
-    row<CriSetSdcPathControlImpl, &criSetSdcPathControl,
-        [] {
-            return CriSetSdcPathControl::Command{1U, "diversity"};
-        }>({
-        .name = "SdcPathControl",
-        .traceChannel = "ZYR.TI.CriSetSdcPathControl",
-        .wireName = "CRI.SetSdcPathControl",
-        .input = ", sdcPath: diversity",
-        .entry = ", command.sdcPath=diversity",
-        .detail = "",
-        .controller = "ISpaceDiversityCombinerController",
-        .call = "setSdcPath(1)",
-        .failedLogged = "CRI.SetSdcPathControl failed to set SDC Path",
-        .failed = "Failed to set SDC Path",
-        .missing = "Space Diversity Combiner Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcPath>,
-    }),
-    row<CriSetBasebandSdcChannelImpl, &criSetBasebandSdcChannel,
-        [] {
-            return CriSetBasebandSdcChannel::Command{1U, true, false};
-        }>({
-        .name = "BasebandSdcMainChannel",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcChannel",
-        .wireName = "CRI.SetBasebandSdcChannel",
-        .input = ", isMainChannelEnabled: 1, isDiversityChannelEnabled: 0",
-        .entry = ", command.isMainChannelEnabled=1, command.isDiversityChannelEnabled=0",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "setChannels(true, false)",
-        .failedLogged = "CRI.SetBasebandSdcChannel failed to set SDC Path",
-        .failed = "Failed to set SDC Path",
-        .missing = "BadebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onSetChannels>,
-    }),
-    row<CriSetBasebandSdcChannelImpl, &criSetBasebandSdcChannel,
-        [] {
-            return CriSetBasebandSdcChannel::Command{1U, false, true};
-        }>({
-        .name = "BasebandSdcDiversityChannel",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcChannel",
-        .wireName = "CRI.SetBasebandSdcChannel",
-        .input = ", isMainChannelEnabled: 0, isDiversityChannelEnabled: 1",
-        .entry = ", command.isMainChannelEnabled=0, command.isDiversityChannelEnabled=1",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "setChannels(false, true)",
-        .failedLogged = "CRI.SetBasebandSdcChannel failed to set SDC Path",
-        .failed = "Failed to set SDC Path",
-        .missing = "BadebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onSetChannels>,
-    }),
-    row<CriSetBasebandSdcDadeCalibrationImpl, &criSetBasebandSdcDadeCalibration,
-        [] {
-            return CriSetBasebandSdcDadeCalibration::Command{1U, true};
-        }>({
-        .name = "BasebandSdcDadeCalibrationStart",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeCalibration",
-        .wireName = "CRI.CriSetSdcBasebandDadeCalibration",
-        .input = ", dadeCalibration: 1",
-        .entry = ", command.dadeCalibration=1",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "startDadeCalibration()",
-        .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
-        .failed = "Failed to start or abort SDC Dade Calibration",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onStartDadeCalibration>,
-    }),
-    row<CriSetBasebandSdcDadeCalibrationImpl, &criSetBasebandSdcDadeCalibration,
-        [] {
-            return CriSetBasebandSdcDadeCalibration::Command{1U, false};
-        }>({
-        .name = "BasebandSdcDadeCalibrationAbort",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeCalibration",
-        .wireName = "CRI.CriSetSdcBasebandDadeCalibration",
-        .input = ", dadeCalibration: 0",
-        .entry = ", command.dadeCalibration=0",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "abortDadeCalibration()",
-        .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
-        .failed = "Failed to start or abort SDC Dade Calibration",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onAbortDadeCalibration>,
-    }),
-    row<CriSetBasebandSdcDadeParamsImpl, &criSetBasebandSdcDadeParams,
-        [] {
-            return CriSetBasebandSdcDadeParams::Command{1U, 65535, 258};
-        }>({
-        .name = "BasebandSdcDadeParams",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeParams",
-        .wireName = "CRI.SetBasebandSdcDadeParams",
-        .input = ", mainDataCalibration: 65535, diversityDataCalibration: 258",
-        .entry = ", command.mainDataCalibration=65535, command.diversityDataCalibration=258",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "setDadeParams(65535, 258)",
-        .failedLogged = "CRI.SetBasebandSdcChannel failed to set Data Calibration",
-        .failed = "Failed to set Data Calibration",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onSetDadeParams>,
-    }),
-    row<CriSetBasebandSdcDadeResetCalibrationImpl, &criSetBasebandSdcDadeResetCalibration,
-        [] { return CriSetBasebandSdcDadeResetCalibration::Command{1U}; }>({
-        .name = "BasebandSdcDadeResetCalibration",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeResetCalibration",
-        .wireName = "CRI.CriSetBasebandSdcDadeResetCalibration",
-        .input = "",
-        .entry = "",
-        .detail = "",
-        .controller = "IBasebandSdcController",
-        .call = "resetDadeCalibration()",
-        .failedLogged = "CRI.SetSdcDadeResetCalibration failed",
-        .failed = "Failed to reset Dade Calibration",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = " Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onResetDadeCalibration>,
-    }),
-    row<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable,
-        [] {
-            return CriSetBasebandSdcEnable::Command{1U, true, true};
-        }>({
-        .name = "BasebandSdcStartWithCalibration",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
-        .wireName = "CRI.SetBasebandSdcEnable",
-        .input = ", enabled: 1, isCalibrationRequired: 1",
-        .entry = ", command.enabled=1, command.isCalibrationRequired=1",
-        .detail = "*7 command.channelId: <id> calling basebandSdcController->start with "
-                  "isCalibrationRequired = TRUE",
-        .controller = "IBasebandSdcController",
-        .call = "start(true)",
-        .failedLogged =
-            "CRI.SetBasebandSdcEnable failed to set Baseband SDC Start with isCalibrationRequired = TRUE",
-        .failed = "Failed to set SDC Baseband SDC Start",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onStart>,
-    }),
-    row<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable,
-        [] {
-            return CriSetBasebandSdcEnable::Command{1U, true, false};
-        }>({
-        .name = "BasebandSdcStartWithoutCalibration",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
-        .wireName = "CRI.SetBasebandSdcEnable",
-        .input = ", enabled: 1, isCalibrationRequired: 0",
-        .entry = ", command.enabled=1, command.isCalibrationRequired=0",
-        .detail = "*7 command.channelId: <id> calling basebandSdcController->start with "
-                  "isCalibrationRequired = FALSE",
-        .controller = "IBasebandSdcController",
-        .call = "start(false)",
-        .failedLogged =
-            "CRI.SetBasebandSdcEnable failed to set Baseband SDC Start with isCalibrationRequired = FALSE",
-        .failed = "Failed to set SDC Baseband SDC Start",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onStart>,
-    }),
-    row<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable,
-        [] {
-            return CriSetBasebandSdcEnable::Command{1U, false, false};
-        }>({
-        .name = "BasebandSdcStop",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
-        .wireName = "CRI.SetBasebandSdcEnable",
-        .input = ", enabled: 0, isCalibrationRequired: 0",
-        .entry = ", command.enabled=0, command.isCalibrationRequired=0",
-        .detail = "*7 command.channelId: <id> calling basebandSdcController->stop",
-        .controller = "IBasebandSdcController",
-        .call = "stop()",
-        .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Stop",
-        .failed = "Failed to set SDC Baseband SDC Stop",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onStop>,
-    }),
-    row<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable,
-        [] {
-            return CriSetBasebandSdcEnable::Command{1U, false, true};
-        }>({
-        .name = "BasebandSdcStopIgnoresCalibration",
-        .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
-        .wireName = "CRI.SetBasebandSdcEnable",
-        .input = ", enabled: 0, isCalibrationRequired: 1",
-        .entry = ", command.enabled=0, command.isCalibrationRequired=1",
-        .detail = "*7 command.channelId: <id> calling basebandSdcController->stop",
-        .controller = "IBasebandSdcController",
-        .call = "stop()",
-        .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Stop",
-        .failed = "Failed to set SDC Baseband SDC Stop",
-        .missing = "BasebandSdc Controller missing",
-        .notFound = "Error getting interface to ",
-        .answer = &baseband<&BasebandSdcControllerDouble::onStop>,
-    }),
-};
+const std::vector<Row> kRows = joined({
+    rowsOf<CriSetSdcEnableImpl, &criSetSdcEnable>(
+        {
+            .traceChannel = "ZYR.TI.CriSetSdc",
+            .wireName = "CRI.SetSdcEnable",
+            .controller = "ISpaceDiversityCombinerController",
+            .missing = "Space Diversity Combiner Controller missing",
+            .notFound = " Error getting interface to ",
+        },
+        {
+            {{1U, true},
+             {
+                 .name = "SdcOn",
+                 .input = ", sdcEnable: 1",
+                 .entry = ", command.sdcEnable=1",
+                 .call = "setSdcEnable(true)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcEnable>,
+                 .failedLogged = "CRI.SetSdcEnable failed to enable or disable Space Diversity Combiner",
+                 .failed = "Failed to enable or disable Space Diversity Combiner",
+             }},
+            {{1U, false},
+             {
+                 .name = "SdcOff",
+                 .input = ", sdcEnable: 0",
+                 .entry = ", command.sdcEnable=0",
+                 .call = "setSdcEnable(false)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcEnable>,
+                 .failedLogged = "CRI.SetSdcEnable failed to enable or disable Space Diversity Combiner",
+                 .failed = "Failed to enable or disable Space Diversity Combiner",
+             }},
+        }),
+    rowsOf<CriSetSdcRlConfigurationImpl, &criSetSdcRlConfiguration>(
+        {
+            .traceChannel = "ZYR.TI.CriSetSdcRlConfiguration",
+            .wireName = "CRI.SetSdcRlConfiguration",
+            .controller = "ISpaceDiversityCombinerController",
+            .missing = "Space Diversity Combiner Controller missing",
+            .notFound = "Error getting interface to ",
+        },
+        {
+            {{1U, "4-512-light", "62500", true},
+             {
+                 .name = "SdcRlConfiguration",
+                 .input = ", selectedMaxAcm: 4-512-light, channelSpacing: 62500, xpicEnabled: 1",
+                 .entry = ", command.selectedMaxAcm=4-512-light, command.channelSpacing=62500, "
+                          "command.xpicEnabled=1",
+                 .detail = "*5 Max modulation: 512QAM, channel spacing: 62, xpic enabled: 1",
+                 .call = "setRlConfiguration(512, 62, true)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetRlConfiguration>,
+                 .failedLogged = "CRI.SetSdcRlConfiguration failed to set RL configuration attributes "
+                                 "(maxModulation, channelSpacing, xpicEnabled)",
+                 .failed = "Failed to set RL configuration attributes",
+             }},
+        }),
+    rowsOf<CriSetSdcDadeCalibrationImpl, &criSetSdcDadeCalibration>(
+        {
+            .traceChannel = "ZYR.TI.CriSetDadeCalibration",
+            .wireName = "CRI.SetSdcDadeCalibration",
+            .controller = "ISpaceDiversityCombinerController",
+            .missing = "Space Diversity Combiner Controller missing",
+            .notFound = " Error getting interface to ",
+        },
+        {
+            {{1U, true},
+             {
+                 .name = "SdcDadeCalibrationStart",
+                 .input = ", dadeCalibration: 1",
+                 .entry = ", command.dadeCalibration=1",
+                 .call = "setDadeCalibration(true)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetDadeCalibration>,
+                 .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
+                 .failed = "Failed to start or abort SDC Dade Calibration",
+             }},
+            {{1U, false},
+             {
+                 .name = "SdcDadeCalibrationAbort",
+                 .input = ", dadeCalibration: 0",
+                 .entry = ", command.dadeCalibration=0",
+                 .call = "setDadeCalibration(false)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetDadeCalibration>,
+                 .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
+                 .failed = "Failed to start or abort SDC Dade Calibration",
+             }},
+        }),
+    rowsOf<CriSetSdcPathControlImpl, &criSetSdcPathControl>(
+        {
+            .traceChannel = "ZYR.TI.CriSetSdcPathControl",
+            .wireName = "CRI.SetSdcPathControl",
+            .controller = "ISpaceDiversityCombinerController",
+            .missing = "Space Diversity Combiner Controller missing",
+            .notFound = "Error getting interface to ",
+        },
+        {
+            {{1U, "diversity"},
+             {
+                 .name = "SdcPathControl",
+                 .input = ", sdcPath: diversity",
+                 .entry = ", command.sdcPath=diversity",
+                 .call = "setSdcPath(1)",
+                 .answer = &combiner<&SpaceDiversityCombinerControllerDouble::onSetSdcPath>,
+                 .failedLogged = "CRI.SetSdcPathControl failed to set SDC Path",
+                 .failed = "Failed to set SDC Path",
+             }},
+        }),
+    rowsOf<CriSetBasebandSdcChannelImpl, &criSetBasebandSdcChannel>(
+        {
+            .traceChannel = "ZYR.TI.CriSetBasebandSdcChannel",
+            .wireName = "CRI.SetBasebandSdcChannel",
+            .controller = "IBasebandSdcController",
+            .missing = "BadebandSdc Controller missing",
+            .notFound = "Error getting interface to ",
+        },
+        {
+            {{1U, true, false},
+             {
+                 .name = "BasebandSdcMainChannel",
+                 .input = ", isMainChannelEnabled: 1, isDiversityChannelEnabled: 0",
+                 .entry = ", command.isMainChannelEnabled=1, command.isDiversityChannelEnabled=0",
+                 .call = "setChannels(true, false)",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onSetChannels>,
+                 .failedLogged = "CRI.SetBasebandSdcChannel failed to set SDC Path",
+                 .failed = "Failed to set SDC Path",
+             }},
+            {{1U, false, true},
+             {
+                 .name = "BasebandSdcDiversityChannel",
+                 .input = ", isMainChannelEnabled: 0, isDiversityChannelEnabled: 1",
+                 .entry = ", command.isMainChannelEnabled=0, command.isDiversityChannelEnabled=1",
+                 .call = "setChannels(false, true)",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onSetChannels>,
+                 .failedLogged = "CRI.SetBasebandSdcChannel failed to set SDC Path",
+                 .failed = "Failed to set SDC Path",
+             }},
+        }),
+    rowsOf<CriSetBasebandSdcDadeCalibrationImpl, &criSetBasebandSdcDadeCalibration>(
+        {
+            .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeCalibration",
+            .wireName = "CRI.CriSetSdcBasebandDadeCalibration",
+            .controller = "IBasebandSdcController",
+            .missing = "BasebandSdc Controller missing",
+            .notFound = " Error getting interface to ",
+        },
+        {
+            {{1U, true},
+             {
+                 .name = "BasebandSdcDadeCalibrationStart",
+                 .input = ", dadeCalibration: 1",
+                 .entry = ", command.dadeCalibration=1",
+                 .call = "startDadeCalibration()",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onStartDadeCalibration>,
+                 .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
+                 .failed = "Failed to start or abort SDC Dade Calibration",
+             }},
+            {{1U, false},
+             {
+                 .name = "BasebandSdcDadeCalibrationAbort",
+                 .input = ", dadeCalibration: 0",
+                 .entry = ", command.dadeCalibration=0",
+                 .call = "abortDadeCalibration()",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onAbortDadeCalibration>,
+                 .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
+                 .failed = "Failed to start or abort SDC Dade Calibration",
+             }},
+        }),
+    rowsOf<CriSetBasebandSdcDadeParamsImpl, &criSetBasebandSdcDadeParams>(
+        {
+            .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeParams",
+            .wireName = "CRI.SetBasebandSdcDadeParams",
+            .controller = "IBasebandSdcController",
+            .missing = "BasebandSdc Controller missing",
+            .notFound = "Error getting interface to ",
+        },
+        {
+            {{1U, 65535, 258},
+             {
+                 .name = "BasebandSdcDadeParams",
+                 .input = ", mainDataCalibration: 65535, diversityDataCalibration: 258",
+                 .entry = ", command.mainDataCalibration=65535, command.diversityDataCalibration=258",
+                 .call = "setDadeParams(65535, 258)",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onSetDadeParams>,
+                 .failedLogged = "CRI.SetBasebandSdcChannel failed to set Data Calibration",
+                 .failed = "Failed to set Data Calibration",
+             }},
+        }),
+    rowsOf<CriSetBasebandSdcDadeResetCalibrationImpl, &criSetBasebandSdcDadeResetCalibration>(
+        {
+            .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeResetCalibration",
+            .wireName = "CRI.CriSetBasebandSdcDadeResetCalibration",
+            .controller = "IBasebandSdcController",
+            .missing = "BasebandSdc Controller missing",
+            .notFound = " Error getting interface to ",
+        },
+        {
+            {{1U},
+             {
+                 .name = "BasebandSdcDadeResetCalibration",
+                 .call = "resetDadeCalibration()",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onResetDadeCalibration>,
+                 .failedLogged = "CRI.SetSdcDadeResetCalibration failed",
+                 .failed = "Failed to reset Dade Calibration",
+             }},
+        }),
+    rowsOf<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable>(
+        {
+            .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
+            .wireName = "CRI.SetBasebandSdcEnable",
+            .controller = "IBasebandSdcController",
+            .missing = "BasebandSdc Controller missing",
+            .notFound = "Error getting interface to ",
+        },
+        {
+            {{1U, true, true},
+             {
+                 .name = "BasebandSdcStartWithCalibration",
+                 .input = ", enabled: 1, isCalibrationRequired: 1",
+                 .entry = ", command.enabled=1, command.isCalibrationRequired=1",
+                 .detail = "*7 command.channelId: <id> calling basebandSdcController->start with "
+                           "isCalibrationRequired = TRUE",
+                 .call = "start(true)",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onStart>,
+                 .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Start with "
+                                 "isCalibrationRequired = TRUE",
+                 .failed = "Failed to set SDC Baseband SDC Start",
+             }},
+            {{1U, true, false},
+             {
+                 .name = "BasebandSdcStartWithoutCalibration",
+                 .input = ", enabled: 1, isCalibrationRequired: 0",
+                 .entry = ", command.enabled=1, command.isCalibrationRequired=0",
+                 .detail = "*7 command.channelId: <id> calling basebandSdcController->start with "
+                           "isCalibrationRequired = FALSE",
+                 .call = "start(false)",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onStart>,
+                 .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Start with "
+                                 "isCalibrationRequired = FALSE",
+                 .failed = "Failed to set SDC Baseband SDC Start",
+             }},
+            {{1U, false, false},
+             {
+                 .name = "BasebandSdcStop",
+                 .input = ", enabled: 0, isCalibrationRequired: 0",
+                 .entry = ", command.enabled=0, command.isCalibrationRequired=0",
+                 .detail = "*7 command.channelId: <id> calling basebandSdcController->stop",
+                 .call = "stop()",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onStop>,
+                 .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Stop",
+                 .failed = "Failed to set SDC Baseband SDC Stop",
+             }},
+            {{1U, false, true},
+             {
+                 .name = "BasebandSdcStopIgnoresCalibration",
+                 .input = ", enabled: 0, isCalibrationRequired: 1",
+                 .entry = ", command.enabled=0, command.isCalibrationRequired=1",
+                 .detail = "*7 command.channelId: <id> calling basebandSdcController->stop",
+                 .call = "stop()",
+                 .answer = &baseband<&BasebandSdcControllerDouble::onStop>,
+                 .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Stop",
+                 .failed = "Failed to set SDC Baseband SDC Stop",
+             }},
+        }),
+});
 
 INSTANTIATE_TEST_SUITE_P(, CombinerSetterTest, testing::ValuesIn(kRows),
-                         [](const auto& made) { return std::string(made.param.name); });
+                         [](const auto& made) { return std::string(made.param.branch.name); });
 
 } // namespace
 } // namespace zyr_top_api
