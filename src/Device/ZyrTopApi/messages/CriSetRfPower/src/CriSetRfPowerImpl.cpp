@@ -5,6 +5,7 @@
 #include "IDspControlApi.h"
 #include "Initialise.h"
 #include "Log.h"
+#include "PrintIfPresent.h"
 #include "Required.h"
 #include "ResultLaw.h"
 #include "ZyrApiHandler.h"
@@ -22,14 +23,6 @@ constinit TylTrace trace{CriSetRfPower::identity.traceChannel, 3, TylTraceHdrOpt
 // What these select inside the power controller isn't known here.
 constexpr std::array kPowerSettingsOptions{0, 1};
 constexpr int kAdminStateOption = 0;
-
-template <class T>
-void printIfPresent(TextWriter& text, const char* label, const general_classes::Optional<T>& value)
-{
-    if (value.hasValue()) {
-        text << label << value.value();
-    }
-}
 
 } // namespace
 
