@@ -8,12 +8,14 @@
 #include "CriGetRadioChannelStatusImpl.h"
 #include "CriGetRauPowerSuppliedImpl.h"
 #include "CriGetSdcStatusImpl.h"
+#include "CriMimoSpatialMuteImpl.h"
 #include "CriSetActiveSubBandImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRauCarrierAggregationImpl.h"
 #include "CriSetRauPowerModeImpl.h"
 #include "CriSetRauPowerSuppliedImpl.h"
 #include "CriSetRfPowerImpl.h"
+#include "CriXpicSlaveMuteImpl.h"
 #include "TiGetEventsImpl.h"
 #include "TiManageRadioChannelStatusImpl.h"
 #include "TiSetEventsImpl.h"
@@ -43,6 +45,8 @@ using CommandsOfAChannel =
                    CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriSetActiveSubBandImpl,
                    CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
                    CriSetRfPowerImpl, TiManageRadioChannelStatusImpl>;
+CriMimoSpatialMuteImpl, CriSetRadioChannelNearEndImpl, CriSetRfPowerImpl, CriXpicSlaveMuteImpl,
+    TiManageRadioChannelStatusImpl > ;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
