@@ -5,6 +5,7 @@
 #include "Recorder.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,7 @@ class SpectrumDiagnosticsControllerDouble : public ISpectrumDiagnosticsControlle
         const auto capacity = static_cast<std::size_t>(count);
         results.resize(std::min(results.size(), capacity));
         std::ranges::copy(results, buffer);
-        count = static_cast<int>(results.size());
+        count = reportedCount.value_or(static_cast<int>(results.size()));
         return result;
     }
 
@@ -58,6 +59,8 @@ class SpectrumDiagnosticsControllerDouble : public ISpectrumDiagnosticsControlle
 
     Answer<zyr_top_api::ETIResult> onScanControl;
     Answer<zyr_top_api::ETIResult, std::vector<zyr_top_api::SpectrumDiagnosticsResult>> onGetResult;
+    /// What `getResult` says it has put into the buffer, whatever it has.
+    std::optional<int> reportedCount;
     Answer<std::int32_t> onGetStatus;
     Answer<std::int32_t> onGetProgress;
     Answer<zyr_top_api::SpectrumDiagnosticsProperties> onGetProperties;
