@@ -21,6 +21,7 @@ class CcdpControllerDouble : public ICcdpController, public Recorder
     zyr_top_api::ETIResult setBar(bool on) override
     {
         record("setBar", on);
+        m_bar = on; // for the `getBar` of the interface
         return onSetBar.next();
     }
 
