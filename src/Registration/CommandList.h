@@ -14,6 +14,8 @@
 #include "CriGetRauPowerModeDescription.h"
 #include "CriGetRauPowerSuppliedDescription.h"
 #include "CriGetSdcStatusDescription.h"
+#include "CriGetSpectrumDiagnosticsDescription.h"
+#include "CriMimoSpatialMuteDescription.h"
 #include "CriRestartRadioDescription.h"
 #include "CriSetAcmModeDescription.h"
 #include "CriSetAcmRlpControlDescription.h"
@@ -26,6 +28,7 @@
 #include "CriSetBoosterPresenceDescription.h"
 #include "CriSetFarEndPmaxCapabilityDescription.h"
 #include "CriSetRadioChannelNearEndDescription.h"
+#include "CriSetRadioLinkEncryptionDescription.h"
 #include "CriSetRauCarrierAggregationDescription.h"
 #include "CriSetRauPowerModeDescription.h"
 #include "CriSetRauPowerSuppliedDescription.h"
@@ -37,10 +40,13 @@
 #include "CriSetSdcRlConfigurationDescription.h"
 #include "CriStartRecoveryDescription.h"
 #include "CriWarmInitCompletedDescription.h"
+#include "CriXpicSlaveMuteDescription.h"
 #include "TiGetAcmThresholdsDescription.h"
 #include "TiGetAllCommandsDataDescription.h"
 #include "TiGetEventsDescription.h"
+#include "TiManageMimoDescription.h"
 #include "TiManageRadioChannelStatusDescription.h"
+#include "TiManageXpicDescription.h"
 #include "TiSetEventsDescription.h"
 
 namespace zyr_registration
@@ -71,6 +77,8 @@ using CommandList = TypeList<
     zyr_top_api::CriGetRadioChannelStatusImpl,
     zyr_top_api::CriGetRauPowerSuppliedImpl,
     zyr_top_api::CriGetSdcStatusImpl,
+    zyr_top_api::CriGetSpectrumDiagnosticsImpl,
+    zyr_top_api::CriMimoSpatialMuteImpl,
     zyr_top_api::CriRestartRadioImpl,
     zyr_top_api::CriSetAcmModeImpl,
     zyr_top_api::CriSetAcmRlpControlImpl,
@@ -82,6 +90,7 @@ using CommandList = TypeList<
     zyr_top_api::CriSetFarEndPmaxCapabilityImpl,
     zyr_top_api::CriSetRfPowerImpl,
     zyr_top_api::CriSetRadioChannelNearEndImpl,
+    zyr_top_api::CriSetRadioLinkEncryptionImpl,
     zyr_top_api::CriSetRauCarrierAggregationImpl,
     zyr_top_api::CriSetRauPowerSuppliedImpl,
     zyr_top_api::CriSetRoutingImpl,
@@ -91,10 +100,13 @@ using CommandList = TypeList<
     zyr_top_api::CriSetSdcRlConfigurationImpl,
     zyr_top_api::CriStartRecoveryImpl,
     zyr_top_api::CriWarmInitCompletedImpl,
+    zyr_top_api::CriXpicSlaveMuteImpl,
     zyr_top_api::TiGetAcmThresholdsImpl,
     zyr_top_api::TiGetAllCommandsDataImpl,
     zyr_top_api::TiGetEventsImpl,
+    zyr_top_api::TiManageMimoImpl,
     zyr_top_api::TiManageRadioChannelStatusImpl,
+    zyr_top_api::TiManageXpicImpl,
     zyr_top_api::TiSetEventsImpl>;
 // clang-format on
 

@@ -5,6 +5,7 @@
 #include "FFConfigType.h"
 #include "Field.h"
 #include "ForceLoopMode.h"
+#include "LinkType.h"
 #include "MimoCalibrationStatus.h"
 #include "MimoLockStatus.h"
 #include "ModemChain.h"
@@ -100,6 +101,16 @@ struct EnumVocabulary<zyr_top_api::ForceLoopMode>
     : ConsecutiveTexts<&zyr_top_api::forceLoopModeToString, zyr_top_api::ForceLoopMode::NormalOperation,
                        zyr_top_api::ForceLoopMode::OpenLoop>
 {};
+
+template <>
+struct EnumVocabulary<zyr_top_api::LinkType>
+{
+    // The vocabulary's own function makes strings that nobody keeps.
+    static std::span<const EnumText> texts()
+    {
+        return oneOf<"Disable", "Enable_A", "Enable_B", "Enable_C", "Enable_D">();
+    }
+};
 
 template <>
 struct EnumVocabulary<zyr_top_api::MimoCalibrationStatus>
