@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Export.h"
+
 #include <cstdint>
 #include <string>
 
@@ -7,7 +9,7 @@ namespace zyr_top_api
 {
 
 /// One sample of the TAPS log. Powers and rates are in the controller's units.
-struct TapsLogData
+struct ZYR_EXPORT TapsLogData
 {
     std::int32_t samplesRemaining = 0; ///< How many samples wait behind this one.
     std::string timeStamp;             ///< When the sample was taken, as the controller writes it.
@@ -26,6 +28,9 @@ struct TapsLogData
     std::int32_t minPowerOut = 0;
     std::int32_t maxPowerOut = 0;
     bool atpcEnabled = false;
+
+    /// "TapsLogData: samplesRemaining: <n>, timeStamp: <text>, ..." with all fields in their order.
+    std::string toString() const;
 };
 
 } // namespace zyr_top_api
