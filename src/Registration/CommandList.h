@@ -43,11 +43,27 @@
 #include "CriXpicSlaveMuteDescription.h"
 #include "TiGetAcmThresholdsDescription.h"
 #include "TiGetAllCommandsDataDescription.h"
+#include "TiGetDspTxModeDescription.h"
 #include "TiGetEventsDescription.h"
+#include "TiGetIfLoopDescription.h"
+#include "TiGetNarrowWideFiltersDescription.h"
+#include "TiGetRxXcStatusLevelDescription.h"
+#include "TiGetTXRFDetectedOutputPowerDescription.h"
+#include "TiManageDspDescription.h"
 #include "TiManageMimoDescription.h"
+#include "TiManagePmDescription.h"
 #include "TiManageRadioChannelStatusDescription.h"
+#include "TiManageRfPowerDescription.h"
+#include "TiManageSpcDescription.h"
+#include "TiManageTXIFOutputPowerDescription.h"
+#include "TiManageTXRFGainDescription.h"
+#include "TiManageTapsDescription.h"
 #include "TiManageXpicDescription.h"
+#include "TiSetDspTxModeDescription.h"
 #include "TiSetEventsDescription.h"
+#include "TiSetIfFrequencyDescription.h"
+#include "TiSetIfLoopDescription.h"
+#include "TiSetNarrowWideFiltersDescription.h"
 
 namespace zyr_registration
 {
@@ -103,11 +119,27 @@ using CommandList = TypeList<
     zyr_top_api::CriXpicSlaveMuteImpl,
     zyr_top_api::TiGetAcmThresholdsImpl,
     zyr_top_api::TiGetAllCommandsDataImpl,
+    zyr_top_api::TiGetDspTxModeImpl,
     zyr_top_api::TiGetEventsImpl,
+    zyr_top_api::TiGetIfLoopImpl,
+    zyr_top_api::TiGetNarrowWideFiltersImpl,
+    zyr_top_api::TiGetRxXcStatusLevelImpl,
+    zyr_top_api::TiGetTXRFDetectedOutputPowerImpl,
+    zyr_top_api::TiManageDspImpl,
     zyr_top_api::TiManageMimoImpl,
+    zyr_top_api::TiManagePmImpl,
     zyr_top_api::TiManageRadioChannelStatusImpl,
+    zyr_top_api::TiManageRfPowerImpl,
+    zyr_top_api::TiManageSpcImpl,
+    zyr_top_api::TiManageTXIFOutputPowerImpl,
+    zyr_top_api::TiManageTXRFGainImpl,
+    zyr_top_api::TiManageTapsImpl,
     zyr_top_api::TiManageXpicImpl,
-    zyr_top_api::TiSetEventsImpl>;
+    zyr_top_api::TiSetDspTxModeImpl,
+    zyr_top_api::TiSetEventsImpl,
+    zyr_top_api::TiSetIfFrequencyImpl,
+    zyr_top_api::TiSetIfLoopImpl,
+    zyr_top_api::TiSetNarrowWideFiltersImpl>;
 // clang-format on
 
 } // namespace zyr_registration

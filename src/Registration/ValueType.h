@@ -99,9 +99,9 @@ inline constexpr std::string_view kNoUnit = "none";
 inline constexpr std::string_view kUnitOfHolder = "holder's";
 
 /// The units that a number can have: an optional factor, and what is counted.
-inline constexpr std::array<std::string_view, 18> kUnits{
-    kNoUnit, kUnitOfHolder, "kHz", "Hz",     "s", "ms",   "us",     "ns",   "0.1 dBm",
-    "dBm",   "0.1 dB",      "dB",  "0.0001", "%", "degC", "kbit/s", "byte", "min"};
+inline constexpr std::array<std::string_view, 19> kUnits{
+    kNoUnit,  kUnitOfHolder, "kHz",    "Hz", "s",    "ms",     "us",     "ns",   "0.1 dBm", "dBm",
+    "0.1 dB", "dB",          "0.0001", "%",  "degC", "kbit/s", "Mbit/s", "byte", "min"};
 
 /// What is to be known of a field beside its type and its help.
 struct FieldNotes
