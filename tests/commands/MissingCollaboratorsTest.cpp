@@ -44,9 +44,8 @@ using CommandsOfAChannel =
     testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
                    CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriSetActiveSubBandImpl,
                    CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
-                   CriSetRfPowerImpl, TiManageRadioChannelStatusImpl>;
-CriMimoSpatialMuteImpl, CriSetRadioChannelNearEndImpl, CriSetRfPowerImpl, CriXpicSlaveMuteImpl,
-    TiManageRadioChannelStatusImpl > ;
+                   CriSetRfPowerImpl, CriMimoSpatialMuteImpl, CriXpicSlaveMuteImpl,
+                   TiManageRadioChannelStatusImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
