@@ -349,15 +349,6 @@ std::vector<Row> rowsOf(const CommandTexts& texts,
     return rows;
 }
 
-std::vector<Row> joined(const std::vector<std::vector<Row>>& lists)
-{
-    std::vector<Row> rows;
-    for (const auto& list : lists) {
-        rows.insert(rows.end(), list.begin(), list.end());
-    }
-    return rows;
-}
-
 template <auto Member>
 Answered& combiner(Controllers& controllers, std::uint32_t channel)
 {
@@ -373,8 +364,16 @@ Answered& baseband(Controllers& controllers, std::uint32_t channel)
 using zyr_test::BasebandSdcControllerDouble;
 using zyr_test::SpaceDiversityCombinerControllerDouble;
 
-const std::vector<Row> kRows = joined({
-    rowsOf<CriSetSdcEnableImpl, &criSetSdcEnable>(
+std::string nameOf(const testing::TestParamInfo<Row>& row)
+{
+    return std::string(row.param.branch.name);
+}
+
+// One instantiation for each command, under its class name.
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetSdcEnable, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetSdcEnableImpl, &criSetSdcEnable>(
         {
             .traceChannel = "ZYR.TI.CriSetSdc",
             .wireName = "CRI.SetSdcEnable",
@@ -403,8 +402,12 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetSdcEnable failed to enable or disable Space Diversity Combiner",
                  .failed = "Failed to enable or disable Space Diversity Combiner",
              }},
-        }),
-    rowsOf<CriSetSdcRlConfigurationImpl, &criSetSdcRlConfiguration>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetSdcRlConfiguration, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetSdcRlConfigurationImpl, &criSetSdcRlConfiguration>(
         {
             .traceChannel = "ZYR.TI.CriSetSdcRlConfiguration",
             .wireName = "CRI.SetSdcRlConfiguration",
@@ -426,8 +429,12 @@ const std::vector<Row> kRows = joined({
                                  "(maxModulation, channelSpacing, xpicEnabled)",
                  .failed = "Failed to set RL configuration attributes",
              }},
-        }),
-    rowsOf<CriSetSdcDadeCalibrationImpl, &criSetSdcDadeCalibration>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetSdcDadeCalibration, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetSdcDadeCalibrationImpl, &criSetSdcDadeCalibration>(
         {
             .traceChannel = "ZYR.TI.CriSetDadeCalibration",
             .wireName = "CRI.SetSdcDadeCalibration",
@@ -456,8 +463,12 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
                  .failed = "Failed to start or abort SDC Dade Calibration",
              }},
-        }),
-    rowsOf<CriSetSdcPathControlImpl, &criSetSdcPathControl>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetSdcPathControl, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetSdcPathControlImpl, &criSetSdcPathControl>(
         {
             .traceChannel = "ZYR.TI.CriSetSdcPathControl",
             .wireName = "CRI.SetSdcPathControl",
@@ -476,8 +487,12 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetSdcPathControl failed to set SDC Path",
                  .failed = "Failed to set SDC Path",
              }},
-        }),
-    rowsOf<CriSetBasebandSdcChannelImpl, &criSetBasebandSdcChannel>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetBasebandSdcChannel, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetBasebandSdcChannelImpl, &criSetBasebandSdcChannel>(
         {
             .traceChannel = "ZYR.TI.CriSetBasebandSdcChannel",
             .wireName = "CRI.SetBasebandSdcChannel",
@@ -506,8 +521,12 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetBasebandSdcChannel failed to set SDC Path",
                  .failed = "Failed to set SDC Path",
              }},
-        }),
-    rowsOf<CriSetBasebandSdcDadeCalibrationImpl, &criSetBasebandSdcDadeCalibration>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetBasebandSdcDadeCalibration, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetBasebandSdcDadeCalibrationImpl, &criSetBasebandSdcDadeCalibration>(
         {
             .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeCalibration",
             .wireName = "CRI.CriSetSdcBasebandDadeCalibration",
@@ -536,8 +555,12 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetSdcDadecalibration failed to start or abort SDC Dade Calibration",
                  .failed = "Failed to start or abort SDC Dade Calibration",
              }},
-        }),
-    rowsOf<CriSetBasebandSdcDadeParamsImpl, &criSetBasebandSdcDadeParams>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetBasebandSdcDadeParams, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetBasebandSdcDadeParamsImpl, &criSetBasebandSdcDadeParams>(
         {
             .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeParams",
             .wireName = "CRI.SetBasebandSdcDadeParams",
@@ -556,26 +579,35 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetBasebandSdcChannel failed to set Data Calibration",
                  .failed = "Failed to set Data Calibration",
              }},
-        }),
-    rowsOf<CriSetBasebandSdcDadeResetCalibrationImpl, &criSetBasebandSdcDadeResetCalibration>(
-        {
-            .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeResetCalibration",
-            .wireName = "CRI.CriSetBasebandSdcDadeResetCalibration",
-            .controller = "IBasebandSdcController",
-            .missing = "BasebandSdc Controller missing",
-            .notFound = " Error getting interface to ",
-        },
-        {
-            {{1U},
-             {
-                 .name = "BasebandSdcDadeResetCalibration",
-                 .call = "resetDadeCalibration()",
-                 .answer = &baseband<&BasebandSdcControllerDouble::onResetDadeCalibration>,
-                 .failedLogged = "CRI.SetSdcDadeResetCalibration failed",
-                 .failed = "Failed to reset Dade Calibration",
-             }},
-        }),
-    rowsOf<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable>(
+        })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetBasebandSdcDadeResetCalibration, CombinerSetterTest,
+    testing::ValuesIn(
+        rowsOf<CriSetBasebandSdcDadeResetCalibrationImpl, &criSetBasebandSdcDadeResetCalibration>(
+            {
+                .traceChannel = "ZYR.TI.CriSetBasebandSdcDadeResetCalibration",
+                .wireName = "CRI.CriSetBasebandSdcDadeResetCalibration",
+                .controller = "IBasebandSdcController",
+                .missing = "BasebandSdc Controller missing",
+                .notFound = " Error getting interface to ",
+            },
+            {
+                {{1U},
+                 {
+                     .name = "BasebandSdcDadeResetCalibration",
+                     .call = "resetDadeCalibration()",
+                     .answer = &baseband<&BasebandSdcControllerDouble::onResetDadeCalibration>,
+                     .failedLogged = "CRI.SetSdcDadeResetCalibration failed",
+                     .failed = "Failed to reset Dade Calibration",
+                 }},
+            })),
+    &nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    CriSetBasebandSdcEnable, CombinerSetterTest,
+    testing::ValuesIn(rowsOf<CriSetBasebandSdcEnableImpl, &criSetBasebandSdcEnable>(
         {
             .traceChannel = "ZYR.TI.CriSetBasebandSdcEnable",
             .wireName = "CRI.SetBasebandSdcEnable",
@@ -632,11 +664,8 @@ const std::vector<Row> kRows = joined({
                  .failedLogged = "CRI.SetBasebandSdcEnable failed to set Baseband SDC Stop",
                  .failed = "Failed to set SDC Baseband SDC Stop",
              }},
-        }),
-});
-
-INSTANTIATE_TEST_SUITE_P(, CombinerSetterTest, testing::ValuesIn(kRows),
-                         [](const auto& made) { return std::string(made.param.branch.name); });
+        })),
+    &nameOf);
 
 } // namespace
 } // namespace zyr_top_api

@@ -10,7 +10,8 @@
 #include <string_view>
 
 // At the end of a run the faults that the commands' tests have told are compared with those that the commands
-// describe, both ways. A command's tests stand in files whose names begin with its class name.
+// describe, both ways. A command's tests stand in files whose names begin with its class name, or are an
+// instantiation of that name of tests that several commands share.
 
 namespace
 {
@@ -58,9 +59,10 @@ bool matches(const FaultNote& described, const ToldFault& told)
     return described.result == told.result && matches(described.text, told.text);
 }
 
-bool belongsTo(std::string_view testFile, const CommandEntry& command)
+bool belongsTo(std::string_view testFile, std::string_view testSuite, const CommandEntry& command)
 {
-    return testFile.substr(testFile.rfind('/') + 1).starts_with(command.identity->className);
+    return testFile.substr(testFile.rfind('/') + 1).starts_with(command.identity->className) ||
+           testSuite.starts_with(std::string(command.identity->className) + "/");
 }
 
 // The tests of a command, whether they ran or not.
@@ -68,7 +70,8 @@ bool hasTests(const CommandEntry& command)
 {
     const auto& unitTest = *::testing::UnitTest::GetInstance();
     for (int suite = 0; suite < unitTest.total_test_suite_count(); ++suite) {
-        if (belongsTo(unitTest.GetTestSuite(suite)->GetTestInfo(0)->file(), command)) {
+        const auto& test = *unitTest.GetTestSuite(suite)->GetTestInfo(0);
+        if (belongsTo(test.file(), test.test_suite_name(), command)) {
             return true;
         }
     }
@@ -99,7 +102,7 @@ void expectTold(const CommandEntry& command, const FaultNote& described,
                 const std::set<ToldFault>& toldFaults)
 {
     const auto isIt = [&](const ToldFault& told) {
-        return belongsTo(told.testFile, command) && matches(described, told);
+        return belongsTo(told.testFile, told.testSuite, command) && matches(described, told);
     };
     if (std::ranges::none_of(toldFaults, isIt)) {
         ADD_FAILURE() << "told by no test: " << shown(command, described.result, described.text);
@@ -117,7 +120,7 @@ class DescribedFaults : public ::testing::Environment
                 ADD_FAILURE() << "without tests: " << command.name();
             }
             for (const ToldFault& told : toldFaults) {
-                if (belongsTo(told.testFile, command)) {
+                if (belongsTo(told.testFile, told.testSuite, command)) {
                     expectDescribed(command, told);
                 }
             }

@@ -15,7 +15,8 @@ namespace zyr_test
 /// A fault that a test has seen.
 struct ToldFault
 {
-    std::string testFile; ///< where the test stands
+    std::string testFile;  ///< where the test stands
+    std::string testSuite; ///< with the name of the instantiation in front, if the test has parameters
     zyr_top_api::ETIResult result;
     std::string text;
 
@@ -38,7 +39,7 @@ class ToldFaults
         const ::testing::TestInfo* const test = ::testing::UnitTest::GetInstance()->current_test_info();
         if (test != nullptr && !zyr_top_api::isFaultless(response)) {
             const std::lock_guard lock(m_mutex);
-            m_faults.insert({test->file(), response.tiResult, response.faultString});
+            m_faults.insert({test->file(), test->test_suite_name(), response.tiResult, response.faultString});
         }
     }
 
