@@ -134,7 +134,7 @@ class DescribedFaults : public ::testing::Environment
 };
 
 // GoogleTest owns it.
-[[maybe_unused]] const auto* const s_describedFaults =
+[[maybe_unused]] const auto* const kDescribedFaults =
     ::testing::AddGlobalTestEnvironment(new DescribedFaults()); // NOLINT(cert-err58-cpp)
 
 } // namespace
