@@ -1,12 +1,14 @@
 #include "HostDeviceFactory.h"
 
 #include "OwnedDescriptor.h"
+#include "SystemClock.h"
 
 #include <cerrno>
 #include <mutex>
 #include <utility>
 
 #include <fcntl.h>
+#include <linux/rtc.h>
 #include <sys/ioctl.h>
 
 namespace zyr_platform
@@ -24,12 +26,17 @@ class HostDevice : public DDevIo::IDevice
 
     int ioctl(int request, unsigned long argument) override
     {
+        // Requests from 0x80000000 on come as negative numbers; the C library wants them as they were.
+        const auto number = static_cast<unsigned>(request);
+        if (number == RTC_SET_TIME && !isSettingTheClockAllowed()) {
+            errno = EPERM;
+            return -1;
+        }
         std::unique_lock<DDevIo::IMutex> lock;
         if (m_mutex) {
             lock = std::unique_lock(*m_mutex);
         }
-        // Requests from 0x80000000 on come as negative numbers; the C library wants them as they were.
-        return ::ioctl(m_descriptor.number(), static_cast<unsigned>(request), argument);
+        return ::ioctl(m_descriptor.number(), number, argument);
     }
 
   private:

@@ -8,7 +8,8 @@
 namespace zyr_platform
 {
 
-/// Opens the devices of the host.
+/// Opens the devices of the host. A request to set the hardware clock is refused with EPERM unless
+/// `allowSettingTheClock` has allowed it.
 class HostDeviceFactory : public DDevIo::Factory
 {
   public:

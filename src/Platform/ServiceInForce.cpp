@@ -1,6 +1,8 @@
 #include "ServiceInForce.h"
 
 #include "HostDeviceFactory.h"
+#include "HostSystemTime.h"
+#include "SystemClock.h"
 
 #include <chrono>
 #include <thread>
@@ -56,6 +58,12 @@ std::atomic<Util::SteadyClockApi*>& serviceInForce<Util::SteadyClockApi>()
 }
 
 template <>
+std::atomic<Util::SystemTimeApi*>& serviceInForce<Util::SystemTimeApi>()
+{
+    return replacing<Util::SystemTimeApi>;
+}
+
+template <>
 std::atomic<DDevIo::Factory*>& serviceInForce<DDevIo::Factory>()
 {
     return replacing<DDevIo::Factory>;
@@ -71,6 +79,11 @@ Util::DefaultSleepApi& Util::DefaultSleepApi::get()
 Util::SteadyClockApi& Util::SteadyClockApi::get()
 {
     return replacingOrHost<SteadyClockApi, HostClock>();
+}
+
+Util::SystemTimeApi& Util::SystemTimeApi::get()
+{
+    return replacingOrHost<SystemTimeApi, zyr_platform::HostSystemTime>();
 }
 
 DDevIo::Factory& DDevIo::Factory::getInstance()

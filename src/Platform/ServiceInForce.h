@@ -11,7 +11,7 @@ namespace zyr_platform
 {
 
 /// Where a replaceable service stands: null while the host's own one is in force. There is one for the
-/// sleeper, one for the steady clock and one for the device factory.
+/// sleeper, the steady clock, the device factory and the wall clock (SystemClock.h).
 template <class Service>
 std::atomic<Service*>& serviceInForce();
 

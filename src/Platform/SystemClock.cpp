@@ -1,9 +1,14 @@
 #include "SystemClock.h"
 
-#include "SystemTime.h"
+#include "HostSystemTime.h"
 
 #include <atomic>
 #include <cerrno>
+
+#include <unistd.h>
+
+namespace zyr_platform
+{
 
 namespace
 {
@@ -12,14 +17,29 @@ constinit std::atomic<bool> settingAllowed{false};
 
 } // namespace
 
-void zyr_platform::allowSettingTheClock(bool allowed)
+void allowSettingTheClock(bool allowed)
 {
     settingAllowed = allowed;
 }
 
-int Util::stime(const std::time_t* seconds)
+bool isSettingTheClockAllowed()
 {
-    if (!settingAllowed) {
+    return settingAllowed;
+}
+
+int HostSystemTime::access(const char* path, int mode)
+{
+    return ::access(path, mode);
+}
+
+std::time_t HostSystemTime::time()
+{
+    return std::time(nullptr);
+}
+
+int HostSystemTime::stime(const std::time_t* seconds)
+{
+    if (!isSettingTheClockAllowed()) {
         errno = EPERM;
         return -1;
     }
@@ -31,3 +51,5 @@ int Util::stime(const std::time_t* seconds)
     time.tv_sec = *seconds;
     return clock_settime(CLOCK_REALTIME, &time);
 }
+
+} // namespace zyr_platform

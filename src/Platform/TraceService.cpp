@@ -1,5 +1,7 @@
 #include "TraceService.h"
 
+#include "TraceClock.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <stdexcept>
@@ -175,8 +177,7 @@ void TraceService::write(const TylTrace& channel, TylTraceLevel level, const Tyl
     // Callers may report errno behind a trace.
     const int error = errno;
     isInSinks = true;
-    const TraceRecord record{channel.name(), level,      header,
-                             text,           threadId(), std::chrono::system_clock::now()};
+    const TraceRecord record{channel.name(), level, header, text, threadId(), traceTime()};
     const std::shared_ptr<const Sinks> current = sinks();
     for (const auto& sink : *current) {
         writeTo(*sink, record);

@@ -4,10 +4,13 @@
 #include "CiGetFastEventsDescription.h"
 #include "CiManageLoopsDescription.h"
 #include "CiReleaseFastEventsRequestsDescription.h"
+#include "CriCalibrateDspPpsDescription.h"
 #include "CriDisableModulationDescription.h"
 #include "CriEnableAcmDescription.h"
 #include "CriGetAcmModeDescription.h"
 #include "CriGetAirInterfaceCapabilityDescription.h"
+#include "CriGetCalibrationStatusDspPpsDescription.h"
+#include "CriGetHopLengthTimeDspPpsDescription.h"
 #include "CriGetIsRau2T2RDescription.h"
 #include "CriGetRadioChannelCapabilityDescription.h"
 #include "CriGetRadioChannelStatusDescription.h"
@@ -15,6 +18,7 @@
 #include "CriGetRauPowerSuppliedDescription.h"
 #include "CriGetSdcStatusDescription.h"
 #include "CriGetSpectrumDiagnosticsDescription.h"
+#include "CriManagePathLatencyDescription.h"
 #include "CriMimoSpatialMuteDescription.h"
 #include "CriRestartRadioDescription.h"
 #include "CriSetAcmModeDescription.h"
@@ -27,6 +31,7 @@
 #include "CriSetBasebandSdcEnableDescription.h"
 #include "CriSetBoosterPresenceDescription.h"
 #include "CriSetFarEndPmaxCapabilityDescription.h"
+#include "CriSetOutputModeDspPpsDescription.h"
 #include "CriSetRadioChannelNearEndDescription.h"
 #include "CriSetRadioLinkEncryptionDescription.h"
 #include "CriSetRauCarrierAggregationDescription.h"
@@ -38,6 +43,7 @@
 #include "CriSetSdcEnableDescription.h"
 #include "CriSetSdcPathControlDescription.h"
 #include "CriSetSdcRlConfigurationDescription.h"
+#include "CriSetSourceDspPpsDescription.h"
 #include "CriStartRecoveryDescription.h"
 #include "CriWarmInitCompletedDescription.h"
 #include "CriXpicSlaveMuteDescription.h"
@@ -51,8 +57,10 @@
 #include "TiGetTXRFDetectedOutputPowerDescription.h"
 #include "TiManageDspDescription.h"
 #include "TiManageMimoDescription.h"
+#include "TiManagePathLatencyCompensationDescription.h"
 #include "TiManagePmDescription.h"
 #include "TiManageRadioChannelStatusDescription.h"
+#include "TiManageRealTimeClockDescription.h"
 #include "TiManageRfPowerDescription.h"
 #include "TiManageSpcDescription.h"
 #include "TiManageTXIFOutputPowerDescription.h"
@@ -80,6 +88,7 @@ using CommandList = TypeList<
     zyr_top_api::CiGetFastEventsImpl,
     zyr_top_api::CiManageLoopsImpl,
     zyr_top_api::CiReleaseFastEventsRequestsImpl,
+    zyr_top_api::CriCalibrateDspPpsImpl,
     zyr_top_api::CriGetIsRau2T2RImpl,
     zyr_top_api::CriGetRauPowerModeImpl,
     zyr_top_api::CriSetBasebandSdcDadeResetCalibrationImpl,
@@ -89,11 +98,14 @@ using CommandList = TypeList<
     zyr_top_api::CriEnableAcmImpl,
     zyr_top_api::CriGetAcmModeImpl,
     zyr_top_api::CriGetAirInterfaceCapabilityImpl,
+    zyr_top_api::CriGetCalibrationStatusDspPpsImpl,
+    zyr_top_api::CriGetHopLengthTimeDspPpsImpl,
     zyr_top_api::CriGetRadioChannelCapabilityImpl,
     zyr_top_api::CriGetRadioChannelStatusImpl,
     zyr_top_api::CriGetRauPowerSuppliedImpl,
     zyr_top_api::CriGetSdcStatusImpl,
     zyr_top_api::CriGetSpectrumDiagnosticsImpl,
+    zyr_top_api::CriManagePathLatencyImpl,
     zyr_top_api::CriMimoSpatialMuteImpl,
     zyr_top_api::CriRestartRadioImpl,
     zyr_top_api::CriSetAcmModeImpl,
@@ -104,6 +116,7 @@ using CommandList = TypeList<
     zyr_top_api::CriSetBasebandSdcEnableImpl,
     zyr_top_api::CriSetBoosterPresenceImpl,
     zyr_top_api::CriSetFarEndPmaxCapabilityImpl,
+    zyr_top_api::CriSetOutputModeDspPpsImpl,
     zyr_top_api::CriSetRfPowerImpl,
     zyr_top_api::CriSetRadioChannelNearEndImpl,
     zyr_top_api::CriSetRadioLinkEncryptionImpl,
@@ -114,6 +127,7 @@ using CommandList = TypeList<
     zyr_top_api::CriSetSdcEnableImpl,
     zyr_top_api::CriSetSdcPathControlImpl,
     zyr_top_api::CriSetSdcRlConfigurationImpl,
+    zyr_top_api::CriSetSourceDspPpsImpl,
     zyr_top_api::CriStartRecoveryImpl,
     zyr_top_api::CriWarmInitCompletedImpl,
     zyr_top_api::CriXpicSlaveMuteImpl,
@@ -127,8 +141,10 @@ using CommandList = TypeList<
     zyr_top_api::TiGetTXRFDetectedOutputPowerImpl,
     zyr_top_api::TiManageDspImpl,
     zyr_top_api::TiManageMimoImpl,
+    zyr_top_api::TiManagePathLatencyCompensationImpl,
     zyr_top_api::TiManagePmImpl,
     zyr_top_api::TiManageRadioChannelStatusImpl,
+    zyr_top_api::TiManageRealTimeClockImpl,
     zyr_top_api::TiManageRfPowerImpl,
     zyr_top_api::TiManageSpcImpl,
     zyr_top_api::TiManageTXIFOutputPowerImpl,

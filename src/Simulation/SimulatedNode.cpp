@@ -54,6 +54,9 @@ SimulatedNode::SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::
     addCollaborators();
     addClosingPhase();
     m_hardwareVariables.emplace();
+    if (!options.hostClock) {
+        m_clocks.emplace(*m_state);
+    }
     m_state->start();
 }
 

@@ -8,6 +8,7 @@
 #include "Publication.h"
 #include "Registration.h"
 #include "SimulatedAlarmHandler.h"
+#include "SimulatedClocks.h"
 #include "SimulatedNodeOptions.h"
 #include "TimeSource.h"
 
@@ -27,6 +28,8 @@ namespace zyr_simulation
 /// It simulates the collaborators' contracts, not radio physics. Under a virtual time source its behaviour
 /// follows from the options and from what is called alone. All operations may be called from any thread; the
 /// node must outlive all calls of its collaborators, and the time source must outlive the node.
+///
+/// Unless it has the host's clocks, its own ones are those of the process as long as it lives.
 class SimulatedNode
 {
   public:
@@ -100,6 +103,7 @@ class SimulatedNode
     std::list<zyr_platform::Publication> m_publications;
     zyr_platform::Registration m_closingPhase;
     std::optional<HardwareVariables> m_hardwareVariables;
+    std::optional<SimulatedClocks> m_clocks;
     SimulatedAlarmHandler* m_alarmHandler = nullptr;
 };
 

@@ -3,18 +3,24 @@
 #include "CiReleaseFastEventsRequestsImpl.h"
 #include "CmdWrapper.h"
 #include "CommandTest.h"
+#include "CriCalibrateDspPpsImpl.h"
 #include "CriEnableAcmImpl.h"
 #include "CriGetAirInterfaceCapabilityImpl.h"
+#include "CriGetCalibrationStatusDspPpsImpl.h"
+#include "CriGetHopLengthTimeDspPpsImpl.h"
 #include "CriGetRadioChannelStatusImpl.h"
 #include "CriGetRauPowerSuppliedImpl.h"
 #include "CriGetSdcStatusImpl.h"
+#include "CriManagePathLatencyImpl.h"
 #include "CriMimoSpatialMuteImpl.h"
 #include "CriSetActiveSubBandImpl.h"
+#include "CriSetOutputModeDspPpsImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRauCarrierAggregationImpl.h"
 #include "CriSetRauPowerModeImpl.h"
 #include "CriSetRauPowerSuppliedImpl.h"
 #include "CriSetRfPowerImpl.h"
+#include "CriSetSourceDspPpsImpl.h"
 #include "CriXpicSlaveMuteImpl.h"
 #include "TiGetEventsImpl.h"
 #include "TiManageRadioChannelStatusImpl.h"
@@ -42,10 +48,17 @@ class CollaboratorOfChannelTest : public zyr_test::CommandTest
 
 using CommandsOfAChannel =
     testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
-                   CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriSetActiveSubBandImpl,
-                   CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
-                   CriSetRfPowerImpl, CriMimoSpatialMuteImpl, CriXpicSlaveMuteImpl,
+                   CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriMimoSpatialMuteImpl,
+                   CriSetActiveSubBandImpl, CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl,
+                   CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriXpicSlaveMuteImpl,
                    TiManageRadioChannelStatusImpl>;
+testing::Types<CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
+               CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl, CriGetRadioChannelStatusImpl,
+               CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriManagePathLatencyImpl,
+               CriMimoSpatialMuteImpl, CriSetActiveSubBandImpl, CriSetOutputModeDspPpsImpl,
+               CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
+               CriSetRfPowerImpl, CriSetSourceDspPpsImpl, CriXpicSlaveMuteImpl,
+               TiManageRadioChannelStatusImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.

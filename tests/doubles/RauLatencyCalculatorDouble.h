@@ -5,12 +5,13 @@
 #include "Recorder.h"
 
 #include <string>
+#include <vector>
 
 namespace zyr_test
 {
 
 /// Recording double of `IRauLatencyCalculator`. A request stands in the transcript as its six groups, each as
-/// "<value>/<hasValue>/<secondFlag>".
+/// "<value>/<hasValue>/<secondFlag>", and whole in `requests`.
 class RauLatencyCalculatorDouble : public IRauLatencyCalculator, public Recorder
 {
   public:
@@ -29,6 +30,7 @@ class RauLatencyCalculatorDouble : public IRauLatencyCalculator, public Recorder
     zyr_top_api::ETIResult
     calculateAndSetDspDelayCompensation(zyr_top_api::RauLatencyRequest request) override
     {
+        requests.push_back(request);
         const auto group = [](const zyr_top_api::RauLatencyGroup& latency) {
             return std::to_string(latency.value) + "/" + std::to_string(latency.hasValue) + "/" +
                    std::to_string(latency.secondFlag);
@@ -39,6 +41,7 @@ class RauLatencyCalculatorDouble : public IRauLatencyCalculator, public Recorder
         return onCalculateAndSetDspDelayCompensation.next();
     }
 
+    std::vector<zyr_top_api::RauLatencyRequest> requests; ///< all so far
     Answer<zyr_top_api::ETIResult, bool, bool, std::uint32_t, std::uint32_t> onGetCurrentLatency;
     Answer<zyr_top_api::ETIResult> onCalculateAndSetDspDelayCompensation;
 };

@@ -2,11 +2,19 @@
 #include "CiGetFastEventsImpl.h"
 #include "CiReleaseFastEventsRequestsImpl.h"
 #include "CommandMessageBase.h"
+#include "CriCalibrateDspPpsImpl.h"
 #include "CriEnableAcmImpl.h"
+#include "CriGetCalibrationStatusDspPpsImpl.h"
+#include "CriGetHopLengthTimeDspPpsImpl.h"
+#include "CriManagePathLatencyImpl.h"
+#include "CriSetOutputModeDspPpsImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
+#include "CriSetSourceDspPpsImpl.h"
 #include "SlotOrder.h"
 #include "TiGetAllCommandsDataImpl.h"
 #include "TiGetEventsImpl.h"
+#include "TiManagePathLatencyCompensationImpl.h"
+#include "TiManageRealTimeClockImpl.h"
 #include "TiSetEventsImpl.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +34,10 @@ class CommandLayoutTest : public ::testing::Test
 
 using CommandsWithVirtualExecute =
     ::testing::Types<CriEnableAcmImpl, CiGetEventsImpl, CiGetFastEventsImpl, CiReleaseFastEventsRequestsImpl,
-                     TiGetEventsImpl, TiSetEventsImpl, TiGetAllCommandsDataImpl>;
+                     TiGetEventsImpl, TiSetEventsImpl, TiGetAllCommandsDataImpl, CriCalibrateDspPpsImpl,
+                     CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl, CriSetSourceDspPpsImpl,
+                     CriSetOutputModeDspPpsImpl, CriManagePathLatencyImpl,
+                     TiManagePathLatencyCompensationImpl>;
 TYPED_TEST_SUITE(CommandLayoutTest, CommandsWithVirtualExecute);
 
 TYPED_TEST(CommandLayoutTest, ExecuteStandsBehindTheDestructor)
@@ -45,6 +56,29 @@ TEST(NearEndLayoutTest, ExecuteIsAPlainMember)
     EXPECT_TRUE(std::has_virtual_destructor_v<CriSetRadioChannelNearEndImpl>);
     EXPECT_EQ(slotOf(&CriSetRadioChannelNearEndImpl::execute), -1);
     EXPECT_EQ(slotOf(&CriSetRadioChannelNearEndImpl::initialize), -1);
+}
+
+TEST(PathLatencyCompensationLayoutTest, StepsStandBehindExecuteInTheirOrder)
+{
+    using I = TiManagePathLatencyCompensationImpl;
+    EXPECT_EQ(slotOf(&I::onePpsAsymmetryCompensationSet), 3);
+    EXPECT_EQ(slotOf(&I::adjFifoSamplesSet), 4);
+    EXPECT_EQ(slotOf(&I::fffFifoSamplesSet), 5);
+    EXPECT_EQ(slotOf(&I::getCurrentValues), 6);
+}
+
+TEST(RealTimeClockLayoutTest, HardwareStandsBehindTheDestructorAndExecuteIsAPlainMember)
+{
+    using I = TiManageRealTimeClockImpl;
+    EXPECT_TRUE(std::has_virtual_destructor_v<I>);
+    EXPECT_EQ(slotOf(&I::writeRealTimeClock), 2);
+    EXPECT_EQ(slotOf(&I::readRealTimeClock), 3);
+    EXPECT_EQ(slotOf(&I::setSystemTime), 4);
+    EXPECT_EQ(slotOf(&I::getSystemTime), 5);
+    EXPECT_EQ(slotOf(&I::hasRealTimeClock), 6);
+    EXPECT_EQ(slotOf(&I::execute), -1);
+    EXPECT_EQ(slotOf(&I::initialize), -1);
+    static_assert(sizeof(I) == sizeof(void*));
 }
 
 TEST(ResponseLayoutTest, PrintResponseStandsBehindTheDestructor)

@@ -1,5 +1,6 @@
 #include "HostDeviceFactory.h"
 #include "ServiceInForce.h"
+#include "SystemClock.h"
 #include "TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -101,6 +102,23 @@ TEST(Devices, mutexIsHeldForTheRequestAndGoesWithTheDevice)
     EXPECT_THAT(calls, ElementsAre("lock", "unlock"));
     device.reset();
     EXPECT_THAT(calls, ElementsAre("lock", "unlock", "gone"));
+}
+
+TEST(Devices, hardwareClockIsSetOnlyInAProcessThatWasAllowedTo)
+{
+    std::vector<std::string> calls;
+    HostDeviceFactory factory;
+    const auto device = factory.makeUnique32("null", std::make_unique<RecordingMutex>(calls));
+    ASSERT_NE(device, nullptr);
+    errno = 0;
+    EXPECT_EQ(device->ioctl(0x4024700A, 0), -1);
+    EXPECT_EQ(errno, EPERM);
+    EXPECT_THAT(calls, ElementsAre());
+    zyr_platform::allowSettingTheClock(true);
+    EXPECT_EQ(device->ioctl(0x4024700A, 0), -1); // of this device the kernel says that it is no clock
+    EXPECT_EQ(errno, ENOTTY);
+    zyr_platform::allowSettingTheClock(false);
+    EXPECT_THAT(calls, ElementsAre("lock", "unlock"));
 }
 
 TEST(Devices, deviceIsClosedWithItsObject)

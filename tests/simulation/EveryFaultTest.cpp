@@ -1,3 +1,4 @@
+#include "DDevIo.h"
 #include "IBasebandSdcController.h"
 #include "ICcdpController.h"
 #include "IIfLoopDriver.h"
@@ -19,11 +20,14 @@
 #include "IZyrRleHandler.h"
 #include "RecoveryController.h"
 #include "SimulationFixture.h"
+#include "SystemTimeApi.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
+#include <ctime>
 #include <functional>
 #include <map>
 #include <string>
@@ -405,11 +409,36 @@ class EveryFaultTest : public SimulationFixture
     }
 
     /// All collaborators that can fail, each with its calls.
+    // The clocks tell a failure by errno.
+    static std::uint32_t reason(bool success) { return success ? 0 : static_cast<std::uint32_t>(errno); }
+
+    static Calls systemTimeCalls()
+    {
+        return {{"access", [] { return reason(Util::SystemTimeApi::get().access("/dev/rtc", 0) == 0); }},
+                {"stime", [] {
+                     const std::time_t seconds = 1768379405;
+                     return reason(Util::SystemTimeApi::get().stime(&seconds) == 0);
+                 }}};
+    }
+
+    static Calls deviceCalls()
+    {
+        auto& factory = DDevIo::Factory::getInstance();
+        return {{"makeUnique32", [&] { return reason(factory.makeUnique32("rtc0", nullptr) != nullptr); }},
+                {"ioctl", [&] {
+                     std::tm time{};
+                     return reason(factory.makeUnique32("rtc0", nullptr)
+                                       ->ioctl(static_cast<int>(0x80247009U),
+                                               reinterpret_cast<unsigned long>(&time)) == 0);
+                 }}};
+    }
+
     std::map<std::string, Calls> allCalls()
     {
         using nord::zyr::services::recovery::RecoveryController;
         return {
             {"CModuleManager", {{"RunGroup", [] { return CModuleManager_RunGroup(5, 1); }}}},
+            {"DDevIo", deviceCalls()},
             {"IAcmHandler", acmCalls()},
             {"IAlarmHandlerTopApi", alarmCalls()},
             {"IBasebandSdcController", sdcCalls()},
@@ -439,6 +468,7 @@ class EveryFaultTest : public SimulationFixture
             {"IRauHandler", rauCalls()},
             {"IRssiHandler", rssiCalls()},
             {"ISystemPowerController", systemPowerCalls()},
+            {"SystemTimeApi", systemTimeCalls()},
             {"ITapsController", tapsCalls()},
             {"ITxIQImbalanceHandler",
              {{"OnTxFrequencyChanged",

@@ -1,8 +1,9 @@
 """What commands do on the simulated node, seen through the wire."""
 
+import time
 import xmlrpc.client
 
-from node_process import Call, NodeTest, near_end_request, power_request, wait_for_transmitter
+from node_process import PATIENCE, Call, NodeTest, near_end_request, power_request, wait_for_transmitter
 
 
 class EnableAcmTest(NodeTest):
@@ -161,3 +162,19 @@ class IntrospectionTest(NodeTest):
         results = multicall()
         self.assertEqual(results[0], {"tiResult": 0})
         self.assertRegex(self.fault_of(lambda: results[1]), "^3 eTI_E_PARAMETER_INVALID: CRI.EnableAcm: channelId")
+
+
+class ClockTest(NodeTest):
+    options = ("--enable-ti",)
+
+    def test_set_time_is_the_nodes_and_not_the_hosts(self):
+        before = time.time()
+        set_time = self.proxy.TI.ManageRealTimeClock({"dateTime": "20260114T08:30:05"})["dateTime"]
+        self.assertRegex(set_time, "^20260114T08:3[01]:[0-5][0-9]$")
+        self.assertGreaterEqual(self.proxy.TI.ManageRealTimeClock()["dateTime"], set_time)
+        self.assertGreaterEqual(time.time(), before)
+        self.assertLess(time.time(), before + PATIENCE)
+
+    def test_time_in_another_form_is_refused(self):
+        self.assertEqual(self.fault_of(self.proxy.TI.ManageRealTimeClock, {"dateTime": "2026-01-14T08:30:05Z"}),
+                         '2 Cannot use "2026-01-14T08:30:05Z". Expected format is %Y%m%dT%H:%M:%S')

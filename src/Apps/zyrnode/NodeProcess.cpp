@@ -4,6 +4,7 @@
 #include "RealTime.h"
 #include "SimMethods.h"
 #include "SimulatedNode.h"
+#include "SystemClock.h"
 #include "TraceService.h"
 #include "XmlRpcServer.h"
 
@@ -86,6 +87,7 @@ void runNode(const Options& options)
         TraceService::get().setLevel(setting.pattern, setting.level);
     }
 
+    zyr_platform::allowSettingTheClock(options.node.hostClock);
     zyr_platform::RealTime time;
     zyr_simulation::SimulatedNode node(options.node, time);
     for (const zyr_simulation::Fault& fault : options.faults) {

@@ -74,6 +74,9 @@ void addOptions(CLI::App& app, Options& options)
         ->check(CLI::Range(1, 3));
     app.add_option("--seed", options.node.seed, "What is left to chance follows from it. Default 1");
     app.add_flag("--enable-ti", options.enableTi, "Open the test commands");
+    app.add_flag("--host-clock", options.node.hostClock,
+                 "Let TI.ManageRealTimeClock read and set this host's own clocks, the system's and /dev/rtc, "
+                 "instead of the simulated node's; setting them takes the right to (CAP_SYS_TIME)");
     app.add_option_function<std::vector<std::string>>(
            "--trace",
            [&](const std::vector<std::string>& texts) {

@@ -29,6 +29,8 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
                                     std::to_string(options.channels));
     }
     radioType(options.radioType); // refuses an unknown type
+    clocks.system = std::chrono::system_clock::now().time_since_epoch() - now();
+    clocks.hardware = clocks.system;
     for (unsigned number = 1; number <= options.channels; ++number) {
         auto& channel = channels.emplace_back();
         channel.number = number;

@@ -36,6 +36,13 @@ struct DspState
 /// Destinations by route type and channel.
 using Routes = std::map<std::pair<zyr_top_api::RouteType, std::uint32_t>, std::uint32_t>;
 
+/// The node's clocks, each as what it is ahead of the node's time source, counted from 1970.
+struct Clocks
+{
+    std::chrono::nanoseconds system{0};
+    std::chrono::nanoseconds hardware{0};
+};
+
 /// The state that all simulated collaborators of a node share.
 ///
 /// Everything but the faults, which guard themselves, is guarded by `mutex`. Always owned by a shared
@@ -72,6 +79,7 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     DspState dsp;
     unsigned frameUpdateMode = 0;
     Routes routes;
+    Clocks clocks;
 
   private:
     void after(std::chrono::nanoseconds delay, std::function<void(NodeState&)> action);

@@ -27,6 +27,8 @@ struct SimulatedNodeOptions
     std::int32_t farEndTxPower_dBmTenths = 200;
     bool farEndTransmits = true;
     std::uint32_t hopLength_m = 5000;
+
+    bool hostClock = false; ///< The node has the host's clocks, else clocks of its own that start alike.
 };
 
 } // namespace zyr_simulation
