@@ -23,7 +23,7 @@ constexpr std::array<std::pair<std::string_view, FieldType>, 6> kTypes{{
 
 FieldType typeOf(const std::string& name)
 {
-    const auto row = std::ranges::find(kTypes, name, &std::pair<std::string_view, FieldType>::first);
+    const auto* const row = std::ranges::find(kTypes, name, &std::pair<std::string_view, FieldType>::first);
     return row == kTypes.end() ? FieldType::Other : row->second;
 }
 

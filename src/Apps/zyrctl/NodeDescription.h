@@ -61,6 +61,7 @@ struct FaultDescription
 };
 
 /// One command of the node.
+// NOLINTNEXTLINE(bugprone-exception-escape): judges the move of a JSON value, which does not throw
 struct CommandDescription
 {
     std::string name;
