@@ -592,21 +592,5 @@ TEST_F(CriGetAirInterfaceCapabilityTest, SecondInitialiseFetchesTheCollaborators
     EXPECT_EQ(impl.execute(command(2)).tiResult, 0xA100);
 }
 
-TEST_F(CriGetAirInterfaceCapabilityTest, RecordsNameTheSourceOfTheCommand)
-{
-    const auto sink = std::make_shared<zyr_platform::MemorySink>();
-    const zyr_platform::Registration registration = zyr_platform::TraceService::get().addSink(sink);
-    initialise();
-    handler.onGetRadioFrames = std::vector<RadioFrameRecord>{};
-    impl.execute(command(1));
-    const auto records = sink->records();
-    ASSERT_EQ(records.size(), 1U);
-    EXPECT_EQ(std::string(records[0].header.file)
-                  .find("src/Device/ZyrTopApi/messages/CriGetAirInterfaceCapability/src/"
-                        "CriGetAirInterfaceCapabilityImplNev"),
-              0U)
-        << records[0].header.file;
-}
-
 } // namespace
 } // namespace zyr_top_api

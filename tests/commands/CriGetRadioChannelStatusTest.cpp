@@ -181,7 +181,7 @@ TEST_F(CriGetRadioChannelStatusTest, FrameShowsRequestAndResponseAtLevel5)
     setTraceLevel("ZYR.TI.CriGetRadioChannelStatus", 7);
     criGetRadioChannelStatus({3, true});
     EXPECT_EQ(transcript.text(), R"(
-5 ZYR.COMM: CRI.GetRadioChannelStatus Request: RadioChannelID: 3, ResetErrorBlocks: 1
+5 ZYR.COMM: CRI.GetRadioChannelStatus Request: RadioChannelID: 3, ResetErrorBlocks: 1\n
 5 ZYR.COMM: CRI.GetRadioChannelStatus Response: tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannelID out of bounds\n----------------------------------------------------\n
 )");
 }
@@ -193,7 +193,7 @@ TEST_F(CriGetRadioChannelStatusTest, FrameShowsTheDataOfAResponse)
     criGetRadioChannelStatus({2, false});
     const std::vector<std::string> lines = transcript.lines();
     EXPECT_EQ(lines.front(),
-              "5 ZYR.COMM: CRI.GetRadioChannelStatus Request: RadioChannelID: 2, ResetErrorBlocks: 0");
+              "5 ZYR.COMM: CRI.GetRadioChannelStatus Request: RadioChannelID: 2, ResetErrorBlocks: 0\\n");
     EXPECT_EQ(lines.back(), std::string("5 ZYR.COMM: CRI.GetRadioChannelStatus Response: ") + kHealthyData +
                                 "\\n----------------------------------------------------\\n");
 }
@@ -1218,7 +1218,7 @@ IBasebandSdcController_1.isStarted()
 )");
 }
 
-TEST_F(CriGetRadioChannelStatusTest, RecordsNameTheSourceOfTheCommand)
+TEST_F(CriGetRadioChannelStatusTest, RecordsNameTheFunctionWhoseStepTheyAre)
 {
     const auto sink = std::make_shared<zyr_platform::MemorySink>();
     const zyr_platform::Registration registration = zyr_platform::TraceService::get().addSink(sink);
@@ -1229,15 +1229,32 @@ TEST_F(CriGetRadioChannelStatusTest, RecordsNameTheSourceOfTheCommand)
     startMimo(one, 2);
     one.dspApi.statusApi.onGetErrorBlocks = {eTI_S_OK, DspErrorBlocks{}};
     impl.execute({1, false});
-    const auto records = sink->records();
-    EXPECT_EQ(records.size(), 8U);
-    for (const auto& record : records) {
-        EXPECT_EQ(std::string(record.header.file)
-                      .find("src/Device/ZyrTopApi/messages/CriGetRadioChannelStatus/src/"
-                            "CriGetRadioChannelStatusImpl"),
-                  0U)
-            << record.header.file << ": " << record.text;
+    std::string functions;
+    for (const auto& record : sink->records()) {
+        EXPECT_EQ(record.header.file,
+                  std::string("src/Device/ZyrTopApi/messages/CriGetRadioChannelStatus/src/"
+                              "CriGetRadioChannelStatusImpl.cpp"))
+            << record.text;
+        functions += std::string(record.header.function) + "\n";
     }
+    EXPECT_EQ(functions, "initialize\ninitialize\ninitialize\ninitialize\ninitialize\n"
+                         "execute\nexecute\nexecute\n");
+}
+
+// What the DSP hands out is named with its channel, and nothing of the failed call stays.
+TEST_F(CriGetRadioChannelStatusTest, DspWithoutControlPartThrowsOnceMimoIsStarted)
+{
+    initialise();
+    node.channel2.mimoController.onIsStarted = true;
+    node.channel2.dspApi.onGetDspControlApi = nullptr;
+    try {
+        impl.execute({2, false});
+        FAIL() << "nothing thrown";
+    } catch (const std::out_of_range& missing) {
+        EXPECT_STREQ(missing.what(), "IDspControlApi of radio channel 2");
+    }
+    node.channel2.mimoController.onIsStarted = false;
+    EXPECT_EQ(outcome(impl.execute({2, false})), "result 0x0 0 \"\"");
 }
 
 } // namespace

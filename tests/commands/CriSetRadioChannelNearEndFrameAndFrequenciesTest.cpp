@@ -485,6 +485,20 @@ IAcmHandler_2.enableAcm(true)
 )");
 }
 
+TEST_F(NearEndFrameTest, ChannelWithoutARauHandlerSaysSoAlsoWithoutASwitch)
+{
+    withdraw("IRauHandler_2");
+    ASSERT_EQ(impl.initialize(2), 0);
+    transcript.clear();
+    setTraceLevel("ZYR.TI.CriSetRadioChannelNearEnd", 7);
+    Command command = NearEndTest::command(2);
+    command.rauMultiTrxConfig.ifSwitchMode.reset();
+    EXPECT_EQ(run(command), kSuccess);
+    EXPECT_EQ(linesWith({"IRauHandler", "MultiTrx"}), R"(
+4 ZYR.TI.CriSetRadioChannelNearEnd: Did not find interface: IRauHandler_2
+)");
+}
+
 TEST_F(NearEndFrameTest, SwitchIsSetEvenIfTheRadioUnitIsAway)
 {
     node.channel1.radio.onIsAvailable = false;

@@ -76,9 +76,13 @@ TEST_F(NearEndLinkTest, ResetIgnoresStopsThatFail)
     node.channel1.mimoController.onIsStarted = true;
     node.channel1.mimoController.onStop = 0x8000;
     EXPECT_EQ(run(reset()), kSuccess);
-    EXPECT_EQ(linesWith({"stop()"}), R"(
+    EXPECT_EQ(calls(), R"(
+ISystemPowerController_1.isConfigurationBypassed()
+ICcdpController_1.isStarted()
 ICcdpController_1.stop()
+IMimoController_1.isStarted()
 IMimoController_1.stop()
+group 5 for channel 1
 )");
 }
 
@@ -313,6 +317,31 @@ TEST_F(NearEndLinkTest, RecoveryDueToCarrierAggregationIsTold)
 IDspControlApi_2.getRequiredRecovery(3)
 4 ZYR.TI.CriSetRadioChannelNearEnd: DSP recovery triggered! Mode: DspWithoutConfig (due to carrier aggregation)
 RecoveryController.startDspRecovery(1)
+)");
+}
+
+TEST_F(NearEndLinkTest, RetryThatAsksForMoreItselfTellsTheCarrierAggregationToo)
+{
+    setTraceLevel(kChannel, 4);
+    node.channel1.acmHandler.onMuteAcm.inTurn({0x8000, eACMH_S_OK});
+    dsp.onGetRequiredRecovery.inTurn(
+        {{eTI_S_OK, Recover::None, false}, {eTI_S_OK, Recover::DspWithoutConfig, true}});
+    EXPECT_EQ(run(command()), kSuccess);
+    EXPECT_EQ(linesWith({"DspRecovery", "triggered"}), R"(
+4 ZYR.TI.CriSetRadioChannelNearEnd: DSP recovery triggered! Mode: Dsp (due to carrier aggregation)
+RecoveryController.startDspRecovery(2)
+)");
+}
+
+TEST_F(NearEndLinkTest, RetryTellsTheCarrierAggregationThoughTheDspNeedsNothing)
+{
+    setTraceLevel(kChannel, 4);
+    node.channel1.acmHandler.onMuteAcm.inTurn({0x8000, eACMH_S_OK});
+    dsp.onGetRequiredRecovery = {eTI_S_OK, Recover::None, true};
+    EXPECT_EQ(run(command()), kSuccess);
+    EXPECT_EQ(linesWith({"DspRecovery", "triggered"}), R"(
+4 ZYR.TI.CriSetRadioChannelNearEnd: DSP recovery triggered! Mode: Dsp (due to carrier aggregation)
+RecoveryController.startDspRecovery(2)
 )");
 }
 

@@ -617,6 +617,29 @@ prints StandardResponse Sent\n
 )text");
 }
 
+// Explicit instantiation may name a private member; no way through `initialize` leaves this one empty.
+template <auto Member>
+struct Access
+{
+    friend auto& tapsControllerOf(CriSetRfPowerImpl& impl) { return impl.*Member; }
+};
+template struct Access<&CriSetRfPowerImpl::m_tapsController>;
+auto& tapsControllerOf(CriSetRfPowerImpl& impl);
+
+TEST_F(CriSetRfPowerTest, ChannelWithoutTapsSucceedsThoughBothOptionsAreAskedFor)
+{
+    ASSERT_EQ(impl.initialize(2), 0);
+    tapsControllerOf(impl) = {};
+    transcript.clear();
+    setTraceLevel("*", 7);
+    CriSetRfPower::Command request = command(1);
+    request.tapsEnable = true;
+    request.hrlbEnabled = true;
+    EXPECT_EQ(outcome(impl.execute(request)), "result 0x0 0 \"\"");
+    EXPECT_EQ(transcript.text().find("Taps"), std::string::npos) << transcript.text();
+    EXPECT_EQ(transcript.lines().back(), "IAcmHandler_1.restoreAcm()");
+}
+
 TEST_F(CriSetRfPowerTest, InitialiseTellsTheFirstMissingInterfaceOfAChannelAndCanBeRepeated)
 {
     for (const char* name : {"IAcmHandler_1", "ITapsController_1", "IDspApi_1", "IOutputPowerCalculator_1",

@@ -10,6 +10,7 @@
 #include "StartUpState.h"
 #include "TextWriter.h"
 #include "ToldFaults.h"
+#include "ToldSource.h"
 #include "TraceService.h"
 #include "Transcript.h"
 #include "VirtualTime.h"
@@ -26,7 +27,8 @@
 namespace zyr_test
 {
 
-/// Writes trace records into the transcript: "<level> <channel>: <text>".
+/// Writes trace records into the transcript: "<level> <channel>: <text>". Fails the test at a record that
+/// names another source than it has to.
 class TranscriptSink : public zyr_platform::TraceSink
 {
   public:
@@ -34,6 +36,7 @@ class TranscriptSink : public zyr_platform::TraceSink
 
     void write(const zyr_platform::TraceRecord& record) override
     {
+        expectToldSource(record);
         const std::string front = std::to_string(record.level) + " " + std::string(record.channel) + ":";
         m_transcript.add(record.text.empty() ? front : front + " " + std::string(record.text));
     }

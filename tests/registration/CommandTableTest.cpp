@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -120,6 +121,28 @@ TEST_F(CommandTableTest, CommandsAreFoundByTheirExactNames)
     EXPECT_EQ(zyr_registration::findCommand("CRI.enableAcm"), nullptr);
     EXPECT_EQ(zyr_registration::findCommand(""), nullptr);
     EXPECT_EQ(zyr_registration::findCommand("ZZ"), nullptr);
+}
+
+TEST_F(CommandTableTest, EveryTraceChannelStartsAtLevel3)
+{
+    std::vector<std::string> names{"ZYR.COMM", "ZYR.ZyrTopApi"};
+    for (const CommandEntry& command : zyr_registration::allCommands()) {
+        names.emplace_back(command.identity->traceChannel);
+        const zyr_registration::LiveCommand live = command.create();
+        command.initialize(live.implementation.get(), 2);
+        DefaultCall call;
+        try {
+            command.run(live.implementation.get(), call);
+        } catch (const std::out_of_range&) { // its collaborators are missing
+        }
+    }
+    const auto channels = zyr_platform::TraceService::get().channels();
+    for (const std::string& name : names) {
+        const auto channel = std::ranges::find(channels, name, &zyr_platform::TraceService::Channel::name);
+        ASSERT_NE(channel, channels.end()) << name;
+        EXPECT_EQ(channel->defaultLevel, 3) << name;
+        EXPECT_EQ(channel->level, 3) << name;
+    }
 }
 
 TEST_F(CommandTableTest, EveryCommandIsDescribed)

@@ -1,9 +1,11 @@
 #include "CriGetRadioChannelStatusImpl.h"
 
 #include "Failure.h"
+#include "IDspStatusApi.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "Negated.h"
+#include "ResultLaw.h"
 #include "Zyr.h"
 #include "ZyrApiHandler.h"
 
@@ -16,26 +18,35 @@ constinit TylTrace CriGetRadioChannelStatusImpl::s_trace{CriGetRadioChannelStatu
 namespace
 {
 
+// The functions whose steps log in members and helpers.
+constexpr const char* kInitialize = "initialize";
+constexpr const char* kExecute = "execute";
+
 // Two pieces of news that change nothing.
 void reportBasebandSdc(const TylTrace& trace, const std::string& name, std::uint32_t channel,
                        IBasebandSdcController& controller)
 {
-    log(trace, 5, [&](TextWriter& text) { text << " --> Found the interface to " << name; });
+    log(
+        trace, 5, [&](TextWriter& text) { text << " --> Found the interface to " << name; }, __FILE__,
+        __LINE__, kInitialize);
     const bool isStarted = controller.isStarted();
-    log(trace, 5, [&](TextWriter& text) {
-        if (isStarted) {
-            text << " --> basebandSdc IS STARTED for channel " << channel;
-        } else {
-            text << " --> basebandSdc IS NOT STARTED";
-        }
-    });
+    log(
+        trace, 5,
+        [&](TextWriter& text) {
+            if (isStarted) {
+                text << " --> basebandSdc IS STARTED for channel " << channel;
+            } else {
+                text << " --> basebandSdc IS NOT STARTED";
+            }
+        },
+        __FILE__, __LINE__, kInitialize);
 }
 
 } // namespace
 
 void CriGetRadioChannelStatus::Command::print(TextWriter& text) const
 {
-    text << "RadioChannelID: " << RadioChannelID << ", ResetErrorBlocks: " << ResetErrorBlocks;
+    text << "RadioChannelID: " << RadioChannelID << ", ResetErrorBlocks: " << ResetErrorBlocks << "\n";
 }
 
 std::string CriGetRadioChannelStatus::Response::printResponse() const
@@ -125,6 +136,46 @@ CriGetRadioChannelStatus::Response CriGetRadioChannelStatusImpl::execute(const C
     }
     fillOptional(command.RadioChannelID, readings, response);
     return response;
+}
+
+// The readings that log: all records of the command name its source.
+
+CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command,
+                                                                                    Readings& readings)
+{
+    IDspStatusApi* const statusApi = m_dspApi[command.RadioChannelID].getDspStatusApi();
+    if (statusApi == nullptr) {
+        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
+    }
+    if (failed(statusApi->getErrorBlocks(readings.blocks, command.ResetErrorBlocks))) {
+        return failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
+    }
+    if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
+        log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!", __FILE__,
+            __LINE__, kExecute);
+    }
+    readings.snir = statusApi->getSnir();
+    return {};
+}
+
+void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readings& readings)
+{
+    IBasebandSdcController* const controller = m_basebandSdcController.find(channel);
+    if (controller == nullptr) {
+        // sic: ends in a blank
+        log(s_trace, 7, " --> ptr basebandSdc to m_basebandSdcController IS NOT initialize ", __FILE__,
+            __LINE__, kExecute);
+        return;
+    }
+    if (!controller->isStarted()) {
+        return;
+    }
+    log(s_trace, 7, " --> basebandSdc IS STARTED", __FILE__, __LINE__, kExecute);
+    readings.basebandSdcIsStarted = controller->isStarted(); // the second answer is the one that is reported
+    readings.basebandSdc = controller->getStatus();
+    readings.dadeStatus = controller->getDadeStatus();
+    readings.dadeDelay = controller->getDadeDelay();
+    readings.calibrationData = controller->getCalibrationData();
 }
 
 void CriGetRadioChannelStatusImpl::fillCommon(std::uint32_t channel, const Readings& readings,

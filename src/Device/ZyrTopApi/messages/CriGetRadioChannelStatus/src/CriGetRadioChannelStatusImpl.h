@@ -24,8 +24,8 @@
 namespace zyr_top_api
 {
 
-/// The live object of "CRI.GetRadioChannelStatus". Its sources: the command (`CriGetRadioChannelStatusImpl`)
-/// and the readings by concern (`CriGetRadioChannelStatusImplReadings`).
+/// The live object of "CRI.GetRadioChannelStatus". Its sources: the command with all that logs
+/// (`CriGetRadioChannelStatusImpl`) and the readings that do not (`CriGetRadioChannelStatusImplReadings`).
 class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
 {
   public:

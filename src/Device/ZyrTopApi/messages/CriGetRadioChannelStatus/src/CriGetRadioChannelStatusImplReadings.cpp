@@ -1,11 +1,11 @@
-// What the collaborators of the channel say, in the order in which they are asked.
+// What the collaborators of the channel say, in the order in which they are asked. Nothing logs here: all
+// records of the command name its other source.
 
 #include "CriGetRadioChannelStatusImpl.h"
 #include "Failure.h"
 #include "IDspChannelApi.h"
 #include "IDspControlApi.h"
 #include "IDspStatusApi.h"
-#include "Log.h"
 #include "ModulationAndCoding.h"
 #include "Required.h"
 #include "ResultLaw.h"
@@ -79,23 +79,6 @@ CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readRssi(std
     return {};
 }
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command,
-                                                                                    Readings& readings)
-{
-    IDspStatusApi* const statusApi = m_dspApi[command.RadioChannelID].getDspStatusApi();
-    if (statusApi == nullptr) {
-        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
-    }
-    if (failed(statusApi->getErrorBlocks(readings.blocks, command.ResetErrorBlocks))) {
-        return failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
-    }
-    if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
-        log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!");
-    }
-    readings.snir = statusApi->getSnir();
-    return {};
-}
-
 CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readXpic(std::uint32_t channel,
                                                                              Readings& readings)
 {
@@ -141,25 +124,6 @@ void CriGetRadioChannelStatusImpl::readMimo4x4(IMimoController& mimoController, 
     readings.xpi = mimoController.getXpi().valueOr(0);
     readings.xpicStatus =
         mimoLockStatusToString(mimoController.getXpicStatus().valueOr(MimoLockStatus::Unlocked));
-}
-
-void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readings& readings)
-{
-    IBasebandSdcController* const controller = m_basebandSdcController.find(channel);
-    if (controller == nullptr) {
-        // sic: ends in a blank
-        log(s_trace, 7, " --> ptr basebandSdc to m_basebandSdcController IS NOT initialize ");
-        return;
-    }
-    if (!controller->isStarted()) {
-        return;
-    }
-    log(s_trace, 7, " --> basebandSdc IS STARTED");
-    readings.basebandSdcIsStarted = controller->isStarted(); // the second answer is the one that is reported
-    readings.basebandSdc = controller->getStatus();
-    readings.dadeStatus = controller->getDadeStatus();
-    readings.dadeDelay = controller->getDadeDelay();
-    readings.calibrationData = controller->getCalibrationData();
 }
 
 CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readPpfLock(std::uint32_t channel,

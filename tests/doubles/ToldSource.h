@@ -1,0 +1,74 @@
+#pragma once
+
+#include "CommandRows.h"
+#include "TraceSink.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace zyr_test
+{
+
+/// The commands whose every record names one source, "<class>Impl.cpp" of its folder, so that those who read
+/// traces find it.
+inline constexpr std::array<std::string_view, 31> kCommandsWithToldSource{
+    "CriCalibrateDspPps",
+    "CriEnableAcm",
+    "CriGetCalibrationStatusDspPps",
+    "CriGetHopLengthTimeDspPps",
+    "CriGetIsRau2T2R",
+    "CriGetRadioChannelCapability",
+    "CriGetRadioChannelStatus",
+    "CriGetRauPowerMode",
+    "CriGetSpectrumDiagnostics",
+    "CriManagePathLatency",
+    "CriMimoSpatialMute",
+    "CriSetActiveSubBand",
+    "CriSetOutputModeDspPps",
+    "CriSetRadioLinkEncryption",
+    "CriSetRauPowerMode",
+    "CriSetSourceDspPps",
+    "CriXpicSlaveMute",
+    "TiGetIfLoop",
+    "TiGetNarrowWideFilters",
+    "TiGetRxXcStatusLevel",
+    "TiGetTXRFDetectedOutputPower",
+    "TiManageMimo",
+    "TiManagePathLatencyCompensation",
+    "TiManageRadioChannelStatus",
+    "TiManageRealTimeClock",
+    "TiManageTXIFOutputPower",
+    "TiManageTXRFGain",
+    "TiManageXpic",
+    "TiSetIfFrequency",
+    "TiSetIfLoop",
+    "TiSetNarrowWideFilters",
+};
+
+/// Expects that a record of a command's channel names the command's source, and a function.
+inline void expectToldSource(const zyr_platform::TraceRecord& record)
+{
+    const auto* const row = std::ranges::find(kCommandRows, record.channel, [](const CommandRow& one) {
+        return std::string_view(one.traceChannel);
+    });
+    if (row == kCommandRows.end()) {
+        return;
+    }
+    const std::string command = row->className;
+    const std::string folder = "src/Device/ZyrTopApi/messages/" + command + "/src/";
+    if (command == "CriGetAirInterfaceCapability") {
+        EXPECT_EQ(record.header.file, folder + "CriGetAirInterfaceCapabilityImplNev.cpp") << record.text;
+    } else if (std::ranges::find(kCommandsWithToldSource, command) != kCommandsWithToldSource.end()) {
+        EXPECT_EQ(record.header.file, folder + command + "Impl.cpp") << record.text;
+    } else {
+        EXPECT_TRUE(std::string_view(record.header.file).starts_with(folder)) << record.header.file;
+    }
+    EXPECT_STRNE(record.header.function, "") << record.text;
+    EXPECT_STRNE(record.header.function, "operator()") << record.text;
+}
+
+} // namespace zyr_test
