@@ -45,6 +45,35 @@ class FrameTest : public zyr_test::CommandTest
         setTraceLevel("ZYR.COMM", level);
     }
 
+    /// The functions that the frame's records name during a call, with the number of records in a row.
+    template <class Call>
+    static std::string functionsOfRecords(const Call& call)
+    {
+        const auto sink = std::make_shared<zyr_platform::MemorySink>();
+        const zyr_platform::Registration registration = zyr_platform::TraceService::get().addSink(sink);
+        setFrameLevels(6);
+        call();
+        setFrameLevels(3);
+        std::string text;
+        std::string function;
+        int count = 0;
+        const auto tell = [&] {
+            if (count != 0) {
+                text += (text.empty() ? "" : ", ") + function + " x " + std::to_string(count);
+            }
+        };
+        for (const auto& record : sink->records()) {
+            if (record.header.function != function) {
+                tell();
+                function = record.header.function;
+                count = 0;
+            }
+            ++count;
+        }
+        tell();
+        return text;
+    }
+
     /// Has each execution write a line.
     void makeTelling(OpenProbe& probe, const std::string& name)
     {
@@ -105,16 +134,24 @@ probe executes 7
 )");
 }
 
-TEST_F(FrameTest, EntryNamesTheFunction)
+TEST_F(FrameTest, EveryRecordNamesTheFunctionWhoseStepItIs)
 {
-    const auto sink = std::make_shared<zyr_platform::MemorySink>();
-    const zyr_platform::Registration registration = zyr_platform::TraceService::get().addSink(sink);
-    setTraceLevel("ZYR.ZyrTopApi", 6);
-    call<OpenProbe>();
-    const auto records = sink->records();
-    ASSERT_GE(records.size(), 1U);
-    EXPECT_STREQ(records[0].header.function, "executeCommand");
-    EXPECT_EQ(records[0].text, "");
+    EXPECT_EQ(functionsOfRecords([this] { call<OpenProbe>(); }), "executeCommand x 4");
+    add<OpenProbe>("CRI.Probe");
+    EXPECT_EQ(functionsOfRecords([this] { call<OpenProbe>(); }), "executeCommand x 5");
+    EXPECT_EQ(functionsOfRecords([this] { call<GatedProbe>(); }), "executeCommand x 2");
+    openTestGate();
+    add<OpenProbe>("TI.Probe");
+    EXPECT_EQ(functionsOfRecords([this] { call<GatedProbe>(); }), "executeCommand x 5");
+    add<OpenProbe>("CI.GetFastEvents");
+    EXPECT_EQ(functionsOfRecords([] { ciGetFastEvents({}); }), "executeCommand x 6");
+}
+
+TEST_F(FrameTest, RecordsOfTheRegistrationNameItsFunctions)
+{
+    EXPECT_EQ(functionsOfRecords(ZyrApiHandler::registerCriFunctionInIm), "registerCriFunctionInIm x 1");
+    EXPECT_EQ(functionsOfRecords(ZyrApiHandler::registerTiFunctionInIm),
+              "registerTiFunctionInIm x 1, setTiEnabled x 1");
 }
 
 TEST_F(FrameTest, ObjectOfTheCallerIsATagThatNeverRuns)
@@ -342,37 +379,77 @@ TEST_F(FrameTest, ClosedGateConcernsNoOtherCommand)
 
 // The registration functions.
 
-std::vector<std::string>* ran = nullptr;
+zyr_test::Transcript* written = nullptr;
 
-TEST_F(FrameTest, CriRegistrationRunsItsFunctionsInOrderAndOpensNothing)
+TEST_F(FrameTest, CriRegistrationRunsItsFunctionsInOrderBehindItsEntryAndOpensNothing)
 {
-    std::vector<std::string> order;
-    ran = &order;
-    ZyrApiHandler::m_registerInImFunctionsCri = {[] { ran->push_back("first"); },
-                                                 [] { ran->push_back("second"); }};
-    ZyrApiHandler::m_registerInImFunctionsTi = {[] { ran->push_back("test command"); }};
+    written = &transcript;
+    ZyrApiHandler::m_registerInImFunctionsCri = {[] { written->add("first"); },
+                                                 [] { written->add("second"); }};
+    ZyrApiHandler::m_registerInImFunctionsTi = {[] { written->add("test command"); }};
     setTraceLevel("ZYR.ZyrTopApi", 6);
     ZyrApiHandler::registerCriFunctionInIm();
-    EXPECT_EQ(order, (std::vector<std::string>{"first", "second"}));
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.ZyrTopApi:
+first
+second
 )");
     EXPECT_EQ(outcome(call<GatedProbe>()), R"(result 0x8003 4 "Error: Command not available")");
 }
 
-TEST_F(FrameTest, TiRegistrationRunsItsFunctionsInOrderAndThenOpensTheGate)
+TEST_F(FrameTest, TiRegistrationRunsItsFunctionsInOrderBehindItsEntryAndThenOpensTheGate)
 {
-    std::vector<std::string> order;
-    ran = &order;
+    written = &transcript;
     const auto note = [] {
-        ran->push_back(outcome(ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{})));
+        written->add(outcome(ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{})));
     };
-    ZyrApiHandler::m_registerInImFunctionsCri = {[] { ran->push_back("radio command"); }};
-    ZyrApiHandler::m_registerInImFunctionsTi = {[] { ran->push_back("first"); }, note};
+    ZyrApiHandler::m_registerInImFunctionsCri = {[] { written->add("radio command"); }};
+    ZyrApiHandler::m_registerInImFunctionsTi = {[] { written->add("first"); }, note};
+    setTraceLevel("ZYR.ZyrTopApi", 6);
     ZyrApiHandler::registerTiFunctionInIm();
-    EXPECT_EQ(order,
-              (std::vector<std::string>{"first", R"(result 0x8003 4 "Error: Command not available")"}));
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.ZyrTopApi:
+first
+6 ZYR.ZyrTopApi:
+1 ZYR.ZyrTopApi: Error: Command TI.Probe not available
+result 0x8003 4 "Error: Command not available"
+6 ZYR.ZyrTopApi: tiEnabled=1
+)");
     EXPECT_EQ(outcome(call<GatedProbe>()), R"(result 0x0 0 "")");
+}
+
+// Tries the gate whenever the frame traces.
+class GateWatch : public zyr_platform::TraceSink
+{
+  public:
+    void write(const zyr_platform::TraceRecord& record) override
+    {
+        const auto result = ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{}).tiResult;
+        seen += std::string(record.text) + (result == eTI_S_OK ? ": open\n" : ": closed\n");
+    }
+
+    std::string seen;
+};
+
+TEST_F(FrameTest, GateMovesBehindTheTraceOfItsMove)
+{
+    const auto watch = std::make_shared<GateWatch>();
+    const zyr_platform::Registration registration = zyr_platform::TraceService::get().addSink(watch);
+    setTraceLevel("ZYR.ZyrTopApi", 6);
+    ZyrApiHandler::setTiEnabled(true);
+    ZyrApiHandler::setTiEnabled(true);
+    ZyrApiHandler::setTiEnabled(false);
+    ZyrApiHandler::setTiEnabled(false);
+    EXPECT_EQ(watch->seen,
+              "tiEnabled=1: closed\ntiEnabled=1: open\ntiEnabled=0: open\ntiEnabled=0: closed\n");
+}
+
+// Before any code of this program has moved it.
+const ETIResult kGateAtTheStart = ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{}).tiResult;
+
+TEST(GateTest, IsClosedFromTheStart)
+{
+    EXPECT_EQ(kGateAtTheStart, 0x8003U);
 }
 
 TEST_F(FrameTest, TiRegistrationTracesItsEntryAndTheGates)

@@ -42,6 +42,13 @@ CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase& entry)
     return typeid(entry) == types.wrapperType ? &entry : types.cast(entry);
 }
 
+// A record of the frame. All of them are steps of `executeCommand`.
+template <class Text>
+void logStep(const TylTrace& trace, TylTraceLevel level, const Text& text, int line = __builtin_LINE())
+{
+    log(trace, level, text, __FILE__, line, "executeCommand");
+}
+
 } // namespace
 
 DispatchScope::DispatchScope(const DispatchTypes& types) : m_types(types)
@@ -62,13 +69,15 @@ CmdWrapperBase* DispatchScope::find()
     const CommandIdentity& identity = m_types.identity;
     if (identity.isGated() && !ZyrApiHandler::m_tiEnabled.load(std::memory_order_relaxed)) {
         m_outcome = Outcome::Refused;
-        log(ZyrApiHandler::m_trace, 1,
-            [&](TextWriter& text) { text << "Error: Command " << identity.wireName << " not available"; });
+        // sic: the log names the command, the answer doesn't
+        logStep(ZyrApiHandler::m_trace, 1, [&](TextWriter& text) {
+            text << "Error: Command " << identity.wireName << " not available";
+        });
         return nullptr;
     }
 
-    log(ZyrApiHandler::m_trace, 6,
-        [&](TextWriter& text) { text << "Running " << identity.className << "::Command"; });
+    logStep(ZyrApiHandler::m_trace, 6,
+            [&](TextWriter& text) { text << "Running " << identity.className << "::Command"; });
 
     const std::shared_ptr<CmdWrapperBase>* const found = firstEntry(identity.wireName);
     if (found == nullptr) {
@@ -77,8 +86,10 @@ CmdWrapperBase* DispatchScope::find()
     CmdWrapperBase* const entry = castTo(m_types, **found);
     if (entry == nullptr) {
         m_outcome = Outcome::CastFailed;
-        log(ZyrApiHandler::m_trace, 1,
-            [&](TextWriter& text) { text << "Error: Cast of CmdWrapper failed for " << identity.wireName; });
+        // sic: the log names the command, the answer doesn't
+        logStep(ZyrApiHandler::m_trace, 1, [&](TextWriter& text) {
+            text << "Error: Cast of CmdWrapper failed for " << identity.wireName;
+        });
         return nullptr;
     }
     m_entry = *found;
@@ -87,7 +98,7 @@ CmdWrapperBase* DispatchScope::find()
 
 void DispatchScope::logRequest(const void* command) const
 {
-    log(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
+    logStep(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
         text << m_types.identity.wireName << " Request: ";
         m_types.printCommand(command, text);
     });
@@ -102,9 +113,9 @@ void DispatchScope::finish(BaseResponse& response) const
     if (m_outcome == Outcome::CastFailed) {
         setResult(response, eTI_E_FAILED, "Error: Cast of CmdWrapper failed");
     }
-    log(ZyrApiHandler::m_trace, 6,
-        [&](TextWriter& text) { text << "Return " << m_types.identity.responseLabel; });
-    log(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
+    logStep(ZyrApiHandler::m_trace, 6,
+            [&](TextWriter& text) { text << "Return " << m_types.identity.responseLabel; });
+    logStep(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
         text << m_types.identity.wireName << " Response: ";
         m_types.printResponse(response, text);
         text << kDashLine;

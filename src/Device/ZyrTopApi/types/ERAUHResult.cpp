@@ -19,7 +19,7 @@ constexpr auto kFailures = std::to_array<EnumTextRow<ERAUHResult>>({
     {eRAUH_E_NOT_IMPLEMENTED, "Rau handler is not implemented"},
     {eRAUH_E_INVALID_ARGUMENT, "Invalid argument"},
     {eRAUH_E_ALREADY_INITIALIZED, "Rau is already initialized"},
-    {eRAUH_E_MODULE_REGISTRATION_ERROR, "Rau module registeration error"},
+    {eRAUH_E_MODULE_REGISTRATION_ERROR, "Rau module registeration error"}, // sic
     {eRAUH_E_FAILED_TO_REGISTER_MODULE_CALLBACK, "Failed to register module callback"},
     {eRAUH_E_UNKNOWN_PHASE, "Unknown Rau Handler Phase"},
     {eRAUH_E_UNEVEN_DATA_LENGTH, "Uneven data length"},
