@@ -47,18 +47,13 @@ class CollaboratorOfChannelTest : public zyr_test::CommandTest
 {};
 
 using CommandsOfAChannel =
-    testing::Types<CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl, CriGetRadioChannelStatusImpl,
-                   CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriMimoSpatialMuteImpl,
-                   CriSetActiveSubBandImpl, CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl,
-                   CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriXpicSlaveMuteImpl,
-                   TiManageRadioChannelStatusImpl>;
-testing::Types<CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
-               CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl, CriGetRadioChannelStatusImpl,
-               CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriManagePathLatencyImpl,
-               CriMimoSpatialMuteImpl, CriSetActiveSubBandImpl, CriSetOutputModeDspPpsImpl,
-               CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl,
-               CriSetRfPowerImpl, CriSetSourceDspPpsImpl, CriXpicSlaveMuteImpl,
-               TiManageRadioChannelStatusImpl>;
+    testing::Types<CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
+                   CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl,
+                   CriGetRadioChannelStatusImpl, CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl,
+                   CriManagePathLatencyImpl, CriMimoSpatialMuteImpl, CriSetActiveSubBandImpl,
+                   CriSetOutputModeDspPpsImpl, CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl,
+                   CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriSetSourceDspPpsImpl,
+                   CriXpicSlaveMuteImpl, TiManageRadioChannelStatusImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
