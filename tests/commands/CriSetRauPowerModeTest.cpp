@@ -97,7 +97,7 @@ prints StandardResponse Sent\n
 7 ZYR.TI.CriSetRauPowerModeImpl: channel 2: rauPowerMode.trxId still undefined
 IRauHandler_2.setPowerMode(0, 0)
 1 ZYR.TI.CriSetRauPowerModeImpl: Failed to set rau power mode
-result 0x8000 4 "SetRauPowerMode failed: ERAUHResult = eRAUH_E_OUT_OF_RANGE"
+result 0x8000 4 "SetRauPowerMode failed: ERAUHResult = Data is out of range"
 prints StandardResponse Sent\n
 )x");
 }
@@ -192,7 +192,7 @@ TEST_F(CriSetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     const std::pair<unsigned, std::string> rows[] = {
-        {0x8000, "eRAUH_E_FAILED"}, {32774, "32774"},           {32787, "eRAUH_E_PATH_LATENCY_RESET_NEEDED"},
+        {0x8000, "General Failure"}, {32774, "32774"},           {32787, "Radio Path latency reset needed"},
         {32788, "32788"},           {0xFFFFFFFF, "4294967295"},
     };
     for (const auto& [result, text] : rows) {
