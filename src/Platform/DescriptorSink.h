@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <string>
+#include <utility>
 
 #include <unistd.h>
 
@@ -18,7 +20,12 @@ class DescriptorSink : public TraceSink
 {
   public:
     /// @param descriptor  stays open, and stays the caller's, as long as the sink is in use
-    explicit DescriptorSink(int descriptor) : m_descriptor(descriptor) {}
+    /// @param name        what standard error is told when records can't be written, once until they can be
+    /// again;
+    ///                    empty: nothing is told
+    explicit DescriptorSink(int descriptor, std::string name = {})
+        : m_descriptor(descriptor), m_name(std::move(name))
+    {}
 
     void write(const TraceRecord& record) override;
 
@@ -26,8 +33,13 @@ class DescriptorSink : public TraceSink
     std::uint64_t lostRecords() const { return m_lostRecords; }
 
   private:
+    void lose(int error);
+
     int m_descriptor;
+    const std::string m_name;
     std::atomic<std::uint64_t> m_lostRecords = 0;
+    std::atomic<bool> m_isFailing = false;
+    std::atomic<bool> m_isTorn = false; ///< the last line has no end
 };
 
 /// Writes records to standard error.

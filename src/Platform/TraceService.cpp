@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -16,28 +17,32 @@ namespace
 {
 
 /// Whether the pattern stands for the name. A "*" of the pattern also stands for a "*" in the name, so that
-/// this tells as well whether a pattern covers another one.
+/// this tells as well whether a pattern covers another one. The parts between the stars are sought one after
+/// the other, each behind the one before, and never again.
 bool matches(std::string_view pattern, std::string_view name)
 {
-    std::size_t inPattern = 0;
-    std::size_t inName = 0;
-    std::size_t star = std::string_view::npos;
-    std::size_t afterStar = 0;
-    while (inName < name.size()) {
-        if (inPattern < pattern.size() && pattern[inPattern] == '*') {
-            star = inPattern++;
-            afterStar = inName;
-        } else if (inPattern < pattern.size() && pattern[inPattern] == name[inName]) {
-            ++inPattern;
-            ++inName;
-        } else if (star != std::string_view::npos) {
-            inPattern = star + 1;
-            inName = ++afterStar;
-        } else {
+    const std::size_t firstStar = pattern.find('*');
+    if (firstStar == std::string_view::npos) {
+        return pattern == name;
+    }
+    const std::string_view beginning = pattern.substr(0, firstStar);
+    const std::string_view end = pattern.substr(pattern.rfind('*') + 1);
+    if (name.size() < beginning.size() + end.size() || !name.starts_with(beginning) || !name.ends_with(end)) {
+        return false;
+    }
+    name = name.substr(beginning.size(), name.size() - beginning.size() - end.size());
+    pattern = pattern.substr(beginning.size(), pattern.size() - beginning.size() - end.size());
+    while (!pattern.empty()) {
+        pattern.remove_prefix(1);
+        const std::string_view part = pattern.substr(0, pattern.find('*'));
+        const std::size_t found = name.find(part);
+        if (found == std::string_view::npos) {
             return false;
         }
+        name.remove_prefix(found + part.size());
+        pattern.remove_prefix(part.size());
     }
-    return pattern.find_first_not_of('*', inPattern) == std::string_view::npos;
+    return true;
 }
 
 TylTraceLevel defaultLevelOf(const TylTrace& channel)
@@ -49,6 +54,11 @@ void checkSetting(std::string_view pattern, TylTraceLevel level)
 {
     if (pattern.empty()) {
         throw std::invalid_argument("no trace channel is named");
+    }
+    if (pattern.size() > TraceService::kLongestPattern) {
+        throw std::invalid_argument("the name of the trace channel has " + std::to_string(pattern.size()) +
+                                    " characters, it may have " +
+                                    std::to_string(TraceService::kLongestPattern));
     }
     if (level < TraceService::kSilent || level > TraceService::kHighestLevel) {
         throw std::invalid_argument("trace level " + std::to_string(level) + " is not within 0 to 7");
@@ -93,17 +103,30 @@ TraceService& TraceService::get()
 std::string TraceService::setLevel(std::string_view pattern, TylTraceLevel level)
 {
     checkSetting(pattern, level);
-    const std::scoped_lock lock(m_levelsMutex);
-    std::erase_if(m_settings, [&](const Setting& old) { return matches(pattern, old.pattern); });
-    m_settings.push_back({std::string(pattern), level});
-    std::size_t named = 0;
-    for (const TylTrace* channel : m_channels) {
-        if (matches(pattern, channel->name())) {
-            channel->setLevel(level);
-            ++named;
-        }
+    // Those who set levels wait for each other, but those who trace don't wait for the matching.
+    const std::scoped_lock setting(m_settingMutex);
+    Settings changed = *settings();
+    std::erase_if(changed, [&](const Setting& old) { return matches(pattern, old.pattern); });
+    if (changed.size() >= kMostSettings) {
+        throw std::invalid_argument(
+            "there are " + std::to_string(kMostSettings) +
+            " settings of trace levels, no more can be kept; one for \"*\" replaces all");
     }
-    return acceptance(pattern, level, named);
+    changed.push_back({std::string(pattern), level});
+    std::vector<const TylTrace*> known;
+    std::vector<const TylTrace*> named;
+    {
+        const std::scoped_lock lock(m_levelsMutex);
+        m_settings = std::make_shared<const Settings>(std::move(changed));
+        known = m_channels;
+    }
+    // A channel that attaches itself from now on finds the new settings.
+    std::ranges::copy_if(known, std::back_inserter(named),
+                         [&](const TylTrace* channel) { return matches(pattern, channel->name()); });
+    for (const TylTrace* channel : named) {
+        channel->setLevel(level);
+    }
+    return acceptance(pattern, level, named.size());
 }
 
 std::string TraceService::setLevelForAll(TylTraceLevel level)
@@ -113,8 +136,8 @@ std::string TraceService::setLevelForAll(TylTraceLevel level)
 
 void TraceService::resetLevels()
 {
-    const std::scoped_lock lock(m_levelsMutex);
-    m_settings.clear();
+    const std::scoped_lock lock(m_settingMutex, m_levelsMutex);
+    m_settings = std::make_shared<const Settings>();
     for (const TylTrace* channel : m_channels) {
         channel->setLevel(defaultLevelOf(*channel));
     }
@@ -122,12 +145,15 @@ void TraceService::resetLevels()
 
 std::vector<TraceService::Channel> TraceService::channels() const
 {
-    std::vector<Channel> result;
+    std::vector<const TylTrace*> known;
     {
         const std::scoped_lock lock(m_levelsMutex);
-        for (const TylTrace* channel : m_channels) {
-            result.push_back({channel->name(), levelOf(*channel), defaultLevelOf(*channel)});
-        }
+        known = m_channels;
+    }
+    const std::shared_ptr<const Settings> current = settings();
+    std::vector<Channel> result;
+    for (const TylTrace* channel : known) {
+        result.push_back({channel->name(), levelOf(*channel, *current), defaultLevelOf(*channel)});
     }
     std::ranges::sort(result, {}, &Channel::name);
     return result;
@@ -159,13 +185,19 @@ void TraceService::removeSink(const TraceSink& sink)
 
 TylTraceLevel TraceService::attach(const TylTrace& channel)
 {
-    const std::scoped_lock lock(m_levelsMutex);
-    const TylTraceLevel level = levelOf(channel);
-    if (std::ranges::find(m_channels, &channel) == m_channels.end()) {
-        m_channels.push_back(&channel);
-        channel.setLevel(level);
+    while (true) {
+        const std::shared_ptr<const Settings> current = settings();
+        const TylTraceLevel level = levelOf(channel, *current);
+        const std::scoped_lock lock(m_levelsMutex);
+        if (current != m_settings) {
+            continue; // changed while we looked
+        }
+        if (std::ranges::find(m_channels, &channel) == m_channels.end()) {
+            m_channels.push_back(&channel);
+            channel.setLevel(level);
+        }
+        return level;
     }
-    return level;
 }
 
 void TraceService::write(const TylTrace& channel, TylTraceLevel level, const TylTraceHeader& header,
@@ -186,12 +218,18 @@ void TraceService::write(const TylTrace& channel, TylTraceLevel level, const Tyl
     errno = error;
 }
 
-TylTraceLevel TraceService::levelOf(const TylTrace& channel) const
+TylTraceLevel TraceService::levelOf(const TylTrace& channel, const Settings& settings)
 {
-    const auto latest = std::find_if(m_settings.rbegin(), m_settings.rend(), [&](const Setting& setting) {
+    const auto latest = std::find_if(settings.rbegin(), settings.rend(), [&](const Setting& setting) {
         return matches(setting.pattern, channel.name());
     });
-    return latest == m_settings.rend() ? defaultLevelOf(channel) : latest->level;
+    return latest == settings.rend() ? defaultLevelOf(channel) : latest->level;
+}
+
+std::shared_ptr<const TraceService::Settings> TraceService::settings() const
+{
+    const std::scoped_lock lock(m_levelsMutex);
+    return m_settings;
 }
 
 std::shared_ptr<const TraceService::Sinks> TraceService::sinks() const

@@ -24,6 +24,9 @@ class TraceService
     static constexpr TylTraceLevel kSilent = 0;       ///< level of a channel that writes nothing
     static constexpr TylTraceLevel kHighestLevel = 7; ///< everything
 
+    static constexpr std::size_t kLongestPattern = 128; ///< characters of a pattern
+    static constexpr std::size_t kMostSettings = 256;   ///< that are kept
+
     /// A channel as it stands. Default levels outside 0 to 7 count as the nearest of these.
     struct Channel
     {
@@ -37,7 +40,7 @@ class TraceService
     static TraceService& get();
 
     /// Sets the level of the channels that the pattern names, now and when they are first used. The latest
-    /// setting that names a channel counts.
+    /// setting that names a channel counts, and replaces those whose patterns its own one covers.
     /// @param pattern  a channel's name, case counts; a "*" stands for any text, the empty one included
     /// @param level    0 (silent) to 7; this level and those below it are on
     /// @return what was accepted, as text: pattern, level, and how many channels in use it names
@@ -75,13 +78,17 @@ class TraceService
 
     TraceService() = default;
 
-    TylTraceLevel levelOf(const TylTrace& channel) const;
+    using Settings = std::vector<Setting>; // the latest is the last
+
+    static TylTraceLevel levelOf(const TylTrace& channel, const Settings& settings);
+    std::shared_ptr<const Settings> settings() const;
     std::shared_ptr<const Sinks> sinks() const;
     void removeSink(const TraceSink& sink);
 
-    mutable std::mutex m_levelsMutex; ///< guards channels and settings, and all changes of levels
+    std::mutex m_settingMutex;        ///< held by the one who sets levels, and taken before the next one
+    mutable std::mutex m_levelsMutex; ///< guards channels and settings; nothing is matched under it
     std::vector<const TylTrace*> m_channels;
-    std::vector<Setting> m_settings; ///< the latest is the last
+    std::shared_ptr<const Settings> m_settings = std::make_shared<const Settings>();
 
     mutable std::mutex m_sinksMutex; ///< guards the pointer; never held while a sink writes
     std::shared_ptr<const Sinks> m_sinks = std::make_shared<const Sinks>();

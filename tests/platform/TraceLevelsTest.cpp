@@ -271,4 +271,50 @@ TEST_F(TraceLevels, levelsMayFlipWhileManyThreadsTrace)
     EXPECT_LE(std::ranges::count(records, "at times", &MemorySink::Kept::text), kMessages * kWriters);
 }
 
+TEST_F(TraceLevels, patternHas128CharactersAtTheMost)
+{
+    EXPECT_NO_THROW(m_service.setLevel(std::string(128, 'x'), 4));
+    try {
+        m_service.setLevel(std::string(129, 'x'), 4);
+        ADD_FAILURE();
+    } catch (const std::invalid_argument& error) {
+        EXPECT_STREQ(error.what(), "the name of the trace channel has 129 characters, it may have 128");
+    }
+}
+
+TEST_F(TraceLevels, settingsAreBoundedAndOneForAllReplacesThem)
+{
+    for (int count = 0; count < 256; ++count) {
+        m_service.setLevel("Levels.bound." + std::to_string(count), 4);
+    }
+    EXPECT_NO_THROW(m_service.setLevel("Levels.bound.17", 5)) << "one that is there already";
+    try {
+        m_service.setLevel("Levels.bound.256", 4);
+        ADD_FAILURE();
+    } catch (const std::invalid_argument& error) {
+        EXPECT_STREQ(
+            error.what(),
+            "there are 256 settings of trace levels, no more can be kept; one for \"*\" replaces all");
+    }
+    const TylTrace& channel = freshChannel("Levels.bound");
+    EXPECT_FALSE(channel.isEnabled(4)) << "what was refused has changed nothing";
+    m_service.setLevel("*", 2);
+    EXPECT_NO_THROW(m_service.setLevel("Levels.bound.256", 4));
+}
+
+TEST_F(TraceLevels, patternOfManyStarsIsMatchedInNoTime)
+{
+    std::string pattern;
+    for (int count = 0; count < 63; ++count) {
+        pattern += "*a";
+    }
+    pattern += "*b";
+    const TylTrace& hostile = freshChannel(std::string(20'000, 'a'));
+    EXPECT_TRUE(hostile.isEnabled(1));
+    const auto start = std::chrono::steady_clock::now();
+    m_service.setLevel(pattern, 7);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
+    EXPECT_FALSE(hostile.isEnabled(7));
+}
+
 } // namespace

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -19,6 +20,7 @@
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace
@@ -291,6 +293,74 @@ TEST(TraceSinks, recordThatTheDiskDoesNotTakeIsCounted)
     }
     EXPECT_EQ(sink->lostRecords(), 1U);
     ::close(full);
+}
+
+TEST(TraceSinks, fullDiskIsToldOnceOnStandardError)
+{
+    const auto sink = std::make_shared<FileSink>("/dev/full");
+    const auto added = TraceService::get().addSink(sink);
+    const TylTrace& channel = freshChannel("Sinks.full");
+    testing::internal::CaptureStderr();
+    for (int count = 0; count < 3; ++count) {
+        channel.logMsg(1, kHeader, "x");
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "can't write to the trace file /dev/full: No space left on "
+              "device; what can't be written is lost\n");
+    EXPECT_EQ(sink->lostRecords(), 3U);
+}
+
+TEST(TraceSinks, pipeThatNobodyReadsHoldsUpNobody)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("pipe");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const int reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    testing::internal::CaptureStderr();
+    {
+        const auto sink = std::make_shared<FileSink>(path);
+        const auto added = TraceService::get().addSink(sink);
+        const TylTrace& channel = freshChannel("Sinks.pipe");
+        const std::string text(10'000, 'x');
+        for (int count = 0; count < 20; ++count) {
+            channel.logMsg(1, kHeader, text);
+        }
+        EXPECT_GT(sink->lostRecords(), 0U);
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("can't write to the trace file "));
+    ::close(reader);
+}
+
+TEST(TraceSinks, fileThatWasMovedAwayIsOpenedAnew)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("trace.log");
+    const auto sink = std::make_shared<FileSink>(path);
+    const auto added = TraceService::get().addSink(sink);
+    const TylTrace& channel = freshChannel("Sinks.reopen");
+    channel.logMsg(1, kHeader, "first");
+    ASSERT_EQ(std::rename(path.c_str(), folder.path("trace.old").c_str()), 0);
+    channel.logMsg(1, kHeader, "second");
+    sink->reopen();
+    channel.logMsg(1, kHeader, "third");
+    EXPECT_EQ(linesOf(contentOf(folder.path("trace.old"))).size(), 2U);
+    const auto lines = linesOf(contentOf(path));
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_THAT(lines[0], HasSubstr("third"));
+}
+
+TEST(TraceSinks, fileThatCannotBeOpenedAnewStaysInUse)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("trace.log");
+    const std::string moved = folder.path("trace.old");
+    const auto sink = std::make_shared<FileSink>(path);
+    const auto added = TraceService::get().addSink(sink);
+    ASSERT_EQ(std::rename(path.c_str(), moved.c_str()), 0);
+    ASSERT_EQ(::mkdir(path.c_str(), 0700), 0);
+    EXPECT_THROW(sink->reopen(), std::system_error);
+    freshChannel("Sinks.reopen").logMsg(1, kHeader, "still here");
+    EXPECT_EQ(linesOf(contentOf(moved)).size(), 1U);
 }
 
 TEST(TraceSinks, standardErrorSinkWritesThere)
