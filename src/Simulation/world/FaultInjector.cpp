@@ -36,6 +36,10 @@ void FaultInjector::inject(const Fault& fault)
 {
     const std::scoped_lock lock(m_mutex);
     check(fault);
+    if (m_faults.size() >= kMostFaults) {
+        throw std::invalid_argument("there are " + std::to_string(kMostFaults) +
+                                    " orders to fail, no more can be kept");
+    }
     m_faults.push_back(fault);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -28,6 +29,8 @@ struct Fault
 class FaultInjector
 {
   public:
+    static constexpr std::size_t kMostFaults = 256; ///< orders that are kept
+
     /// @param channels  the number of channels of the node
     explicit FaultInjector(unsigned channels) : m_channels(channels) {}
 
@@ -38,8 +41,9 @@ class FaultInjector
                               bool perChannel);
 
     /// Adds an order. Of several orders for one operation the oldest is used up first.
-    /// @throws std::invalid_argument if the collaborator, the operation, the channel or the count can't be;
-    ///         the text says what is known
+    /// @throws std::invalid_argument if the collaborator, the operation, the channel or the count can't be,
+    /// the
+    ///         text says what is known; or if there are `kMostFaults` orders already
     void inject(const Fault& fault);
 
     /// Drops all orders.
