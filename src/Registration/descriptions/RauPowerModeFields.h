@@ -4,18 +4,17 @@
 #include "RauPowerMode.h"
 
 #include <array>
-#include <span>
 
 namespace zyr_registration
 {
 
 /// What the number of a transceiver stands for.
-inline std::span<const EnumText> transceivers()
+inline Vocabulary transceivers()
 {
     static constexpr std::array kRows{
         EnumText{zyr_top_api::kTrxUndefined, "undefined"}, EnumText{zyr_top_api::kTrxFirst, "first"},
         EnumText{zyr_top_api::kTrxSecond, "second"}, EnumText{zyr_top_api::kTrxBoth, "both"}};
-    return kRows;
+    return {"Transceiver", kRows};
 }
 
 template <>

@@ -108,7 +108,7 @@ struct EnumVocabulary<zyr_top_api::LinkType>
     // The vocabulary's own function makes strings that nobody keeps.
     static std::span<const EnumText> texts()
     {
-        return oneOf<"Disable", "Enable_A", "Enable_B", "Enable_C", "Enable_D">();
+        return oneOf<"Disable", "Enable_A", "Enable_B", "Enable_C", "Enable_D">().rows;
     }
 };
 
