@@ -68,7 +68,7 @@ std::string textList(std::span<const EnumText> texts)
 std::string stringText(const ValueType& type, const FieldNotes& notes)
 {
     if (notes.texts != nullptr) {
-        return "a string, one of " + textList(notes.texts());
+        return "a string, one of " + textList(notes.texts().rows);
     }
     return type.form.empty() ? "a string" : "a string like " + inQuotes(type.form);
 }
@@ -77,7 +77,7 @@ std::string integerText(const ValueType& type, const FieldNotes& notes, std::uin
 {
     const std::string range = rangeText(acceptedRange(type, notes, numberOfChannels));
     if (const Texts texts = textsOf(type, notes)) {
-        return "one of " + numberedList(texts()) + ", or " + range;
+        return "one of " + numberedList(texts().rows) + ", or " + range;
     }
     const bool isAnyChannel = (type.isChannel || notes.isChannel) && numberOfChannels == 0 && !notes.range;
     return isAnyChannel ? "a radio channel of the node, from 1" : range;
@@ -158,7 +158,7 @@ std::int64_t integerIn(const Place& place, const ValueType& type, const Value& v
 
 std::int64_t numberOfText(const Place& place, const ValueType& type, const Value& value)
 {
-    const auto texts = textsOf(type, place.field.notes)();
+    const auto texts = textsOf(type, place.field.notes)().rows;
     const auto row = std::ranges::find(texts, value.get_ref<const std::string&>(), &EnumText::text);
     if (row == texts.end()) {
         refuseValue(place, type, value);

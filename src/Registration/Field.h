@@ -5,6 +5,7 @@
 #include "MemberName.h"
 #include "Optional.h"
 #include "RadioChannel.h"
+#include "TypeName.h"
 #include "ValueType.h"
 
 #include <algorithm>
@@ -91,6 +92,7 @@ struct TypeOf<ether_addr>
 {
     static constexpr ValueType type{.kind = Kind::String,
                                     .form = "aa:bb:cc:dd:ee:ff",
+                                    .pattern = "^[0-9A-Fa-f]{2}(:[0-9A-Fa-f]{2}){5}$",
                                     .text = {&ethernetAddressText, &parseEthernetAddress}};
 };
 
@@ -120,10 +122,16 @@ struct TypeOf<T>
 };
 
 template <class Enum>
+Vocabulary vocabularyOf()
+{
+    return {typeName<Enum>(), EnumVocabulary<Enum>::texts()};
+}
+
+template <class Enum>
 constexpr Texts textsOf()
 {
     if constexpr (requires { EnumVocabulary<Enum>::texts(); }) {
-        return &EnumVocabulary<Enum>::texts;
+        return &vocabularyOf<Enum>;
     } else {
         return nullptr;
     }
@@ -282,21 +290,21 @@ inline constexpr const ValueType& kValueType = detail::TypeOf<T>::type;
 
 /// Texts for `FieldNotes::texts`: `.texts = oneOf<"Up", "Down">`. Of a number they stand for 0, 1 and so on.
 template <detail::Literal... Text>
-std::span<const EnumText> oneOf()
+Vocabulary oneOf()
 {
     static constexpr auto rows = [] {
         std::int64_t number = 0;
         return std::array{EnumText{number++, Text.view()}...};
     }();
-    return rows;
+    return {{}, rows};
 }
 
 /// The texts of an enumeration for `FieldNotes::texts`, of a string that holds one of them or of a number
 /// that stands for one: `.texts = namesOf<AcmMode>`.
 template <class Enum>
-std::span<const EnumText> namesOf()
+Vocabulary namesOf()
 {
-    return EnumVocabulary<Enum>::texts();
+    return detail::vocabularyOf<Enum>();
 }
 
 /// Describes a member of a record, under the member's own name. Does not compile if the notes leave open what
@@ -306,10 +314,15 @@ std::span<const EnumText> namesOf()
 template <auto Member, class Owner = typename detail::MemberOf<Member>::Record>
 consteval Field field(std::string_view help, FieldNotes notes = {})
 {
-    const ValueType& type = detail::TypeOf<typename detail::MemberOf<Member>::Type>::type;
+    using Type = typename detail::MemberOf<Member>::Type;
+    const ValueType& type = detail::TypeOf<Type>::type;
     detail::checkNotes(type, help, notes);
-    return {memberName<Member>(), &type,
-            [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, help, notes};
+    return {memberName<Member>(),
+            &type,
+            [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); },
+            sizeof(Type),
+            help,
+            notes};
 }
 
 /// A pair travels as a struct of `first` and `second`.

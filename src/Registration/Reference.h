@@ -3,6 +3,7 @@
 #include "Description.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace zyr_registration
@@ -19,6 +20,7 @@ namespace zyr_registration
 ///   optional factor and what is counted), `texts` (array of structs of `number` and `text`), `noValues` (the
 ///   same, for numbers that are no value);
 /// - of a string: `form`, `values` (array of all that it can be);
+/// - of both: `vocabulary` (name of the enumeration that `texts` or `values` are the texts of);
 /// - of a struct `fields`, of an array `element` (like a field without a name);
 /// - in a request: `default` (when left out), `example`, `changes` (another value than the default makes a
 ///   `readOnly` method change something);
@@ -36,7 +38,7 @@ std::string hashOf(const Value& descriptions);
 /// The same as plain text, for people.
 std::string helpText(const MethodNotes& method, std::uint32_t numberOfChannels);
 
-/// The reference of all commands, in Markdown.
-std::string referenceMarkdown();
+/// The reference of all commands and of other methods, in Markdown.
+std::string referenceMarkdown(std::span<const MethodNotes> otherMethods = {});
 
 } // namespace zyr_registration

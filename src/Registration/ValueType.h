@@ -45,8 +45,15 @@ struct EnumText
     std::string_view text;
 };
 
-/// Gives a table of texts, the same one for ever.
-using Texts = std::span<const EnumText> (*)();
+/// The texts of numbers, or all that a string can be.
+struct Vocabulary
+{
+    std::string_view name; ///< that of the enumeration; empty: the texts of one field
+    std::span<const EnumText> rows;
+};
+
+/// Gives a vocabulary, the same one for ever.
+using Texts = Vocabulary (*)();
 
 /// Makes a record with its defaults.
 using MakeRecord = std::shared_ptr<void> (*)();
@@ -83,6 +90,7 @@ struct ValueType
     Range range = {};                   ///< of an integer
     bool isChannel = false;             ///< an integer that is limited to the node's radio channels
     std::string_view form = {};         ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
+    std::string_view pattern = {};      ///< the same as a regular expression
     Texts texts = nullptr;              ///< of an enumeration
     std::span<const Field> fields = {}; ///< of a struct
     MakeRecord make = nullptr;          ///< of a struct
@@ -128,6 +136,7 @@ struct Field
     std::string_view name;          ///< the member's, spelling and case included
     const ValueType* type;          ///< what it holds
     void* (*address)(void* record); ///< where it is in a record
+    std::size_t size;               ///< of the member, in bytes
     std::string_view help;          ///< what it is, in a few words
     FieldNotes notes = {};
 

@@ -1,5 +1,6 @@
 #include "Field.h"
 
+#include "CriEnableAcm.h"
 #include "Vocabularies.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +68,8 @@ TEST(FieldTest, NotesFitTheType)
 
 TEST(FieldTest, TextsAreCountedFromZero)
 {
-    const auto rows = oneOf<"low", "", "high">();
+    const auto [name, rows] = oneOf<"low", "", "high">();
+    EXPECT_EQ(name, "");
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[1].number, 1);
     EXPECT_EQ(rows[1].text, "");
@@ -77,7 +79,11 @@ TEST(FieldTest, TextsAreCountedFromZero)
 
 TEST(FieldTest, TextsOfAnEnumerationAreItsVocabulary)
 {
-    EXPECT_EQ(namesOf<zyr_top_api::AcmMode>()[2].text, "Basic");
+    const auto [name, rows] = namesOf<zyr_top_api::AcmMode>();
+    EXPECT_EQ(name, "AcmMode");
+    EXPECT_EQ(rows[2].text, "Basic");
+    EXPECT_EQ(typeName<bcm::types::ModemChain>(), "ModemChain");
+    EXPECT_EQ(typeName<zyr_top_api::CriEnableAcm::Command>(), "CriEnableAcm::Command");
 }
 
 } // namespace

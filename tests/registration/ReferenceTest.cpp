@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace
@@ -86,6 +87,19 @@ TEST(ReferenceTest, FieldOfAResponseIsDescribed)
     EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/35/required"), false);
 }
 
+TEST(ReferenceTest, TextsOfAnEnumerationBearItsName)
+{
+    EXPECT_EQ(described("CRI.SetRFPower", "/request/1").dump(),
+              R"({"name":"txRequestedStatus","type":"int","minimum":0,"maximum":4294967295,)"
+              R"("vocabulary":"TxRequestedStatus",)"
+              R"("texts":[{"number":0,"text":"Off"},{"number":1,"text":"On"}],)"
+              R"("help":"requested state of the transmitter","required":true,"example":"Off"})");
+    EXPECT_EQ(described("CRI.GetAirInterfaceCapability", "/request/1/vocabulary"),
+              "CriGetAirInterfaceCapability::ReleasedFilter");
+    EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/2/vocabulary"), "ModulationAndCoding");
+    EXPECT_FALSE(described("CRI.GetRadioChannelStatus", "/response/1").contains("vocabulary"));
+}
+
 TEST(ReferenceTest, UnitOfAPairIsItsFields)
 {
     const Value powers = described("CRI.GetRadioChannelCapability", "/response/4");
@@ -161,6 +175,42 @@ TEST(ReferenceTest, CommandIsDescribedForPeople)
         "Faults:\n"
         "  4 \"TI.GetEvents failed to get alarms\": The alarm handler failed.\n"
         "  4 \"Error: Command not available\": The test family is closed.\n");
+}
+
+TEST(ReferenceTest, MarkdownHasFaultCodesAndVocabulariesOnce)
+{
+    const std::string text = zyr_registration::referenceMarkdown();
+    for (const char* const part :
+         {"## Fault codes\n\n| Code | Results | What went wrong |\n|---|---|---|\n"
+          "| 1 | from 0xA200 | there is no such method |\n",
+          "| 3 | 0xA001 | `eTI_E_PARAMETER_TYPE_INVALID` |\n"
+          "| 3 | 0xA002 | `eTI_E_PARAMETER_INVALID` |\n"
+          "| 2 | 0xA100 | `eTI_E_INVALID_ARGUMENT` |\n",
+          "| 1 | 0xA200 | `eTI_E_METHOD_UNKNOWN` |\n\n## CI.GetEvents\n",
+          "| `minModulation` | one of [ModulationAndCoding](#modulationandcoding), or an integer from 0 to "
+          "4294967295 |  | yes | lowest modulation and coding allowed |\n",
+          "| `ReleasedFilter` | one of "
+          "[CriGetAirInterfaceCapability::ReleasedFilter](#crigetairinterfacecapabilityreleasedfilter), or ",
+          "\n## Vocabularies\n\n### ",
+          "\n### TxRequestedStatus\n\n| Number | Text |\n|---|---|\n| 0 | Off |\n| 1 | On |\n",
+          "| a string, one of [ModulationAndCoding](#modulationandcoding) |"}) {
+        const std::size_t found = text.find(part);
+        EXPECT_NE(found, std::string::npos) << part << "\nin\n" << text;
+    }
+    const std::string row = "| 10 | HALF\\_BPSK\\_STRONG |\n";
+    EXPECT_NE(text.find(row), std::string::npos);
+    EXPECT_EQ(text.find(row), text.rfind(row));
+}
+
+TEST(ReferenceTest, MarkdownHasOtherMethodsBehindTheCommands)
+{
+    const std::array others{MethodNotes{.name = "SIM.Probe", .help = "Probes."}};
+    const std::string text = zyr_registration::referenceMarkdown(others);
+    const std::size_t found = text.find("## SIM.Probe\n\nProbes.\n\nGroup simulation. Changes the node. "
+                                        "Answers within 1 s.\n\nRequest: no fields.\n\n"
+                                        "Response: no fields.\n\n## Vocabularies\n");
+    EXPECT_NE(found, std::string::npos);
+    EXPECT_GT(found, text.find("## TI.SetEvents"));
 }
 
 TEST(ReferenceTest, MarkdownHasASectionForEachCommand)

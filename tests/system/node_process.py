@@ -1,6 +1,5 @@
 """A zyrnode process for a test, and ways to reach it."""
 
-import os
 import signal
 import socket
 import subprocess
@@ -9,19 +8,27 @@ import threading
 import unittest
 import xmlrpc.client
 
-PROGRAM = os.environ["ZYRNODE"]
+import schema
+
+PROGRAM = schema.PROGRAM
 
 # What no test should have to wait for.
 PATIENCE = 60
 
 
 class TimeoutTransport(xmlrpc.client.Transport):
-    """A transport that gives up in the end."""
+    """A transport that gives up in the end and lets no answer pass that the schemas don't allow."""
 
     def make_connection(self, host):
         connection = super().make_connection(host)
         connection.timeout = PATIENCE
         return connection
+
+    def request(self, host, handler, request_body, verbose=False):
+        """Makes a call, and holds it against the schema of its method, unless it ends in a fault."""
+        answer = super().request(host, handler, request_body, verbose)
+        schema.check(request_body, answer[0])
+        return answer
 
 
 class Node:
@@ -107,6 +114,7 @@ class Node:
         if not answer.startswith(b"HTTP/1.1 200 "):
             raise AssertionError(f"answered with {answer[:200]}")
         (value,), _ = xmlrpc.client.loads(answer.split(b"\r\n\r\n", 1)[1])
+        schema.check(body, value)
         return value
 
 

@@ -51,7 +51,9 @@ auto forOption(const std::string& option, const std::string& text, const Parse& 
 void addOptions(CLI::App& app, Options& options)
 {
     app.set_version_flag("--version", std::string(ZYR_VERSION));
-    app.add_flag("--print-reference", options.printReference, "Print the reference of all commands, and end");
+    app.add_flag("--print-reference", options.printReference, "Print the reference of all methods, and end");
+    app.add_flag("--print-schema", options.printSchema,
+                 "Print the JSON Schema of all requests and responses, and end");
     app.add_option_function<std::string>(
            "--listen",
            [&](const std::string& text) {

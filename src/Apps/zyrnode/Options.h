@@ -40,6 +40,7 @@ struct Options
     std::string traceTarget = "stderr"; ///< or a file's path
     std::vector<zyr_simulation::Fault> faults;
     bool printReference = false;
+    bool printSchema = false;
 };
 
 /// Status that the process ends with.

@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <span>
@@ -122,23 +123,29 @@ Value valueOf(std::span<const Field> fields, const void* record)
     return value;
 }
 
-// Adds a method that turns a request into a value. What the node says to be invalid becomes a fault of the
-// caller.
+// A method, and what it does on the node.
+struct SimMethod
+{
+    MethodNotes notes;
+    std::function<Value(SimulatedNode& node, unsigned numberOfChannels, const Value& members)> call;
+};
+
+// A method that turns a request into a value. What the node says to be invalid becomes a fault of the caller.
 template <class Request>
-void add(XmlRpcServer& server, MethodNotes notes, unsigned channels,
-         std::function<Value(const Request&)> function)
+SimMethod method(MethodNotes notes, std::function<Value(SimulatedNode& node, const Request&)> function)
 {
     notes.makeRequest = &zyr_registration::detail::makeRecord<Request>;
-    server.addMethod(notes, [notes, channels, function = std::move(function)](const Value& members) {
-        Request request{};
-        zyr_registration::readRecord(notes.name, notes.request, members, channels, &request);
-        try {
-            return function(request);
-        } catch (const std::invalid_argument& error) {
-            throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
-                              std::string(notes.name) + ": " + error.what());
-        }
-    });
+    return {notes, [notes, function = std::move(function)](SimulatedNode& node, unsigned numberOfChannels,
+                                                           const Value& members) {
+                Request request{};
+                zyr_registration::readRecord(notes.name, notes.request, members, numberOfChannels, &request);
+                try {
+                    return function(node, request);
+                } catch (const std::invalid_argument& error) {
+                    throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
+                                      std::string(notes.name) + ": " + error.what());
+                }
+            }};
 }
 
 NodeReport reportOf(const SimulatedNode& node)
@@ -148,124 +155,140 @@ NodeReport reportOf(const SimulatedNode& node)
             std::move(snapshot.faults)};
 }
 
-void addStateMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+// What shows the node and lets it fail.
+std::vector<SimMethod> nodeMethods()
 {
-    add<Nothing>(server,
-                 {.name = "SIM.GetState",
-                  .help = "Shows the state of the simulated node.",
-                  .effect = Effect::Reads,
-                  .response = reportFields()},
-                 channels, [&node](const Nothing&) {
-                     const NodeReport report = reportOf(node);
-                     return valueOf(reportFields(), &report);
-                 });
+    return {
+        method<Nothing>({.name = "SIM.GetState",
+                         .help = "Shows the state of the simulated node.",
+                         .effect = Effect::Reads,
+                         .response = reportFields()},
+                        [](SimulatedNode& node, const Nothing&) {
+                            const NodeReport report = reportOf(node);
+                            return valueOf(reportFields(), &report);
+                        }),
+        method<Fault>({.name = "SIM.InjectFault",
+                       .help = "Lets an operation of a collaborator fail.",
+                       .effect = Effect::DisturbsTraffic,
+                       .request = faultFields()},
+                      [](SimulatedNode& node, const Fault& fault) {
+                          node.faults().inject(fault);
+                          return Value::object();
+                      }),
+        method<Nothing>({.name = "SIM.ClearFaults", .help = "Drops all orders to fail."},
+                        [](SimulatedNode& node, const Nothing&) {
+                            node.faults().clear();
+                            return Value::object();
+                        }),
+        method<Nothing>({.name = "SIM.ListFaults",
+                         .help = "Shows the orders to fail that aren't used up.",
+                         .effect = Effect::Reads,
+                         .response = faultListFields()},
+                        [](SimulatedNode& node, const Nothing&) {
+                            const FaultList list{node.faults().list()};
+                            return valueOf(faultListFields(), &list);
+                        }),
+    };
 }
 
-void addFaultMethods(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+std::vector<SimMethod> traceMethods()
 {
-    add<Fault>(server,
-               {.name = "SIM.InjectFault",
-                .help = "Lets an operation of a collaborator fail.",
-                .effect = Effect::DisturbsTraffic,
-                .request = faultFields()},
-               channels, [&node](const Fault& fault) {
-                   node.faults().inject(fault);
-                   return Value::object();
-               });
-    add<Nothing>(server, {.name = "SIM.ClearFaults", .help = "Drops all orders to fail."}, channels,
-                 [&node](const Nothing&) {
-                     node.faults().clear();
-                     return Value::object();
-                 });
-    add<Nothing>(server,
-                 {.name = "SIM.ListFaults",
-                  .help = "Shows the orders to fail that aren't used up.",
-                  .effect = Effect::Reads,
-                  .response = faultListFields()},
-                 channels, [&node](const Nothing&) {
-                     const FaultList list{node.faults().list()};
-                     return valueOf(faultListFields(), &list);
-                 });
-}
-
-void addTraceMethods(XmlRpcServer& server, unsigned channels)
-{
-    add<TraceLevelRequest>(server,
-                           {.name = "SIM.SetTraceLevel",
-                            .help = "Sets the level of trace channels.",
-                            .request = kTraceLevelRequest,
-                            .response = kTraceLevelAnswer},
-                           channels, [](const TraceLevelRequest& request) {
-                               const TraceLevelAnswer answer{
-                                   TraceService::get().setLevel(request.channel, request.level)};
-                               return valueOf(kTraceLevelAnswer, &answer);
-                           });
-    add<Nothing>(server,
-                 {.name = "SIM.ListTraceChannels",
-                  .help = "Shows the trace channels that have been used, with their levels.",
-                  .effect = Effect::Reads,
-                  .response = kTraceChannelsAnswer},
-                 channels, [](const Nothing&) {
-                     const TraceChannelsAnswer answer{TraceService::get().channels()};
-                     return valueOf(kTraceChannelsAnswer, &answer);
-                 });
+    return {
+        method<TraceLevelRequest>({.name = "SIM.SetTraceLevel",
+                                   .help = "Sets the level of trace channels.",
+                                   .request = kTraceLevelRequest,
+                                   .response = kTraceLevelAnswer},
+                                  [](SimulatedNode&, const TraceLevelRequest& request) {
+                                      const TraceLevelAnswer answer{
+                                          TraceService::get().setLevel(request.channel, request.level)};
+                                      return valueOf(kTraceLevelAnswer, &answer);
+                                  }),
+        method<Nothing>({.name = "SIM.ListTraceChannels",
+                         .help = "Shows the trace channels that have been used, with their levels.",
+                         .effect = Effect::Reads,
+                         .response = kTraceChannelsAnswer},
+                        [](SimulatedNode&, const Nothing&) {
+                            const TraceChannelsAnswer answer{TraceService::get().channels()};
+                            return valueOf(kTraceChannelsAnswer, &answer);
+                        }),
+    };
 }
 
 template <class T>
-void addSetter(XmlRpcServer& server, SimulatedNode& node, unsigned channels, MethodNotes notes,
-               void (SimulatedNode::*set)(T))
+SimMethod setter(MethodNotes notes, void (SimulatedNode::*set)(T))
 {
     notes.request = kNodeSetting<T>;
-    add<NodeSetting<T>>(server, notes, channels, [&node, set](const NodeSetting<T>& request) {
+    return method<NodeSetting<T>>(notes, [set](SimulatedNode& node, const NodeSetting<T>& request) {
         (node.*set)(request.value);
         return Value::object();
     });
 }
 
 template <class T>
-void addSetter(XmlRpcServer& server, SimulatedNode& node, unsigned channels, MethodNotes notes,
-               void (SimulatedNode::*set)(unsigned, T))
+SimMethod setter(MethodNotes notes, void (SimulatedNode::*set)(unsigned, T))
 {
     notes.request = kChannelSetting<T>;
-    add<ChannelSetting<T>>(server, notes, channels, [&node, set](const ChannelSetting<T>& request) {
+    return method<ChannelSetting<T>>(notes, [set](SimulatedNode& node, const ChannelSetting<T>& request) {
         (node.*set)(request.channel, request.value);
         return Value::object();
     });
 }
 
-void addSetters(XmlRpcServer& server, SimulatedNode& node, unsigned channels)
+std::vector<SimMethod> setters()
 {
-    const auto row = [&](std::string_view name, std::string_view help, auto set) {
-        addSetter(server, node, channels, {.name = name, .help = help, .effect = Effect::DisturbsTraffic},
-                  set);
+    const auto row = [](std::string_view name, std::string_view help, auto set) {
+        return setter({.name = name, .help = help, .effect = Effect::DisturbsTraffic}, set);
     };
-    row("SIM.SetCarrierAggregation", "Switches carrier aggregation on or off.",
-        &SimulatedNode::setCarrierAggregation);
-    row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
-        &SimulatedNode::setConfigurationBypassed);
-    row("SIM.SetDuplexType",
-        "Sets the duplex type: a variable or a fixed distance between the two directions.",
-        &SimulatedNode::setDuplexType);
-    row("SIM.SetFarEndTransmits", "Switches the transmitters of the far end on or off.",
-        &SimulatedNode::setFarEndTransmits);
-    row("SIM.SetLongHaul", "Makes the radio units long haul ones, or ordinary ones.",
-        &SimulatedNode::setLongHaul);
-    row("SIM.SetPathLoss", "Sets the path loss of the hop.", &SimulatedNode::setPathLoss_dBTenths);
-    row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
-        &SimulatedNode::setRadioAvailable);
-    row("SIM.SetTwoTransmitters", "Makes the radio units such with two transmitters, or with one.",
-        &SimulatedNode::setTwoTransmitters);
+    return {
+        row("SIM.SetCarrierAggregation", "Switches carrier aggregation on or off.",
+            &SimulatedNode::setCarrierAggregation),
+        row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
+            &SimulatedNode::setConfigurationBypassed),
+        row("SIM.SetDuplexType",
+            "Sets the duplex type: a variable or a fixed distance between the two directions.",
+            &SimulatedNode::setDuplexType),
+        row("SIM.SetFarEndTransmits", "Switches the transmitters of the far end on or off.",
+            &SimulatedNode::setFarEndTransmits),
+        row("SIM.SetLongHaul", "Makes the radio units long haul ones, or ordinary ones.",
+            &SimulatedNode::setLongHaul),
+        row("SIM.SetPathLoss", "Sets the path loss of the hop.", &SimulatedNode::setPathLoss_dBTenths),
+        row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
+            &SimulatedNode::setRadioAvailable),
+        row("SIM.SetTwoTransmitters", "Makes the radio units such with two transmitters, or with one.",
+            &SimulatedNode::setTwoTransmitters),
+    };
+}
+
+// All methods, in the order of their names.
+std::vector<SimMethod> allMethods()
+{
+    std::vector<SimMethod> all;
+    for (const auto& group : {nodeMethods(), setters(), traceMethods()}) {
+        all.insert(all.end(), group.begin(), group.end());
+    }
+    std::ranges::sort(all, {}, [](const SimMethod& one) { return one.notes.name; });
+    return all;
 }
 
 } // namespace
 
+std::vector<MethodNotes> simMethodNotes()
+{
+    std::vector<MethodNotes> notes;
+    for (const SimMethod& method : allMethods()) {
+        notes.push_back(method.notes);
+    }
+    return notes;
+}
+
 void addSimMethods(XmlRpcServer& server, SimulatedNode& node)
 {
-    const auto channels = static_cast<unsigned>(node.snapshot().channels.size());
-    addStateMethods(server, node, channels);
-    addFaultMethods(server, node, channels);
-    addSetters(server, node, channels);
-    addTraceMethods(server, channels);
+    const auto numberOfChannels = static_cast<unsigned>(node.snapshot().channels.size());
+    for (const SimMethod& method : allMethods()) {
+        server.addMethod(method.notes, [&node, numberOfChannels, call = method.call](const Value& members) {
+            return call(node, numberOfChannels, members);
+        });
+    }
 }
 
 } // namespace zyr_node

@@ -1,10 +1,35 @@
+#include "CommandEntry.h"
 #include "NodeProcess.h"
 #include "Options.h"
 #include "Reference.h"
+#include "Schema.h"
+#include "SimMethods.h"
 
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
 #include <exception>
 #include <iostream>
+#include <iterator>
+#include <string>
 #include <variant>
+#include <vector>
+
+namespace
+{
+
+// The schema of all methods that take a struct.
+std::string schema(unsigned numberOfChannels)
+{
+    std::vector<zyr_registration::MethodNotes> methods;
+    for (const auto& command : zyr_registration::allCommands()) {
+        methods.push_back(command.notes);
+    }
+    std::ranges::copy(zyr_node::simMethodNotes(), std::back_inserter(methods));
+    return zyr_registration::schemaOf(methods, numberOfChannels).dump(2) + "\n";
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -15,7 +40,11 @@ int main(int argc, char** argv)
         }
         const auto& options = std::get<zyr_node::Options>(read);
         if (options.printReference) {
-            std::cout << zyr_registration::referenceMarkdown();
+            std::cout << zyr_registration::referenceMarkdown(zyr_node::simMethodNotes());
+            return zyr_node::Done;
+        }
+        if (options.printSchema) {
+            std::cout << schema(options.node.channels);
             return zyr_node::Done;
         }
         zyr_node::runNode(options);
