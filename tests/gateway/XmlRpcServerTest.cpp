@@ -280,9 +280,10 @@ TEST_F(XmlRpcServerTest, MethodsAreDescribedForPrograms)
     const Value answer = call("zyr.describe").value;
     const Value& all = answer["methods"];
     ASSERT_EQ(all.size(), zyr_registration::allCommands().size());
-    EXPECT_EQ(all[3]["name"], "CRI.EnableAcm");
-    EXPECT_EQ(call("zyr.describe", {"CRI.EnableAcm"}).value, all[3]);
-    EXPECT_EQ(all[3]["request"][0]["maximum"], 2);
+    const Value one = call("zyr.describe", {"CRI.EnableAcm"}).value;
+    EXPECT_EQ(one["name"], "CRI.EnableAcm");
+    EXPECT_EQ(one["request"][0]["maximum"], 2);
+    EXPECT_EQ(std::count(all.begin(), all.end(), one), 1);
     EXPECT_EQ(answer["hash"].get<std::string>().size(), 16U);
     EXPECT_EQ(call("zyr.describeHash").value, answer["hash"]);
     EXPECT_EQ(

@@ -296,7 +296,7 @@ TEST_F(TraceLevels, settingsAreBoundedAndOneForAllReplacesThem)
             error.what(),
             "there are 256 settings of trace levels, no more can be kept; one for \"*\" replaces all");
     }
-    const TylTrace& channel = freshChannel("Levels.bound");
+    const TylTrace& channel = freshChannel("Levels.unbound");
     EXPECT_FALSE(channel.isEnabled(4)) << "what was refused has changed nothing";
     m_service.setLevel("*", 2);
     EXPECT_NO_THROW(m_service.setLevel("Levels.bound.256", 4));
