@@ -318,7 +318,11 @@ TEST_F(TiManagePathLatencyCompensationTest, FirstFailingReadNamesItselfAndEndsTh
         const auto response = impl.execute(command(2));
         EXPECT_EQ(transcript.lines(),
                   std::vector<std::string>(calls.begin(), calls.begin() + static_cast<int>(failing) + 2));
-        EXPECT_EQ(outcome(response), "result 0x8000 4 \"" + texts[failing] + "\"");
+        transcript.clear();
+        tell(response);
+        EXPECT_EQ(transcript.text(), "\nresult 0x8000 4 \"" + texts[failing] +
+                                         "\"\nprints tiResult: eTI_E_FAILED, faultCode: 4, faultString: " +
+                                         texts[failing] + "\n");
         EXPECT_EQ(response.radioChannelId, 1U);
         EXPECT_EQ(response.onePpsDelayNanosec, 0);
         EXPECT_EQ(response.adjFifoMain, 0);
@@ -368,8 +372,11 @@ TEST_F(TiManagePathLatencyCompensationTest, Channel0PassesTheBoundCheckAndReache
 
 TEST_F(TiManagePathLatencyCompensationTest, ObjectThatWasNotInitialisedSaysSoWhateverTheChannel)
 {
-    EXPECT_EQ(outcome(impl.execute({})),
-              "result 0x8000 4 \"TiManagePathLatencyCompensationImpl has not been initialized\"");
+    tell(impl.execute({}));
+    EXPECT_EQ(transcript.text(), R"(
+result 0x8000 4 "TiManagePathLatencyCompensationImpl has not been initialized"
+prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TiManagePathLatencyCompensationImpl has not been initialized
+)");
     EXPECT_EQ(impl.execute(command(3)).faultString,
               "TiManagePathLatencyCompensationImpl has not been initialized");
 }
