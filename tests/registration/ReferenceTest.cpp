@@ -93,7 +93,7 @@ TEST(ReferenceTest, TextsOfAnEnumerationBearItsName)
               R"({"name":"txRequestedStatus","type":"int","minimum":0,"maximum":4294967295,)"
               R"("vocabulary":"TxRequestedStatus",)"
               R"("texts":[{"number":0,"text":"Off"},{"number":1,"text":"On"}],)"
-              R"("help":"requested state of the transmitter","required":true,"example":"Off"})");
+              R"("help":"state that the transmitter shall have","required":true,"example":"Off"})");
     EXPECT_EQ(described("CRI.GetAirInterfaceCapability", "/request/1/vocabulary"),
               "CriGetAirInterfaceCapability::ReleasedFilter");
     EXPECT_EQ(described("CRI.GetRadioChannelStatus", "/response/2/vocabulary"), "ModulationAndCoding");
