@@ -505,20 +505,22 @@ TEST_F(TiManageXpicFailureTest, FirstFailureEndsTheCommandSilently)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     setTraceLevel("ZYR.TI.TiManageXpic", 3);
-    unsigned result = 0x8000;
-    for (const Break& broken : breaks()) {
-        broken.step(result);
+    const std::vector<Break> all = breaks();
+    for (std::size_t first = 0; first < all.size(); ++first) {
+        const unsigned result = first == 0 ? 0x8000U : 0xFFFFFFFFU - static_cast<unsigned>(first);
+        for (std::size_t broken = 0; broken <= first; ++broken) {
+            all[broken].step(result);
+        }
         transcript.clear();
         tell(impl.execute(allThatIsTaken(2)));
         std::string expected = "\n";
-        for (std::size_t call = 0; call < broken.calls; ++call) {
+        for (std::size_t call = 0; call < all[first].calls; ++call) {
             expected += calls[call] + "\n";
         }
-        const std::string text = withResult(broken.text, result);
+        const std::string text = withResult(all[first].text, result);
         expected += "result 0x8000 4 \"" + text + "\"\n";
         expected += "prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: " + text + "\n";
         EXPECT_EQ(transcript.text(), expected);
-        result = result == 0x8000 ? 0xFFFFFFFFU : result - 1;
     }
 }
 
