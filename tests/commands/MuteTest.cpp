@@ -84,10 +84,9 @@ class MuteTest : public zyr_test::CommandTest
     Impl impl;
 };
 
-using Paths = testing::Types<XpicSlave, MimoSpatial>;
-TYPED_TEST_SUITE(MuteTest, Paths);
+TYPED_TEST_SUITE_P(MuteTest);
 
-TYPED_TEST(MuteTest, FrameShowsTheRequestAndTheControllerOfTheChannelIsMuted)
+TYPED_TEST_P(MuteTest, FrameShowsTheRequestAndTheControllerOfTheChannelIsMuted)
 {
     this->template enrol<typename TypeParam::Impl>();
     this->setTraceLevel("ZYR.COMM", 5);
@@ -104,7 +103,7 @@ prints StandardResponse Sent\n
 )"));
 }
 
-TYPED_TEST(MuteTest, UnmutingReachesTheControllerOfTheChannel)
+TYPED_TEST_P(MuteTest, UnmutingReachesTheControllerOfTheChannel)
 {
     this->template enrol<typename TypeParam::Impl>();
     this->tell(TypeParam::dispatch({1, false}));
@@ -116,7 +115,7 @@ prints StandardResponse Sent\n
 )"));
 }
 
-TYPED_TEST(MuteTest, MutingTwiceCallsTheControllerTwice)
+TYPED_TEST_P(MuteTest, MutingTwiceCallsTheControllerTwice)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     this->impl.execute({1, true});
@@ -129,7 +128,7 @@ CONTROLLER_1.OPERATION(true)
 )"));
 }
 
-TYPED_TEST(MuteTest, ControllerThatFailsIsToldInTheTraceAndInTheResponse)
+TYPED_TEST_P(MuteTest, ControllerThatFailsIsToldInTheTraceAndInTheResponse)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     TypeParam::onMute(this->node.channel1).inTurn({0x8000, 0xFFFFFFFFU});
@@ -149,7 +148,7 @@ prints StandardResponse Sent\n
 )"));
 }
 
-TYPED_TEST(MuteTest, WarningsOfTheControllerComeOutAsPlainSuccess)
+TYPED_TEST_P(MuteTest, WarningsOfTheControllerComeOutAsPlainSuccess)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     TypeParam::onMute(this->node.channel2).inTurn({0x1000, 0x7FFF});
@@ -157,7 +156,7 @@ TYPED_TEST(MuteTest, WarningsOfTheControllerComeOutAsPlainSuccess)
     EXPECT_EQ(this->outcome(this->impl.execute({2, true})), "result 0x0 0 \"\"");
 }
 
-TYPED_TEST(MuteTest, ChannelAboveTheCountIsToldInTheSummaryAndReachesNoController)
+TYPED_TEST_P(MuteTest, ChannelAboveTheCountIsToldInTheSummaryAndReachesNoController)
 {
     ASSERT_EQ(this->impl.initialize(1), eTI_S_OK);
     this->setTraceLevel(TypeParam::kTrace, 7);
@@ -175,7 +174,7 @@ prints StandardResponse Sent\n
 )"));
 }
 
-TYPED_TEST(MuteTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefused)
+TYPED_TEST_P(MuteTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefused)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     EXPECT_EQ(this->outcome(this->impl.execute({2, true})), "result 0x0 0 \"\"");
@@ -183,7 +182,7 @@ TYPED_TEST(MuteTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefused)
               "result 0xA100 2 \"RadioChannelID out of bounds\"");
 }
 
-TYPED_TEST(MuteTest, Channel0PassesTheBoundCheckAndReachesNoController)
+TYPED_TEST_P(MuteTest, Channel0PassesTheBoundCheckAndReachesNoController)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     EXPECT_THROW(this->impl.execute({0, true}), std::out_of_range);
@@ -192,12 +191,12 @@ TYPED_TEST(MuteTest, Channel0PassesTheBoundCheckAndReachesNoController)
 )"));
 }
 
-TYPED_TEST(MuteTest, ObjectThatWasNotInitialisedRefusesEveryChannel)
+TYPED_TEST_P(MuteTest, ObjectThatWasNotInitialisedRefusesEveryChannel)
 {
     EXPECT_EQ(this->outcome(this->impl.execute({})), "result 0xA100 2 \"RadioChannelID out of bounds\"");
 }
 
-TYPED_TEST(MuteTest, InitialiseTellsNoCountAndRefusesAnyButOneAndTwo)
+TYPED_TEST_P(MuteTest, InitialiseTellsNoCountAndRefusesAnyButOneAndTwo)
 {
     this->setTraceLevel(TypeParam::kTrace, 7);
     EXPECT_EQ(this->impl.initialize(0), 0xA100);
@@ -210,7 +209,7 @@ TYPED_TEST(MuteTest, InitialiseTellsNoCountAndRefusesAnyButOneAndTwo)
 )x"));
 }
 
-TYPED_TEST(MuteTest, InitialiseNamesTheMissingControllerAndKeepsTheOneBefore)
+TYPED_TEST_P(MuteTest, InitialiseNamesTheMissingControllerAndKeepsTheOneBefore)
 {
     this->withdraw(this->text("CONTROLLER_2"));
     EXPECT_EQ(this->impl.initialize(2), 0x8000);
@@ -224,7 +223,7 @@ CONTROLLER_1.OPERATION(true)
 )"));
 }
 
-TYPED_TEST(MuteTest, SecondInitialiseFetchesTheControllersAnew)
+TYPED_TEST_P(MuteTest, SecondInitialiseFetchesTheControllersAnew)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     this->withdraw(this->text("CONTROLLER_1"));
@@ -234,6 +233,18 @@ TYPED_TEST(MuteTest, SecondInitialiseFetchesTheControllersAnew)
     EXPECT_EQ(this->impl.initialize(2), 0);
     EXPECT_EQ(this->outcome(this->impl.execute({1, true})), "result 0x0 0 \"\"");
 }
+
+REGISTER_TYPED_TEST_SUITE_P(
+    MuteTest, FrameShowsTheRequestAndTheControllerOfTheChannelIsMuted,
+    UnmutingReachesTheControllerOfTheChannel, MutingTwiceCallsTheControllerTwice,
+    ControllerThatFailsIsToldInTheTraceAndInTheResponse, WarningsOfTheControllerComeOutAsPlainSuccess,
+    ChannelAboveTheCountIsToldInTheSummaryAndReachesNoController,
+    ChannelEqualToTheCountIsAcceptedAndOneAboveRefused, Channel0PassesTheBoundCheckAndReachesNoController,
+    ObjectThatWasNotInitialisedRefusesEveryChannel, InitialiseTellsNoCountAndRefusesAnyButOneAndTwo,
+    InitialiseNamesTheMissingControllerAndKeepsTheOneBefore, SecondInitialiseFetchesTheControllersAnew);
+
+INSTANTIATE_TYPED_TEST_SUITE_P(CriXpicSlaveMute, MuteTest, XpicSlave);
+INSTANTIATE_TYPED_TEST_SUITE_P(CriMimoSpatialMute, MuteTest, MimoSpatial);
 
 } // namespace
 } // namespace zyr_top_api
