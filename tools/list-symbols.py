@@ -35,8 +35,7 @@ def shown(library):
 
 
 for scope, names in sorted(shown(sys.argv[1]).items()):
-    inside = scope.split("::")[0] + "::"
-    texts = [name.replace(inside, "").replace(STRING, "std::string") for name in names]
+    texts = [name.replace("zyr_top_api::", "").replace(STRING, "std::string") for name in names]
     texts.sort(key=lambda name: (name != "type", name))
     is_namespace = scope.rpartition("::")[2].islower()
     for line in texts if is_namespace else ["; ".join(texts)]:
