@@ -7,7 +7,9 @@
 #include <array>
 #include <cctype>
 #include <cstdio>
+#include <iterator>
 #include <map>
+#include <utility>
 
 namespace zyr_registration
 {
@@ -213,18 +215,37 @@ std::string failureRows()
     return rows;
 }
 
+// The groups with their methods.
+std::string groupTable(std::span<const MethodNotes> methods)
+{
+    std::map<Group, std::string> rows;
+    for (const MethodNotes& method : methods) {
+        std::string& row = rows[method.group];
+        row += (row.empty() ? "" : ", ") + linkTo(method.name);
+    }
+    std::string table = "| Group | Methods |\n|---|---|\n";
+    for (const auto& [group, links] : rows) {
+        table += "| " + std::string(groupName(group)) + " | " + links + " |\n";
+    }
+    return table;
+}
+
 } // namespace
 
 std::string referenceMarkdown(std::span<const MethodNotes> otherMethods)
 {
+    std::vector<MethodNotes> methods;
+    std::ranges::transform(allCommands(), std::back_inserter(methods), &CommandEntry::notes);
+    methods.insert(methods.end(), otherMethods.begin(), otherMethods.end());
+
     Page page;
     page.write(kIntroduction);
+    page.write(groupTable(methods) + "\n");
     page.write(kFaultCodes);
     page.write(failureRows() + "\n");
-    for (const CommandEntry& command : allCommands()) {
-        page.writeMethod(command.notes);
+    for (const MethodNotes& method : methods) {
+        page.writeMethod(method);
     }
-    std::ranges::for_each(otherMethods, [&](const MethodNotes& method) { page.writeMethod(method); });
     page.writeVocabularies();
     return page.finish();
 }

@@ -144,16 +144,15 @@ class Definitions
                              .defaults = defaults.get(),
                              .holdersUnit = unitOf(field, list.holdersUnit)});
         }
-        case Kind::Optional:
-            return {{"anyOf", Value::array({valueOf(*type.element, field, list), Value{{"type", "null"}}})}};
+        case Kind::Optional: // none is told by leaving it out
+            return valueOf(*type.element, field, list);
         }
         return {};
     }
 
     Value propertyOf(const Field& field, const FieldList& list)
     {
-        // An absent optional is left out of a response; a request may give null for it.
-        Value shown = valueOf(list.isRequest ? *field.type : field.valueType(), field, list);
+        Value shown = valueOf(*field.type, field, list);
         shown["description"] = fullHelp(field);
         if (const std::string_view unit = unitOf(field, list.holdersUnit); !unit.empty()) {
             shown["unit"] = std::string(unit);

@@ -181,7 +181,9 @@ TEST(ReferenceTest, MarkdownHasFaultCodesAndVocabulariesOnce)
 {
     const std::string text = zyr_registration::referenceMarkdown();
     for (const char* const part :
-         {"## Fault codes\n\n| Code | Results | What went wrong |\n|---|---|---|\n"
+         {"| Group | Methods |\n|---|---|\n",
+          "| acm | [CRI.EnableAcm](#crienableacm), [CRI.GetAcmMode](#crigetacmmode), ",
+          "## Fault codes\n\n| Code | Results | What went wrong |\n|---|---|---|\n"
           "| 1 | from 0xA200 | there is no such method |\n",
           "| 3 | 0xA001 | `eTI_E_PARAMETER_TYPE_INVALID` |\n"
           "| 3 | 0xA002 | `eTI_E_PARAMETER_INVALID` |\n"

@@ -32,7 +32,7 @@ class SchemaTest(NodeTest):
     def test_schemas_refuse_what_the_node_refuses(self):
         for request, refusal in (({"channelId": 1}, "2 eTI_E_REQUIRED_INPUT_MISSING"),
                                  ({"channelId": 3, "enable": True}, "3 eTI_E_PARAMETER_INVALID"),
-                                 ({"channelId": 1, "enable": 1}, "3 eTI_E_PARAMETER_TYPE_INVALID"),
+                                 ({"channelId": 1, "enable": "on"}, "3 eTI_E_PARAMETER_TYPE_INVALID"),
                                  ({"channelId": 1, "enable": True, "more": 1}, "3 eTI_E_PARAMETER_INVALID")):
             with self.subTest(request):
                 self.assertTrue(self.fault_of(self.proxy.CRI.EnableAcm, request).startswith(refusal))
