@@ -27,10 +27,18 @@ LiveCommand create()
     }
 }
 
+// The clock's command counts in another type than the rest.
+template <class XImpl, class Count>
+zyr_top_api::ETIResult initialize(XImpl& implementation, zyr_top_api::ETIResult (XImpl::*member)(Count),
+                                  unsigned numberOfChannels)
+{
+    return (implementation.*member)(static_cast<Count>(numberOfChannels));
+}
+
 template <class XImpl>
 zyr_top_api::ETIResult initialize(void* implementation, unsigned numberOfChannels)
 {
-    return static_cast<XImpl*>(implementation)->initialize(numberOfChannels);
+    return initialize(*static_cast<XImpl*>(implementation), &XImpl::initialize, numberOfChannels);
 }
 
 template <class XImpl>
@@ -92,7 +100,7 @@ constexpr CommandEntry entryOf()
                       .isLongPoll = identity.route == Route::DispatchedUnlocked,
                       .makeRequest = &detail::makeRecord<typename XImpl::Command>},
             .create = &create<XImpl>,
-            .initialize = &initialize<XImpl>,
+            .initialize = static_cast<zyr_top_api::ETIResult (*)(void*, unsigned)>(&initialize<XImpl>),
             .describeItself = selfDescription<XImpl>(),
             .run = &run<XImpl>};
 }

@@ -97,7 +97,7 @@ class Definitions
     // A number may be another one than those with a text; a request may give the text in its place.
     Value integerOf(const ValueType& type, const FieldNotes& notes, const FieldList& list)
     {
-        const Value any = integersOf(acceptedRange(type, notes, list.numberOfChannels));
+        Value any = integersOf(acceptedRange(type, notes, list.numberOfChannels));
         const Texts texts = textsOf(type, notes);
         if (texts == nullptr) {
             return any;
