@@ -152,6 +152,7 @@ std::vector<TraceService::Channel> TraceService::channels() const
     }
     const std::shared_ptr<const Settings> current = settings();
     std::vector<Channel> result;
+    result.reserve(known.size());
     for (const TylTrace* channel : known) {
         result.push_back({channel->name(), levelOf(*channel, *current), defaultLevelOf(*channel)});
     }
