@@ -22,9 +22,18 @@
 #include "CriSetRfPowerImpl.h"
 #include "CriSetSourceDspPpsImpl.h"
 #include "CriXpicSlaveMuteImpl.h"
+#include "TiGetDspTxModeImpl.h"
 #include "TiGetEventsImpl.h"
+#include "TiGetNarrowWideFiltersImpl.h"
+#include "TiGetTXRFDetectedOutputPowerImpl.h"
+#include "TiManageDspImpl.h"
+#include "TiManagePmImpl.h"
 #include "TiManageRadioChannelStatusImpl.h"
+#include "TiManageTXIFOutputPowerImpl.h"
+#include "TiManageTXRFGainImpl.h"
 #include "TiSetEventsImpl.h"
+#include "TiSetIfFrequencyImpl.h"
+#include "TiSetNarrowWideFiltersImpl.h"
 #include "ZyrApiHandler.h"
 
 #include <gtest/gtest.h>
@@ -46,14 +55,14 @@ template <class XImpl>
 class CollaboratorOfChannelTest : public zyr_test::CommandTest
 {};
 
-using CommandsOfAChannel =
-    testing::Types<CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
-                   CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl,
-                   CriGetRadioChannelStatusImpl, CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl,
-                   CriManagePathLatencyImpl, CriMimoSpatialMuteImpl, CriSetActiveSubBandImpl,
-                   CriSetOutputModeDspPpsImpl, CriSetRadioChannelNearEndImpl, CriSetRauPowerModeImpl,
-                   CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriSetSourceDspPpsImpl,
-                   CriXpicSlaveMuteImpl, TiManageRadioChannelStatusImpl>;
+using CommandsOfAChannel = testing::Types<
+    CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
+    CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl, CriGetRadioChannelStatusImpl,
+    CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriManagePathLatencyImpl, CriMimoSpatialMuteImpl,
+    CriSetActiveSubBandImpl, CriSetOutputModeDspPpsImpl, CriSetRadioChannelNearEndImpl,
+    CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriSetSourceDspPpsImpl,
+    CriXpicSlaveMuteImpl, TiGetDspTxModeImpl, TiGetNarrowWideFiltersImpl, TiManageDspImpl, TiManagePmImpl,
+    TiManageRadioChannelStatusImpl, TiSetIfFrequencyImpl, TiSetNarrowWideFiltersImpl>;
 TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
 
 // Channel 0 passes the check of an object that was not initialised.
@@ -82,6 +91,9 @@ TEST_F(NodeWideCollaboratorTest, ThrowsIfItWasNeverFound)
     EXPECT_THROW(CiReleaseFastEventsRequestsImpl().execute({}), std::out_of_range);
     EXPECT_THROW(CriSetRauCarrierAggregationImpl().execute({}), std::out_of_range);
     EXPECT_THROW(TiGetEventsImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(TiGetTXRFDetectedOutputPowerImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(TiManageTXIFOutputPowerImpl().execute({}), std::out_of_range);
+    EXPECT_THROW(TiManageTXRFGainImpl().execute({}), std::out_of_range);
     EXPECT_THROW(TiSetEventsImpl().execute({}), std::out_of_range);
 }
 
