@@ -138,9 +138,9 @@ constexpr auto countOf(Predicate predicate)
 
 static_assert(areNamesInOrder());
 static_assert(areTraceChannelsUnique());
-static_assert(countOf([](const CommandEntry& entry) { return !entry.isDirect(); }) <= 52);
-static_assert(countOf([](const CommandEntry& entry) { return entry.isDirect(); }) <= 20);
-static_assert(countOf([](const CommandEntry& entry) { return entry.identity->isGated(); }) <= 6);
+static_assert(countOf([](const CommandEntry& entry) { return !entry.isDirect(); }) == 52);
+static_assert(countOf([](const CommandEntry& entry) { return entry.isDirect(); }) == 20);
+static_assert(countOf([](const CommandEntry& entry) { return entry.identity->isGated(); }) == 6);
 static_assert(countOf([](const CommandEntry& entry) { return entry.notes.isLongPoll; }) == 1);
 
 } // namespace

@@ -160,16 +160,11 @@ Answer RegisteringModule::call(const CommandEntry& command, const Value& members
         return answerOf({zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available"});
     }
     ValueExchange exchange(command, members, m_options.numberOfChannels);
-    Registered& target = registered(command);
-    std::unique_lock<std::mutex> lock;
-    if (command.isDirect()) {
-        lock = std::unique_lock(target.oneCallAtATime);
-    }
-    command.run(target.live.implementation.get(), exchange);
+    command.run(registered(command).implementation.get(), exchange);
     return std::move(exchange.answer);
 }
 
-RegisteringModule::Registered& RegisteringModule::registered(const CommandEntry& command)
+LiveCommand& RegisteringModule::registered(const CommandEntry& command)
 {
     return m_registered[static_cast<std::size_t>(&command - allCommands().data())];
 }
@@ -177,7 +172,7 @@ RegisteringModule::Registered& RegisteringModule::registered(const CommandEntry&
 void RegisteringModule::createAll()
 {
     for (const CommandEntry& command : allCommands()) {
-        registered(command).live = command.create();
+        registered(command) = command.create();
     }
 }
 
@@ -185,7 +180,7 @@ void RegisteringModule::initialiseAll(std::vector<std::string>& defects)
 {
     for (const CommandEntry& command : allCommands()) {
         const auto result =
-            command.initialize(registered(command).live.implementation.get(), m_options.numberOfChannels);
+            command.initialize(registered(command).implementation.get(), m_options.numberOfChannels);
         if (zyr_top_api::failed(result)) {
             defects.push_back(std::string(command.name()) + ": initialize failed with " +
                               std::string(zyr_top_api::etiResultToString(result)) + ", see the trace of " +
@@ -196,9 +191,9 @@ void RegisteringModule::initialiseAll(std::vector<std::string>& defects)
 
 void RegisteringModule::fillTables()
 {
-    for (const Registered& entry : m_registered) {
-        if (entry.live.wrapper != nullptr) {
-            ZyrApiHandler::m_cmds.push_back(entry.live.wrapper);
+    for (const LiveCommand& entry : m_registered) {
+        if (entry.wrapper != nullptr) {
+            ZyrApiHandler::m_cmds.push_back(entry.wrapper);
         }
     }
     ZyrApiHandler::m_registerInImFunctionsCri.push_back(&openControlFamily);
@@ -208,12 +203,12 @@ void RegisteringModule::fillTables()
 void RegisteringModule::fillCatalogue()
 {
     auto* const catalogue = static_cast<TiGetAllCommandsDataImpl*>(
-        registered(*findCommand(TiGetAllCommandsDataImpl::identity.wireName)).live.implementation.get());
+        registered(*findCommand(TiGetAllCommandsDataImpl::identity.wireName)).implementation.get());
     for (const CommandEntry& command : allCommands()) {
         const CmdDescription description{
             std::string(command.name()),
             command.describeItself != nullptr
-                ? command.describeItself(registered(command).live.implementation.get())
+                ? command.describeItself(registered(command).implementation.get())
                 : std::string(command.notes.help)};
         ZyrApiHandler::m_allCommandsDescData.push_back(description);
         catalogue->addCmdData(description);

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -62,8 +61,12 @@ class RegisteringModule
     /// The radio channels of the node.
     unsigned numberOfChannels() const { return m_options.numberOfChannels; }
 
-    /// Calls a command: dispatched ones through the dispatcher, direct ones on their object, one call at a
-    /// time for each. Blocks until it is done. A refusal of the command comes back as a fault.
+    /// Calls a command: dispatched ones through the dispatcher, direct ones on their object. Blocks until it
+    /// is done. A refusal of the command comes back as a fault.
+    ///
+    /// Direct commands wait for nobody, not even for another call of the same command: their objects change
+    /// only while this one is made, and a call keeps everything else to itself. So a caller whom
+    /// "TI.ManageDsp" holds for up to 100 s holds nobody else up.
     /// @param command  one of `allCommands()`
     /// @param members  the request's members, an object
     /// @throws RecordError  if the members don't make the command's record
@@ -71,20 +74,14 @@ class RegisteringModule
     Answer call(const CommandEntry& command, const Value& members);
 
   private:
-    struct Registered
-    {
-        LiveCommand live;
-        std::mutex oneCallAtATime; // of a direct command
-    };
-
-    Registered& registered(const CommandEntry& command);
+    LiveCommand& registered(const CommandEntry& command);
     void createAll();
     void initialiseAll(std::vector<std::string>& defects);
     void fillTables();
     void fillCatalogue();
 
     RegistrationOptions m_options;
-    std::vector<Registered> m_registered; // one for each of `allCommands()`, in their order
+    std::vector<LiveCommand> m_registered; // one for each of `allCommands()`, in their order
 };
 
 } // namespace zyr_registration

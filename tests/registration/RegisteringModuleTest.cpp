@@ -8,7 +8,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <future>
 #include <memory>
+#include <mutex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -199,6 +205,54 @@ TEST_F(RegisteringModuleTest, ClosingEmptiesTheTablesSoThatTheNextOneCanOpen)
     EXPECT_TRUE(ZyrApiHandler::m_cmds.empty());
     RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
     EXPECT_EQ(call(module, "TI.SetEvents").faultText, "Error: Command not available");
+}
+
+// Holds each sleeping caller until so many of them sleep at once.
+class MeetingSleeper : public Util::DefaultSleepApi
+{
+  public:
+    explicit MeetingSleeper(unsigned callers) : m_callers(callers) {}
+
+    void sleep(std::uint32_t milliSec) override
+    {
+        std::unique_lock lock(m_mutex);
+        slept.insert(milliSec);
+        m_arrival.notify_all();
+        haveMet =
+            m_arrival.wait_for(lock, std::chrono::minutes(1), [&] { return slept.size() >= m_callers; });
+    }
+
+    std::multiset<std::uint32_t> slept;
+    bool haveMet = false;
+
+  private:
+    unsigned m_callers;
+    std::mutex m_mutex;
+    std::condition_variable m_arrival;
+};
+
+TEST_F(RegisteringModuleTest, CallersOfADirectCommandDoNotWaitForEachOther)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+    MeetingSleeper sleeper(2);
+    const zyr_platform::Replacement<Util::DefaultSleepApi> inForce(sleeper);
+    const auto callFor = [&](unsigned seconds) {
+        return std::async(std::launch::async, [&module, seconds] {
+            return call(module, "TI.ManageDsp",
+                        {{"RadioChannelID", 1},
+                         {"injectError", "ComFailure"},
+                         {"injectCounter", 1},
+                         {"WaitInSeconds", seconds}})
+                .faultText;
+        });
+    };
+    auto first = callFor(100);
+    auto second = callFor(99);
+    EXPECT_EQ(first.get(), "");
+    EXPECT_EQ(second.get(), "");
+    EXPECT_TRUE(sleeper.haveMet);
+    EXPECT_EQ(sleeper.slept, (std::multiset<std::uint32_t>{99'000, 100'000}));
 }
 
 TEST_F(RegisteringModuleTest, TableDefectsAreAllNamed)
