@@ -19,7 +19,7 @@ struct NodeSnapshot
     Routes routes;
     std::vector<ChannelState> channels;          ///< Channel 1 first.
     std::vector<zyr_top_api::AlarmEvent> alarms; ///< All known alarms, active or not.
-    std::vector<Fault> faults;                   ///< The orders to fail that aren't used up.
+    std::vector<Fault> faults;                   ///< As `SimulatedNode::faultsLeft` tells them.
 };
 
 } // namespace zyr_simulation

@@ -46,6 +46,26 @@ constexpr std::uint32_t kClosingGroup = 5;
 constexpr std::string_view kClosingPhaseOwner = "CModuleManager";
 constexpr std::array<std::string_view, 1> kClosingPhaseOperations{"RunGroup"};
 
+/// All orders to fail, those of people and those of test commands. Called with the mutex held.
+std::vector<Fault> allFaults(const NodeState& node)
+{
+    std::vector<Fault> faults = node.faults.list();
+    for (const auto& channel : node.channels) {
+        const auto add = [&](const char* collaborator, const char* operation,
+                             const InjectedFailure& failure) {
+            if (failure.count > 0) {
+                faults.push_back({collaborator, operation, channel.number, failure.code, failure.count});
+            }
+        };
+        add("IDspControlApi", "all", channel.dsp.controlFailure);
+        add("IDspStatusApi", "all", channel.dsp.statusFailure);
+        add("IDspAcmApi", "enable", channel.dsp.acmEnableFailure);
+        add("IDspChannelApi", "I2C", channel.dsp.i2cFailure);
+        add("IDspAcmApi", "thresholds", channel.dsp.acmThresholdFailure);
+    }
+    return faults;
+}
+
 } // namespace
 
 SimulatedNode::SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time)
@@ -136,12 +156,18 @@ void SimulatedNode::addClosingPhase()
                                                                       std::move(phase));
 }
 
+std::vector<Fault> SimulatedNode::faultsLeft() const
+{
+    const std::scoped_lock lock(m_state->mutex);
+    return allFaults(*m_state);
+}
+
 NodeSnapshot SimulatedNode::snapshot() const
 {
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     return {m_state->settings, m_state->dsp,          m_state->routes,
-            m_state->channels, m_state->alarms.all(), m_state->faults.list()};
+            m_state->channels, m_state->alarms.all(), allFaults(*m_state)};
 }
 
 ChannelState SimulatedNode::channel(unsigned number) const

@@ -47,6 +47,11 @@ class SimulatedNode
     /// Lets operations of the collaborators fail.
     FaultInjector& faults() { return m_state->faults; }
 
+    /// The orders to fail that aren't used up: those that were injected through `faults()`, oldest first, and
+    /// behind them those that a test command has given to the DSP, of each channel with the operations that
+    /// they strike.
+    std::vector<Fault> faultsLeft() const;
+
     /// The node's alarm handler, for its count of hanging long polls.
     const SimulatedAlarmHandler& alarmHandler() const { return *m_alarmHandler; }
 

@@ -185,7 +185,7 @@ std::vector<SimMethod> nodeMethods()
                          .effect = Effect::Reads,
                          .response = faultListFields()},
                         [](SimulatedNode& node, const Nothing&) {
-                            const FaultList list{node.faults().list()};
+                            const FaultList list{node.faultsLeft()};
                             return valueOf(faultListFields(), &list);
                         }),
     };

@@ -39,8 +39,8 @@ EHCHResult SimulatedHardwareConfigurationHandler::setRadioFrameId(RadioChannel c
         if (findRadioFrame(radioFrameId) == nullptr || channel < 1 || channel > node().channels.size()) {
             return eHCH_E_FAILED;
         }
-        node().channel(channel).radioFrameId = radioFrameId;
-        return eHCH_S_OK;
+        auto& state = node().channel(channel);
+        return state.dsp.i2cFailure.orElse<EHCHResult>([&] { state.radioFrameId = radioFrameId; });
     });
 }
 

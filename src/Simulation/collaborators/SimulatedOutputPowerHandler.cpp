@@ -15,9 +15,6 @@ constexpr unsigned kAmplifiers = 6;
 constexpr std::int32_t kGainPerAmplifier = 10;
 constexpr std::int32_t kGreatestGain = 300;
 
-constexpr std::int32_t kHighDetectorFrom = 100;
-constexpr std::int32_t kLowDetectorBelow = 80;
-
 constexpr std::int32_t kDacMiddle = 2048;
 constexpr std::int32_t kDacGreatest = 4095;
 
@@ -97,9 +94,9 @@ ETIResult SimulatedOutputPowerHandler::testGetDetectorInUse(bool& usingHigh, std
                                                             std::int32_t& switchToLowLevel)
 {
     return perform<ETIResult>("testGetDetectorInUse", [&] {
-        usingHigh = channel().transmitter.power >= kHighDetectorFrom;
-        switchToHighLevel = kHighDetectorFrom;
-        switchToLowLevel = kLowDetectorBelow;
+        usingHigh = chain().usesHighDetector;
+        switchToHighLevel = kHighDetectorFrom_dBmTenths;
+        switchToLowLevel = kLowDetectorBelow_dBmTenths;
     });
 }
 

@@ -16,6 +16,7 @@ ESPCResult SimulatedSpcSimulator::simulate(unsigned mode, int min, int max, doub
         sweep.max = max;
         sweep.start = start;
         sweep.step = step;
+        sweep.startedAt = node().now();
         return eSPC_S_OK;
     });
 }

@@ -8,7 +8,9 @@ namespace zyr_simulation
 
 inline constexpr CollaboratorOperations kSpcSimulatorOperations{"ISpcSimulator", "simulate"};
 
-/// The simulator of power control of a channel: keeps the sweep and the object that it runs on.
+/// The simulator of power control of a channel: sweeps the level that is seen in place of the received one
+/// as long as it has power control's object. The level takes a step in a second, and stays at the end of the
+/// sweep.
 class SimulatedSpcSimulator final : public SimulatedCollaborator<ISpcSimulator, kSpcSimulatorOperations>
 {
   public:

@@ -1,5 +1,9 @@
 #include "SimulatedSystemPowerController.h"
 
+#include <optional>
+#include <tuple>
+#include <utility>
+
 namespace zyr_simulation
 {
 
@@ -7,6 +11,33 @@ using zyr_top_api::ETxPowerOverrideState;
 using zyr_top_api::ForceLoopMode;
 using zyr_top_api::ReferenceSec;
 using zyr_top_api::TxRequestedStatus;
+
+namespace
+{
+
+/// Puts a commanded value into force, or keeps it until the bar goes.
+template <class Value>
+void command(bool isBarred, Value value, Value& inForce, std::optional<Value>& behindBar)
+{
+    if (isBarred) {
+        behindBar = value;
+    } else {
+        inForce = value;
+    }
+}
+
+/// Sets a bar and what is held behind it; when the bar goes, what was commanded meanwhile comes into force.
+template <class Value>
+void hold(bool isBarred, Value value, bool& bar, Value& inForce, std::optional<Value>& behindBar)
+{
+    bar = isBarred;
+    inForce = isBarred ? value : behindBar.value_or(value);
+    if (!isBarred) {
+        behindBar.reset();
+    }
+}
+
+} // namespace
 
 bool SimulatedSystemPowerController::isConfigurationBypassed()
 {
@@ -55,16 +86,13 @@ ESPCResult SimulatedSystemPowerController::configurePowerSettings(TxRequestedSta
         if (minRfOutputPower > maxRfOutputPower) {
             return eSPC_E_FAILED;
         }
-        if (!transmitter().requestedBarred) {
-            transmitter().requested = status;
-        }
-        if (!transmitter().targetBarred) {
-            transmitter().farEndTarget = targetRfInputPowerFarEnd;
-        }
-        if (!transmitter().windowBarred) {
-            transmitter().minPower = minRfOutputPower;
-            transmitter().maxPower = maxRfOutputPower;
-        }
+        auto& state = transmitter();
+        std::pair window(state.minPower, state.maxPower);
+        command(state.requestedBarred, status, state.requested, state.requestedBehindBar);
+        command(state.targetBarred, targetRfInputPowerFarEnd, state.farEndTarget, state.targetBehindBar);
+        command(state.windowBarred, std::pair(minRfOutputPower, maxRfOutputPower), window,
+                state.windowBehindBar);
+        std::tie(state.minPower, state.maxPower) = window;
         return eSPC_S_OK;
     });
 }
@@ -72,9 +100,8 @@ ESPCResult SimulatedSystemPowerController::configurePowerSettings(TxRequestedSta
 ESPCResult SimulatedSystemPowerController::setAdminRequestedTxPowerState(TxRequestedStatus status, int)
 {
     return perform<ESPCResult>("setAdminRequestedTxPowerState", [&] {
-        if (!transmitter().requestedBarred) {
-            transmitter().requested = status;
-        }
+        command(transmitter().requestedBarred, status, transmitter().requested,
+                transmitter().requestedBehindBar);
     });
 }
 
@@ -142,15 +169,17 @@ ESPCResult SimulatedSystemPowerController::overridePowerSettings(
         if (minRfOutputPower > maxRfOutputPower) {
             return eSPC_E_FAILED;
         }
-        transmitter().requestedBarred = txRequestedStatusBarOn;
-        transmitter().requested = txRequestedStatus;
-        transmitter().targetBarred = targetRfInputPowerBarOn;
-        transmitter().farEndTarget = targetRfInputPower;
-        transmitter().windowBarred = rfOutputPowerBarOn;
-        transmitter().minPower = minRfOutputPower;
-        transmitter().maxPower = maxRfOutputPower;
-        transmitter().ignoresLimits = ignorePowerLimits;
-        transmitter().loopMode = forceLoopMode;
+        auto& state = transmitter();
+        std::pair window(state.minPower, state.maxPower);
+        hold(txRequestedStatusBarOn, txRequestedStatus, state.requestedBarred, state.requested,
+             state.requestedBehindBar);
+        hold(targetRfInputPowerBarOn, targetRfInputPower, state.targetBarred, state.farEndTarget,
+             state.targetBehindBar);
+        hold(rfOutputPowerBarOn, std::pair(minRfOutputPower, maxRfOutputPower), state.windowBarred, window,
+             state.windowBehindBar);
+        std::tie(state.minPower, state.maxPower) = window;
+        state.ignoresLimits = ignorePowerLimits;
+        state.loopMode = forceLoopMode;
         return eSPC_S_OK;
     });
 }

@@ -39,6 +39,10 @@ namespace zyr_simulation
 /// dBm.
 inline constexpr std::int32_t kNoLevel_dBmTenths = -990;
 
+/// Powers at which the transmitter's detectors change over, in tenths of a dBm.
+inline constexpr std::int32_t kHighDetectorFrom_dBmTenths = 100;
+inline constexpr std::int32_t kLowDetectorBelow_dBmTenths = 80;
+
 /// The transmitter and its power control. Powers are in tenths of a dBm.
 struct TransmitterState
 {
@@ -66,7 +70,11 @@ struct TransmitterState
     bool requestedBarred = false; ///< A test holds the requested status.
     bool targetBarred = false;    ///< A test holds the target level.
     bool windowBarred = false;    ///< A test holds the window.
-    bool ignoresLimits = false;   ///< The window may leave the radio's limits.
+    // What was commanded while a test held it, to come into force afterwards.
+    std::optional<zyr_top_api::TxRequestedStatus> requestedBehindBar = {};
+    std::optional<std::int32_t> targetBehindBar = {};
+    std::optional<std::pair<std::int32_t, std::int32_t>> windowBehindBar = {};
+    bool ignoresLimits = false; ///< The window may leave the radio's limits.
     zyr_top_api::ForceLoopMode loopMode = zyr_top_api::ForceLoopMode::NormalOperation;
     std::map<std::pair<unsigned, unsigned>, double> gains; ///< By loop and kind.
     int boosterPresence = 0;
@@ -94,9 +102,10 @@ struct TapsLogState
     std::deque<zyr_top_api::TapsLogData> samples = {}; ///< Oldest first.
 };
 
-/// What test commands set in the chain of the transmitter. It doesn't act on the power that is sent.
+/// The chain of the transmitter. What test commands set in it doesn't act on the power that is sent.
 struct TransmitterChainState
 {
+    bool usesHighDetector = false; ///< Follows the power that is sent, with a hysteresis.
     bool isRfGainBarred = false;
     std::int32_t rfGain = 0;
     bool isIfPowerBarred = false;
@@ -111,7 +120,8 @@ struct SpcSimulationState
     std::int32_t min = 0;
     std::int32_t max = 0;
     double start = 0;
-    double step = 0;
+    double step = 0; ///< In a second.
+    std::chrono::nanoseconds startedAt{0};
     std::map<unsigned, double> atpcGains = {}; ///< By kind.
 };
 

@@ -108,6 +108,29 @@ bool receives(const NodeState& node, const ChannelState& channel)
            !channel.loops.isClosed();
 }
 
+/// What power control sees in place of the received level while its object is under simulation and a sweep
+/// runs.
+std::int32_t seenLevel(const NodeState& node, const ChannelState& channel, std::int32_t received)
+{
+    constexpr unsigned up = 0;
+    constexpr unsigned stopped = 2;
+    const auto& sweep = channel.spcSimulation;
+    if (!sweep.isObjectSimulated || sweep.mode == stopped) {
+        return received;
+    }
+    const double way = sweep.step * std::floor(Seconds(node.now() - sweep.startedAt).count());
+    return level(std::clamp(sweep.mode == up ? sweep.start + way : sweep.start - way,
+                            static_cast<double>(sweep.min), static_cast<double>(sweep.max)));
+}
+
+/// The detectors change over at two powers, so that they don't flutter between them.
+void chooseDetector(ChannelState& channel)
+{
+    auto& usesHigh = channel.transmitterChain.usesHighDetector;
+    usesHigh =
+        channel.transmitter.power >= (usesHigh ? kLowDetectorBelow_dBmTenths : kHighDetectorFrom_dBmTenths);
+}
+
 double errorShare(const NodeState& node, const ReceiverState& receiver)
 {
     const auto margin = receiver.snir - requiredSnir(receiver.rxModulation);
@@ -174,6 +197,7 @@ void settleHop(NodeState& node, ChannelState& channel)
 
     const auto attenuation = node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
     channel.transmitter.power = transmittedPower(node, channel, attenuation);
+    chooseDetector(channel);
     const bool sends = sendsTraffic(node, channel);
     receiver.farEndSnir = sends ? snirOf(level(channel.transmitter.power - attenuation), channel) : 0;
     receiver.txModulation =
@@ -182,6 +206,7 @@ void settleHop(NodeState& node, ChannelState& channel)
     receiver.level = receives(node, channel) ? level(node.settings.farEndTxPower_dBmTenths - attenuation)
                                              : kNoLevel_dBmTenths;
     receiver.snir = receives(node, channel) ? std::max(snirOf(receiver.level, channel), 0) : 0;
+    receiver.level = seenLevel(node, channel, receiver.level);
     setLink(node, channel,
             receives(node, channel) && channel.isConfigured() && !node.dsp.isRecovering &&
                 receiver.snir >= requiredSnir(channel.minModulation));

@@ -1,0 +1,335 @@
+#include "CiManageLoopsImpl.h"
+#include "CmdWrapper.h"
+#include "CriDisableModulationImpl.h"
+#include "CriGetRadioChannelStatusImpl.h"
+#include "CriSetRadioChannelNearEndImpl.h"
+#include "CriSetRfPowerImpl.h"
+#include "SimulatedNode.h"
+#include "TiGetDspTxModeImpl.h"
+#include "TiGetIfLoopImpl.h"
+#include "TiGetNarrowWideFiltersImpl.h"
+#include "TiGetRxXcStatusLevelImpl.h"
+#include "TiGetTXRFDetectedOutputPowerImpl.h"
+#include "TiManageDspImpl.h"
+#include "TiManagePmImpl.h"
+#include "TiManageRfPowerImpl.h"
+#include "TiManageSpcImpl.h"
+#include "TiManageTXIFOutputPowerImpl.h"
+#include "TiManageTapsImpl.h"
+#include "TiSetDspTxModeImpl.h"
+#include "TiSetIfFrequencyImpl.h"
+#include "TiSetIfLoopImpl.h"
+#include "TiSetNarrowWideFiltersImpl.h"
+#include "VirtualTime.h"
+#include "ZyrApiHandler.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace
+{
+
+using namespace std::chrono_literals;
+using namespace zyr_top_api;
+
+// What one test command does, seen by another command.
+class TestAccessByCommandsTest : public testing::Test
+{
+  protected:
+    TestAccessByCommandsTest()
+    {
+        enrol<CiManageLoopsImpl>();
+        enrol<CriDisableModulationImpl>();
+        enrol<CriGetRadioChannelStatusImpl>();
+        enrol<CriSetRadioChannelNearEndImpl>();
+        enrol<CriSetRfPowerImpl>();
+        ZyrApiHandler::setTiEnabled(true);
+    }
+    ~TestAccessByCommandsTest() override
+    {
+        ZyrApiHandler::setTiEnabled(false);
+        ZyrApiHandler::m_cmds.clear();
+    }
+
+    template <class XImpl>
+    static void enrol()
+    {
+        auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
+        EXPECT_EQ(wrapper->impl().initialize(2), eTI_S_OK);
+        ZyrApiHandler::m_cmds.push_back(wrapper);
+    }
+
+    /// Calls a direct command, which has to succeed.
+    template <class XImpl>
+    static typename XImpl::Response direct(const typename XImpl::Command& command)
+    {
+        XImpl impl;
+        EXPECT_EQ(impl.initialize(2), eTI_S_OK);
+        auto response = impl.execute(command);
+        EXPECT_EQ(response.faultString, "");
+        return response;
+    }
+
+    static std::string configure()
+    {
+        CriSetRadioChannelNearEnd::Command command;
+        command.RadioChannelID = RadioChannel(1);
+        command.radioFrameId = 102;
+        command.minModulation = ModulationAndCoding::QAM_4;
+        command.maxModulation = ModulationAndCoding::QAM_4096;
+        command.txFrequency_kHz = 14'500'000;
+        command.rxFrequency_kHz = 14'920'000;
+        return criSetRadioChannelNearEnd(command).faultString;
+    }
+
+    void setPower(std::int32_t least, std::int32_t most)
+    {
+        CriSetRfPower::Command command;
+        command.RadioChannelID = 1;
+        command.txRequestedStatus = TxRequestedStatus::On;
+        command.minRfOutputPower = least;
+        command.maxRfOutputPower = most;
+        EXPECT_EQ(criSetRfPower(command).faultString, "");
+        time.advance(5s);
+    }
+
+    static CriGetRadioChannelStatus::Response status(bool resetErrorBlocks = false)
+    {
+        CriGetRadioChannelStatus::Command command;
+        command.RadioChannelID = 1;
+        command.ResetErrorBlocks = resetErrorBlocks;
+        auto answer = criGetRadioChannelStatus(command);
+        EXPECT_EQ(answer.faultString, "");
+        return answer;
+    }
+
+    static TiManageSpc::Command sweep(TiManageSpc::Action action)
+    {
+        TiManageSpc::Command command;
+        command.Action = action;
+        command.Min = -700;
+        command.Max = -500;
+        command.Rate = 100; // 60 in a second
+        return command;
+    }
+
+    zyr_platform::VirtualTime time;
+    zyr_simulation::SimulatedNode node{{.pathLoss_dBTenths = 600, .fading_dBTenths = 0}, time};
+};
+
+TEST_F(TestAccessByCommandsTest, SweepMovesTheInputPowerThatTheStatusShowsUntilItIsStopped)
+{
+    ASSERT_EQ(configure(), "");
+    EXPECT_EQ(status().ActualRFInputPower, -400);
+    direct<TiManageSpcImpl>(sweep(TiManageSpc::Action::StartSweepDown));
+    time.advance(1s);
+    EXPECT_EQ(status().ActualRFInputPower, -400) << "nothing was handed over";
+    direct<TiManageSpcImpl>(sweep(TiManageSpc::Action::StartSweepUp));
+    EXPECT_EQ(status().ActualRFInputPower, -700);
+    time.advance(2s);
+    EXPECT_EQ(status().ActualRFInputPower, -580);
+    time.advance(1min);
+    EXPECT_EQ(status().ActualRFInputPower, -500) << "the end of the sweep";
+    direct<TiManageSpcImpl>(sweep(TiManageSpc::Action::StartSweepDown));
+    time.advance(1s);
+    EXPECT_EQ(status().ActualRFInputPower, -560);
+    direct<TiManageSpcImpl>(sweep(TiManageSpc::Action::StopSweep));
+    EXPECT_EQ(status().ActualRFInputPower, -400);
+}
+
+TEST_F(TestAccessByCommandsTest, GainsAreKeptPerLoopAndKind)
+{
+    TiManageSpc::Command command;
+    command.Action = TiManageSpc::Action::OpcGainOpenLoop;
+    command.OpcTxRampingGain = 5;
+    command.OpcTxOnGain = 6;
+    EXPECT_EQ(direct<TiManageSpcImpl>(command).printResponse(),
+              "OpcTxOnGainOpenLoop: 6, OpcTxRampingGainOpenLoop: 5");
+    command.Action = TiManageSpc::Action::OpcGainClosedLoop;
+    EXPECT_EQ(direct<TiManageSpcImpl>(command).printResponse(),
+              "OpcTxOnGainClosedLoop: 0, OpcTxRampingGainClosedLoop: 6");
+}
+
+TEST_F(TestAccessByCommandsTest, PowerThatIsCommandedUnderABarComesIntoForceWhenTheBarGoes)
+{
+    ASSERT_EQ(configure(), "");
+    TiManageRfPower::Command bar;
+    bar.TXRequestedStatusBarOn = true;
+    bar.TXRequestedStatus = TxRequestedStatus::On;
+    bar.RFOutputPowerBarOn = true;
+    bar.MinRFOutputPower = 50;
+    bar.MaxRFOutputPower = 50;
+    direct<TiManageRfPowerImpl>(bar);
+    setPower(120, 120);
+    EXPECT_EQ(status().ReportedRFOutputPower, 50);
+    TiManageRfPower::Command noBar;
+    noBar.TXRequestedStatusBarOn = false;
+    noBar.RFOutputPowerBarOn = false;
+    const auto freed = direct<TiManageRfPowerImpl>(noBar);
+    EXPECT_EQ(freed.MinRFOutputPower, 120);
+    EXPECT_EQ(freed.MaxRFOutputPower, 120);
+    EXPECT_EQ(status().ReportedRFOutputPower, 120);
+}
+
+TEST_F(TestAccessByCommandsTest, BarThatGoesWithoutACommandLeavesTheValuesInForce)
+{
+    TiManageRfPower::Command bar;
+    bar.RFOutputPowerBarOn = true;
+    bar.MinRFOutputPower = 30;
+    bar.MaxRFOutputPower = 40;
+    direct<TiManageRfPowerImpl>(bar);
+    TiManageRfPower::Command noBar;
+    noBar.RFOutputPowerBarOn = false;
+    EXPECT_EQ(direct<TiManageRfPowerImpl>(noBar).MaxRFOutputPower, 40);
+}
+
+TEST_F(TestAccessByCommandsTest, OpenLoopHoldsTheUpperEndAndClosedLoopFollowsTheTarget)
+{
+    ASSERT_EQ(configure(), "");
+    setPower(0, 150);
+    TiManageRfPower::Command mode;
+    mode.TargetRFInputPower = -500;
+    mode.ForceLoopMode = ForceLoopMode::ClosedLoop;
+    direct<TiManageRfPowerImpl>(mode);
+    EXPECT_EQ(status().ReportedRFOutputPower, 100);
+    mode.ForceLoopMode = ForceLoopMode::OpenLoop;
+    direct<TiManageRfPowerImpl>(mode);
+    EXPECT_EQ(status().ReportedRFOutputPower, 150);
+}
+
+TEST_F(TestAccessByCommandsTest, InjectedBlocksAppearAtTheirPercentageForTheCycles)
+{
+    ASSERT_EQ(configure(), "");
+    time.advance(10s);
+    status(true);
+    TiManagePm::Command command;
+    command.injectEb = true;
+    command.ebCycles = 4;
+    command.ebPercentage = 25;
+    EXPECT_EQ(direct<TiManagePmImpl>(command).cyclesLeft, 4);
+    time.advance(1s);
+    const auto half = direct<TiManagePmImpl>({});
+    EXPECT_TRUE(half.injectingEb);
+    EXPECT_EQ(half.cyclesLeft, 3);
+    time.advance(3s);
+    const auto during = status(true);
+    EXPECT_GT(during.BackgroundBlocks, 0);
+    EXPECT_EQ(during.ErroredBlocks, during.BackgroundBlocks / 4);
+    time.advance(4s);
+    EXPECT_EQ(status().ErroredBlocks, 0);
+    EXPECT_FALSE(direct<TiManagePmImpl>({}).injectingEb);
+}
+
+TEST_F(TestAccessByCommandsTest, InjectedDspErrorsStrikeWhereToldAndAreListedUntilUsedUp)
+{
+    direct<TiManageDspImpl>({1, TiManageDsp::InjectError::I2CErrorDuringDspConfiguration, 2, 0});
+    direct<TiManageDspImpl>({2, TiManageDsp::InjectError::ComNotInitialized, 3, 0});
+    auto left = node.faultsLeft();
+    ASSERT_EQ(left.size(), 2U);
+    EXPECT_EQ(left[0].collaborator, "IDspChannelApi");
+    EXPECT_EQ(left[0].channel, 1U);
+    EXPECT_EQ(left[0].count, 2U);
+    EXPECT_EQ(left[1].collaborator, "IDspStatusApi");
+    EXPECT_EQ(left[1].code, 32780U);
+    EXPECT_EQ(configure(), "") << "the recovery mends it";
+    left = node.faultsLeft();
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(left[0].collaborator, "IDspStatusApi");
+    TiGetRxXcStatusLevelImpl levels;
+    EXPECT_EQ(levels.initialize(2), eTI_S_OK);
+    EXPECT_EQ(levels.execute({2}).faultString, "Failed to get RX XC status level");
+    EXPECT_EQ(node.faultsLeft()[0].count, 2U);
+}
+
+TEST_F(TestAccessByCommandsTest, I2cErrorsBeyondTheRetriesFailTheConfiguration)
+{
+    direct<TiManageDspImpl>({1, TiManageDsp::InjectError::I2CErrorDuringDspConfiguration, 100, 0});
+    EXPECT_EQ(configure(), "IHardwareConfigurationHandler->setRadioFrameId failed (EHCHResult = 32768)");
+}
+
+TEST_F(TestAccessByCommandsTest, DisabledModulationAndTheTestSignalAreTwoViewsOfOneMode)
+{
+    CriDisableModulation::Command disable;
+    disable.DisableModulation = true;
+    EXPECT_TRUE(criDisableModulation(disable).DisableModulation);
+    EXPECT_EQ(direct<TiGetDspTxModeImpl>({1}).OutputSignal, "OneTone");
+    direct<TiSetDspTxModeImpl>({1, "TwoTone", 3, 4});
+    EXPECT_FALSE(criDisableModulation({}).DisableModulation);
+    EXPECT_EQ(direct<TiGetDspTxModeImpl>({1}).ToneFrequency, 4);
+    EXPECT_EQ(direct<TiGetDspTxModeImpl>({2}).OutputSignal, "NormalOperation");
+    direct<TiSetDspTxModeImpl>({1, "OneTone", 0, 0});
+    EXPECT_TRUE(criDisableModulation({}).DisableModulation);
+}
+
+TEST_F(TestAccessByCommandsTest, IfLoopIsTheOneOfTheLoopsAndCutsTheFarEndOff)
+{
+    ASSERT_EQ(configure(), "");
+    direct<TiSetIfLoopImpl>({1, 7});
+    EXPECT_EQ(direct<TiGetIfLoopImpl>({1}).ifLoop, 1U);
+    EXPECT_EQ(direct<TiGetIfLoopImpl>({2}).ifLoop, 0U);
+    const auto loops = ciManageLoops({}).loops;
+    ASSERT_EQ(loops.size(), 4U);
+    EXPECT_EQ(loops[0].loopName, "IfLoop1");
+    EXPECT_TRUE(loops[0].closed);
+    EXPECT_EQ(status().RadioChannelStatus, "Down");
+}
+
+TEST_F(TestAccessByCommandsTest, FrequencyAndFiltersReachTheDspThatTheyAreMeantFor)
+{
+    direct<TiSetIfFrequencyImpl>({2, 0, 350'000});
+    direct<TiSetIfFrequencyImpl>({2, 1, 140'000});
+    EXPECT_EQ(node.channel(2).dsp.txIfFrequency, 350'000);
+    EXPECT_EQ(node.channel(2).dsp.rxIfFrequency, 140'000);
+    direct<TiSetNarrowWideFiltersImpl>({2, 5});
+    EXPECT_EQ(direct<TiGetNarrowWideFiltersImpl>({2}).filter, 5);
+    EXPECT_EQ(node.channel(1).dsp.filters, 5);
+}
+
+TEST_F(TestAccessByCommandsTest, DetectorInUseFollowsThePowerWithAHysteresis)
+{
+    ASSERT_EQ(configure(), "");
+    const auto usesHigh = [&](std::int32_t power) {
+        setPower(power, power);
+        return direct<TiGetTXRFDetectedOutputPowerImpl>({1}).usingHighDetector;
+    };
+    EXPECT_FALSE(usesHigh(99));
+    EXPECT_TRUE(usesHigh(100));
+    EXPECT_TRUE(usesHigh(80));
+    EXPECT_FALSE(usesHigh(79));
+    EXPECT_FALSE(usesHigh(99));
+}
+
+TEST_F(TestAccessByCommandsTest, ConverterFollowsTheIfPower)
+{
+    TiManageTXIFOutputPower::Command command;
+    command.txIfOutputPower = -100;
+    const auto low = direct<TiManageTXIFOutputPowerImpl>(command);
+    command.txIfOutputPower = 100;
+    const auto high = direct<TiManageTXIFOutputPowerImpl>(command);
+    EXPECT_EQ(high.txIfOutputPower, 100);
+    EXPECT_EQ(high.dacValue, low.dacValue + 200);
+}
+
+TEST_F(TestAccessByCommandsTest, TapsLogTakesSamplesOfTheChannelsPowerWithItsPeriod)
+{
+    ASSERT_EQ(configure(), "");
+    setPower(100, 150);
+    TiManageTaps::Command command;
+    command.LogRequestOption = TiManageTaps::LogRequestOption::SetLogPeriod;
+    command.Time = 5U;
+    EXPECT_EQ(direct<TiManageTapsImpl>(command).LogPeriodSec, 5U);
+    command.LogRequestOption = TiManageTaps::LogRequestOption::StartLog;
+    EXPECT_TRUE(direct<TiManageTapsImpl>(command).TapsLogActive);
+    time.advance(11s);
+    command.LogRequestOption = TiManageTaps::LogRequestOption::ReadSample;
+    const auto sample = direct<TiManageTapsImpl>(command).TapsLogData.value();
+    EXPECT_EQ(sample.samplesRemaining, 2);
+    EXPECT_EQ(sample.minPowerOut, 100);
+    EXPECT_EQ(sample.maxPowerOut, 150);
+    EXPECT_TRUE(sample.atpcEnabled);
+}
+
+} // namespace
