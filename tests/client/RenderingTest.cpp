@@ -180,7 +180,7 @@ TEST(Help, TellsAllOfACommand)
         (std::vector<std::string>{
             "CRI.Example",
             "  Does an example.",
-            "  Refused while the test family is closed.",
+            "  Refused while the test family is closed; zyrnode --enable-ti opens it.",
             "  Answers when there is something to report; waits without a limit unless --timeout is given.",
             "  Can disturb traffic: asks before it runs, unless --yes is given.",
             "",

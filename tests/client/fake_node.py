@@ -49,8 +49,8 @@ SET_KEY = {
     "request": [{"name": "masterKey", "type": "string", "help": "", "required": True, "isSecret": True}],
     "response": [], "faults": []}
 
-TI_EVENTS = {"name": "TI.GetEvents", "help": "Reads events.", "test": True, "longPoll": False,
-             "disturbsTraffic": False, "request": [], "response": [], "faults": []}
+TI_EVENTS = {"name": "TI.GetEvents", "help": "Reads events.", "group": "events", "test": True,
+             "longPoll": False, "disturbsTraffic": False, "request": [], "response": [], "faults": []}
 
 LONG_POLL = {"name": "CI.GetFastEvents", "help": "Waits for events.", "test": False, "longPoll": True,
              "disturbsTraffic": False, "request": [], "response": [], "faults": []}

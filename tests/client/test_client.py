@@ -10,6 +10,7 @@ import pty
 import random
 import re
 import select
+import signal
 import socket
 import subprocess
 import sys
@@ -101,10 +102,75 @@ class List(NodeTest):
     def test_shows_undescribed_methods_with_all(self):
         self.assertEqual(self.run_with_node("list", "--all", "sim"), (0, "SIM.GetState  Reads the state.\n", ""))
 
+    def test_groups_test_commands_alone(self):
+        self.assertEqual(self.run_with_node("list", "--test"),
+                         (0, "events:\n  TI.GetEvents  Reads events.\n", ""))
+        status, out, _ = self.run_with_node("list", "--test", "--json")
+        self.assertEqual((status, json.loads(out)),
+                         (0, [{"name": "TI.GetEvents", "help": "Reads events.", "test": True, "group": "events"}]))
+        self.assertEqual(self.run_with_node("list", "--test", "cri")[1:], ("", 'zyrctl: no command fits "cri"\n'))
+        self.assertEqual(self.run_with_node("list", "--test", "--all")[0], 2)
+
     def test_is_json_on_request(self):
         status, out, err = self.run_with_node("list", "ti.", "--json")
         self.assertEqual((status, json.loads(out), err),
                          (0, [{"name": "TI.GetEvents", "help": "Reads events.", "test": True}], ""))
+
+
+class Taps(NodeTest):
+    STATE = {"tiResult": 0, "RadioChannelID": 2, "TapsLogActive": False, "LogPeriodSec": 1}
+    ASK, START, STOP, READ = (
+        ("TI.ManageTaps", [{"RadioChannelID": 2, **more}])
+        for more in ({}, *({"LogRequestOption": option} for option in ("StartLog", "StopLog", "ReadSample"))))
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_command("TI.ManageTaps")
+
+    @staticmethod
+    def sample(time, left):
+        return {"tiResult": 0, "TapsLogData": {"samplesRemaining": left, "timeStamp": time, "maxPowerOut": -50}}
+
+    def test_shows_the_state(self):
+        self.node.answers["TI.ManageTaps"] = [self.STATE]
+        self.assertEqual(self.run_with_node("taps", "2"),
+                         (0, "RadioChannelID: 2\nTapsLogActive: false\nLogPeriodSec: 1\n", ""))
+        self.assertEqual(self.node.calls, [self.ASK])
+
+    def test_follows_a_log_of_its_own_and_stops_it(self):
+        self.node.answers["TI.ManageTaps"] = [self.STATE, {"tiResult": 0}, self.sample("300 ms", 1),
+                                              self.sample("1,3 s", 0), {"tiResult": 0}]
+        self.assertEqual(self.run_with_node("taps", "2", "--log", "--count", "2"), (0, (
+            "samplesRemaining  timeStamp  maxPowerOut\n"
+            "1                 300 ms     -50\n"
+            "0                 1,3 s      -50\n"), ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.START, self.READ, self.READ, self.STOP])
+
+    def test_leaves_a_log_that_was_running(self):
+        self.node.answers["TI.ManageTaps"] = [{**self.STATE, "TapsLogActive": True}, self.sample("1,3 s", 0)]
+        self.assertEqual(self.run_with_node("taps", "2", "--log", "--csv", "--count", "1"),
+                         (0, 'samplesRemaining,timeStamp,maxPowerOut\n0,"1,3 s",-50\n', ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.READ])
+
+    def test_sets_the_period_and_waits_for_the_first_sample(self):
+        empty = xmlrpc.client.Fault(4, "TI.ManageTaps failed to read sample from log")
+        self.node.answers["TI.ManageTaps"] = [{"tiResult": 0}, self.STATE, {"tiResult": 0}, empty,
+                                              self.sample("5 ms", 0), {"tiResult": 0}]
+        status, out, _ = self.run_with_node("taps", "2", "--log", "--period", "7", "--count", "1", "--json")
+        self.assertEqual((status, json.loads(out)["timeStamp"]), (0, "5 ms"))
+        self.assertEqual(self.node.calls[0][1], [{"RadioChannelID": 2, "LogRequestOption": "SetLogPeriod", "Time": 7}])
+
+    def test_stops_its_log_at_an_interrupt_and_at_a_fault(self):
+        self.node.answers["TI.ManageTaps"] = [self.STATE, {"tiResult": 0}, self.sample("300 ms", 0)]
+        with subprocess.Popen([ZYRCTL, "taps", "2", "--log"], stdout=subprocess.PIPE, text=True,
+                              env=environment(self.node.url)) as process:
+            self.assertTrue(process.stdout.readline().startswith("samplesRemaining"))
+            process.send_signal(signal.SIGINT)
+            self.assertEqual(process.wait(DEADLINE), 0)
+        self.assertEqual(self.node.calls[-1], self.STOP)
+        self.node.answers["TI.ManageTaps"] = [self.STATE, {"tiResult": 0}, xmlrpc.client.Fault(4, "broken")]
+        self.assertEqual(self.run_with_node("taps", "2", "--log"), (1, "", "zyrctl: fault 4: broken\n"))
+        self.assertEqual(self.node.calls[-1], self.STOP)
 
 
 class Help(NodeTest):

@@ -142,7 +142,7 @@ void addFields(std::vector<std::string>& lines, const std::string& title,
 void addNotes(std::vector<std::string>& lines, const CommandDescription& command)
 {
     if (command.isTest) {
-        lines.emplace_back("  Refused while the test family is closed.");
+        lines.emplace_back("  Refused while the test family is closed; zyrnode --enable-ti opens it.");
     }
     if (command.isLongPoll) {
         lines.emplace_back(

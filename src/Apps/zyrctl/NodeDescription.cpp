@@ -75,6 +75,7 @@ CommandDescription readWholeCommand(const Value& description)
     CommandDescription command;
     command.name = description.at("name").get<std::string>();
     command.help = description.value("help", "");
+    command.group = description.value("group", "");
     command.isTest = description.value("test", false);
     command.isLongPoll = description.value("longPoll", false);
     command.disturbsTraffic = description.value("disturbsTraffic", false);

@@ -66,6 +66,7 @@ struct CommandDescription
 {
     std::string name;
     std::string help;
+    std::string group;            ///< what it touches; empty if the node doesn't tell
     bool isTest = false;          ///< refused while the test family is closed
     bool isLongPoll = false;      ///< answers when there is something to report
     bool disturbsTraffic = false; ///< people should be asked before it runs

@@ -21,6 +21,9 @@ void addCallCommand(CLI::App& app, Session& session);
 /// `status [CHANNEL]`, `frames [CHANNEL]`, `capability [CHANNEL]`
 void addPictureCommands(CLI::App& app, Session& session);
 
+/// `taps [CHANNEL]`
+void addTapsCommand(CLI::App& app, Session& session);
+
 /// `completion bash`, and the hidden `__complete LINE` that its script calls
 void addCompletionCommand(CLI::App& app, Session& session);
 

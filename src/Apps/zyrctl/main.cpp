@@ -59,6 +59,7 @@ int main(int argc, char** argv)
         addHelpCommand(app, session);
         addListCommand(app, session);
         addPictureCommands(app, session);
+        addTapsCommand(app, session);
         addCompletionCommand(app, session);
         app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.");
         return static_cast<int>(run(app, session, argc, argv));

@@ -1,0 +1,228 @@
+// taps: the state of TAPS of a channel, and the samples of its log as they are taken.
+
+#include "Subcommands.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <memory>
+#include <optional>
+
+namespace zyr_ctl
+{
+
+namespace
+{
+
+constexpr const char* kTaps = "TI.ManageTaps";
+
+struct TapsOptions
+{
+    std::int64_t channel = 1;
+    bool log = false;
+    bool csv = false;
+    std::int64_t period = 0; ///< seconds; 0: as it is
+    std::uint64_t count = 0; ///< samples; 0: until somebody stops it
+};
+
+/// Keeps SIGINT and SIGTERM away while it lives, and tells when one has come.
+class StopSignals
+{
+  public:
+    StopSignals()
+    {
+        sigemptyset(&m_signals);
+        sigaddset(&m_signals, SIGINT);
+        sigaddset(&m_signals, SIGTERM);
+        pthread_sigmask(SIG_BLOCK, &m_signals, &m_before);
+    }
+    ~StopSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+
+    /// Waits until a signal comes, for so long at most; true if one has come.
+    bool hasComeWithin(std::chrono::seconds duration) const
+    {
+        const timespec limit{.tv_sec = duration.count(), .tv_nsec = 0};
+        return sigtimedwait(&m_signals, nullptr, &limit) > 0;
+    }
+
+  private:
+    sigset_t m_signals{};
+    sigset_t m_before{};
+};
+
+Value manageTaps(Session& session, const TapsOptions& options, const char* logRequest = nullptr)
+{
+    Value command{{"RadioChannelID", options.channel}};
+    if (logRequest != nullptr) {
+        command["LogRequestOption"] = logRequest;
+    }
+    if (options.period != 0 && logRequest == std::string_view("SetLogPeriod")) {
+        command["Time"] = options.period;
+    }
+    return session.node().call(kTaps, {command});
+}
+
+/// The log of a channel. One that wasn't running is started, and stopped again in the end.
+class FollowedLog
+{
+  public:
+    FollowedLog(Session& session, const TapsOptions& options) : m_session(session), m_options(options)
+    {
+        if (options.period != 0) {
+            manageTaps(session, options, "SetLogPeriod");
+        }
+        const Value state = manageTaps(session, options);
+        m_period = std::chrono::seconds(state.value("LogPeriodSec", std::int64_t{1}));
+        m_isOwn = !state.value("TapsLogActive", false);
+        if (m_isOwn) {
+            manageTaps(session, options, "StartLog");
+        }
+    }
+    ~FollowedLog()
+    {
+        try {
+            stop();
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): the failure on its way tells enough
+        }
+    }
+    FollowedLog(const FollowedLog&) = delete;
+    FollowedLog& operator=(const FollowedLog&) = delete;
+
+    std::chrono::seconds period() const { return m_period; }
+
+    /// The oldest sample that hasn't been read, if there is one.
+    std::optional<Value> sample()
+    {
+        try {
+            Value answer = manageTaps(m_session, m_options, "ReadSample");
+            return answer.value("TapsLogData", Value::object());
+        } catch (const Failure& failure) {
+            const bool isEmpty = failure.status() == ExitStatus::Fault &&
+                                 std::string_view(failure.what()).ends_with("failed to read sample from log");
+            if (!isEmpty) {
+                throw;
+            }
+            return std::nullopt;
+        }
+    }
+
+    void stop()
+    {
+        if (m_isOwn) {
+            m_isOwn = false;
+            manageTaps(m_session, m_options, "StopLog");
+        }
+    }
+
+  private:
+    Session& m_session;
+    const TapsOptions& m_options;
+    std::chrono::seconds m_period{1};
+    bool m_isOwn = false;
+};
+
+std::string cellText(const Value& value)
+{
+    return value.is_string() ? value.get<std::string>() : compactJson(value);
+}
+
+std::string csvCell(const std::string& text)
+{
+    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+        return text;
+    }
+    std::string quoted = "\"";
+    for (const char character : text) {
+        quoted += character == '"' ? std::string("\"\"") : std::string(1, character);
+    }
+    return quoted + "\"";
+}
+
+// A row of the table, each cell as wide as its heading at least.
+std::string row(const Value& sample, const TapsOptions& options, bool isHeading)
+{
+    std::string text;
+    for (const auto& [name, value] : sample.items()) {
+        const std::string cell = isHeading ? name : cellText(value);
+        if (options.csv) {
+            text += (text.empty() ? "" : ",") + csvCell(cell);
+        } else {
+            text +=
+                (text.empty() ? "" : "  ") + padded(printable(cell), std::max(widthOf(name), std::size_t{8}));
+        }
+    }
+    return options.csv ? text : text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+void showSample(Session& session, const TapsOptions& options, const Value& sample, bool isFirst)
+{
+    if (session.settings.json) {
+        session.console.print({compactJson(sample)});
+    } else {
+        if (isFirst) {
+            session.console.print({row(sample, options, true)});
+        }
+        session.console.print({row(sample, options, false)});
+    }
+    session.console.flush();
+}
+
+void follow(Session& session, const TapsOptions& options)
+{
+    const StopSignals stopSignals;
+    FollowedLog log(session, options);
+    std::uint64_t shown = 0;
+    for (bool isStopped = false; !isStopped;) {
+        const std::optional<Value> sample = log.sample();
+        if (sample) {
+            showSample(session, options, *sample, shown == 0);
+            ++shown;
+        }
+        const bool isEnough = options.count != 0 && shown >= options.count;
+        const bool isMoreWaiting = sample && sample->value("samplesRemaining", 0) > 0;
+        isStopped =
+            isEnough || stopSignals.hasComeWithin(isMoreWaiting ? std::chrono::seconds(0) : log.period());
+    }
+    log.stop();
+}
+
+void runTaps(Session& session, const TapsOptions& options)
+{
+    if (options.log) {
+        follow(session, options);
+        return;
+    }
+    const Value state = manageTaps(session, options);
+    std::vector<Line> lines;
+    for (const auto& [name, value] : state.items()) {
+        if (name != "tiResult") {
+            lines.push_back({printable(name) + ": " + printable(cellText(value))});
+        }
+    }
+    session.show(state, lines);
+}
+
+} // namespace
+
+void addTapsCommand(CLI::App& app, Session& session)
+{
+    const auto options = std::make_shared<TapsOptions>();
+    CLI::App* const taps = app.add_subcommand("taps", "TAPS of a radio channel (a test command)");
+    taps->add_option("CHANNEL", options->channel, "Radio channel (1)")->check(CLI::PositiveNumber);
+    CLI::Option* const log =
+        taps->add_flag("--log", options->log,
+                       "Show the samples of the log until Ctrl-C; stops the log if it has started it");
+    taps->add_flag("--csv", options->csv, "With --log: as comma-separated values")->needs(log);
+    taps->add_option("--period", options->period, "With --log: seconds between two samples")
+        ->check(CLI::Range(std::int64_t{1}, std::int64_t{86400}))
+        ->needs(log);
+    taps->add_option("--count", options->count, "With --log: stop behind N samples")
+        ->check(CLI::PositiveNumber)
+        ->needs(log);
+    taps->callback([&session, options] { runTaps(session, *options); });
+}
+
+} // namespace zyr_ctl
