@@ -9,10 +9,13 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <random>
 #include <set>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -127,7 +130,7 @@ class RandomRecord
             return std::string(m_chance.oneOf(field.notes.texts()).text);
         }
         const std::array<std::string, 9> candidates{std::string(field.notes.example),
-                                                    std::string(field.type->form),
+                                                    std::string(field.valueType().form),
                                                     "",
                                                     "x",
                                                     "-1",
@@ -157,7 +160,7 @@ class RandomCall : public Exchange
         outcome.printResponse();
         Value value = Value::object();
         zyr_registration::writeRecord(m_command.notes.response, response, value);
-        EXPECT_EQ(value.size(), m_command.notes.response.size());
+        EXPECT_LE(value.size(), m_command.notes.response.size());
         hasAnswered = true;
     }
 

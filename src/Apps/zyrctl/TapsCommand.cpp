@@ -6,8 +6,11 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace zyr_ctl
 {
@@ -53,14 +56,15 @@ class StopSignals
     sigset_t m_before{};
 };
 
-Value manageTaps(Session& session, const TapsOptions& options, const char* logRequest = nullptr)
+Value manageTaps(Session& session, const TapsOptions& options, const std::string& logRequest = {},
+                 std::int64_t period = 0)
 {
     Value command{{"RadioChannelID", options.channel}};
-    if (logRequest != nullptr) {
+    if (!logRequest.empty()) {
         command["LogRequestOption"] = logRequest;
     }
-    if (options.period != 0 && logRequest == std::string_view("SetLogPeriod")) {
-        command["Time"] = options.period;
+    if (period != 0) {
+        command["Time"] = period;
     }
     return session.node().call(kTaps, {command});
 }
@@ -72,7 +76,7 @@ class FollowedLog
     FollowedLog(Session& session, const TapsOptions& options) : m_session(session), m_options(options)
     {
         if (options.period != 0) {
-            manageTaps(session, options, "SetLogPeriod");
+            manageTaps(session, options, "SetLogPeriod", options.period);
         }
         const Value state = manageTaps(session, options);
         m_period = std::chrono::seconds(state.value("LogPeriodSec", std::int64_t{1}));
