@@ -82,7 +82,7 @@ void checkResponse(std::string_view document)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+extern "C" int llvmFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view document(reinterpret_cast<const char*>(data), size);
     checkCall(document);
@@ -102,64 +102,64 @@ namespace
 {
 
 /// Pieces that a mutation puts in; between them they reach every rule of the grammar.
-const std::vector<std::string> pieces{"<methodCall>",
-                                      "</methodCall>",
-                                      "<methodName>",
-                                      "</methodName>",
-                                      "<params>",
-                                      "</params>",
-                                      "<param>",
-                                      "</param>",
-                                      "<value>",
-                                      "</value>",
-                                      "<value/>",
-                                      "<int>",
-                                      "</int>",
-                                      "<i8>",
-                                      "</i8>",
-                                      "<double>",
-                                      "</double>",
-                                      "<boolean>",
-                                      "</boolean>",
-                                      "<string>",
-                                      "</string>",
-                                      "<base64>",
-                                      "</base64>",
-                                      "<nil/>",
-                                      "<ex:nil/>",
-                                      "<array><data>",
-                                      "</data></array>",
-                                      "<struct>",
-                                      "</struct>",
-                                      "<member>",
-                                      "</member>",
-                                      "<name>",
-                                      "</name>",
-                                      "<methodResponse>",
-                                      "</methodResponse>",
-                                      "<fault>",
-                                      "</fault>",
-                                      "<!DOCTYPE x>",
-                                      "<![CDATA[",
-                                      "]]>",
-                                      "<?xml version='1.0' encoding='UTF-16'?>",
-                                      "&#13;",
-                                      "&#x10FFFF;",
-                                      "&amp;",
-                                      "&x;",
-                                      "nan",
-                                      "1e999",
-                                      "-0",
-                                      "9223372036854775808",
-                                      "-9223372036854775808",
-                                      "1e-320",
-                                      "\xC3\xA4",
-                                      "\xFF",
-                                      "\xED\xA0\x80",
-                                      "AP+A",
-                                      "=="};
+const std::vector<std::string> kPieces{"<methodCall>",
+                                       "</methodCall>",
+                                       "<methodName>",
+                                       "</methodName>",
+                                       "<params>",
+                                       "</params>",
+                                       "<param>",
+                                       "</param>",
+                                       "<value>",
+                                       "</value>",
+                                       "<value/>",
+                                       "<int>",
+                                       "</int>",
+                                       "<i8>",
+                                       "</i8>",
+                                       "<double>",
+                                       "</double>",
+                                       "<boolean>",
+                                       "</boolean>",
+                                       "<string>",
+                                       "</string>",
+                                       "<base64>",
+                                       "</base64>",
+                                       "<nil/>",
+                                       "<ex:nil/>",
+                                       "<array><data>",
+                                       "</data></array>",
+                                       "<struct>",
+                                       "</struct>",
+                                       "<member>",
+                                       "</member>",
+                                       "<name>",
+                                       "</name>",
+                                       "<methodResponse>",
+                                       "</methodResponse>",
+                                       "<fault>",
+                                       "</fault>",
+                                       "<!DOCTYPE x>",
+                                       "<![CDATA[",
+                                       "]]>",
+                                       "<?xml version='1.0' encoding='UTF-16'?>",
+                                       "&#13;",
+                                       "&#x10FFFF;",
+                                       "&amp;",
+                                       "&x;",
+                                       "nan",
+                                       "1e999",
+                                       "-0",
+                                       "9223372036854775808",
+                                       "-9223372036854775808",
+                                       "1e-320",
+                                       "\xC3\xA4",
+                                       "\xFF",
+                                       "\xED\xA0\x80",
+                                       "AP+A",
+                                       "=="};
 
-const std::vector<std::string> samples{
+const std::vector<std::string> kSamples{
     "<?xml version='1.0'?><methodCall><methodName>CRI.SetRFPower</methodName><params><param><value><struct>"
     "<member><name>channelId</name><value><int>1</int></value></member><member><name>power</name><value>"
     "<double>-1.5e2</double></value></member><member><name>list</name><value><array><data><value>a</value>"
@@ -186,7 +186,7 @@ void mutate(std::string& document, std::mt19937_64& random)
     const std::size_t length = below(random, 24);
     switch (random() % 5) {
     case 0:
-        document.insert(at, pieces[below(random, pieces.size())]);
+        document.insert(at, kPieces[below(random, kPieces.size())]);
         break;
     case 1:
         document.erase(at, length);
@@ -199,13 +199,13 @@ void mutate(std::string& document, std::mt19937_64& random)
         document.insert(below(random, document.size() + 1), std::string(document, at, length * 4));
         break;
     default:
-        document.replace(at, std::min(length, document.size() - at), pieces[below(random, pieces.size())]);
+        document.replace(at, std::min(length, document.size() - at), kPieces[below(random, kPieces.size())]);
     }
 }
 
 void run(const std::string& document)
 {
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(document.data()), document.size());
+    llvmFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(document.data()), document.size());
 }
 
 std::string contentOf(const char* path)
@@ -228,7 +228,7 @@ int main(int argc, char** argv)
     }
     const unsigned long count = std::strtoul(argv[1], nullptr, 10);
     const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1;
-    std::vector<std::string> documents = samples;
+    std::vector<std::string> documents = kSamples;
     for (int i = 3; i < argc; ++i) {
         documents.push_back(contentOf(argv[i]));
     }

@@ -91,14 +91,14 @@ class Desk
 class HttpServerTest : public testing::Test
 {
   protected:
-    HttpServerTest() { m_server.start(); }
+    HttpServerTest() { mServer.start(); }
 
     HttpTestClient::Answer ask(const std::string& request)
     {
-        return HttpTestClient(m_server.port()).ask(request);
+        return HttpTestClient(mServer.port()).ask(request);
     }
 
-    HttpServer m_server{HttpOptions{}, &echo};
+    HttpServer mServer{HttpOptions{}, &echo};
 };
 
 } // namespace
@@ -167,7 +167,7 @@ TEST_F(HttpServerTest, TooLongBodyIs413WithoutWaitingForIt)
 TEST_F(HttpServerTest, WhoSendsATooLongBodyWholeCanDoSoAndSeesTheAnswer)
 {
     for (int round = 0; round < 5; ++round) {
-        HttpTestClient client(m_server.port());
+        HttpTestClient client(mServer.port());
         ASSERT_TRUE(client.send(
             head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\nContent-Length: 2000000\r\n")));
         for (int piece = 0; piece < 200; ++piece) {
@@ -209,7 +209,7 @@ TEST_F(HttpServerTest, HeaderUpTo8KibIsTakenAndMoreIs431)
 
 TEST_F(HttpServerTest, HeaderWithoutEndIsRefused)
 {
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     client.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nX-Pad: " + std::string(100'000, 'p'));
     EXPECT_EQ(client.answer().status, "431");
 }
@@ -234,7 +234,7 @@ TEST_F(HttpServerTest, HostOfAnotherNameIs400OnLoopback)
 
 TEST_F(HttpServerTest, OldHttpNeedsNoHost)
 {
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     EXPECT_EQ(
         client.ask("POST /RPC2 HTTP/1.0\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n\r\nx").status,
         "200");
@@ -244,7 +244,7 @@ TEST_F(HttpServerTest, OldHttpNeedsNoHost)
 TEST_F(HttpServerTest, DoubledContentLengthIs400)
 {
     for (const std::string second : {"1", "2"}) {
-        HttpTestClient client(m_server.port());
+        HttpTestClient client(mServer.port());
         const auto answer = client.ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/xml\r\n"
                                                                    "Content-Length: 1\r\nContent-Length: " +
                                                                        second + "\r\n") +
@@ -268,7 +268,7 @@ TEST_F(HttpServerTest, AmbiguousOrMalformedLengthIs400)
 TEST_F(HttpServerTest, WhatIsNotHttpIsRefusedAndClosed)
 {
     for (const std::string bytes : {"\r\n\r\nnonsense\r\n\r\n", "POST\r\n\r\n", "\x16\x03\x01\x02\r\n\r\n"}) {
-        HttpTestClient client(m_server.port());
+        HttpTestClient client(mServer.port());
         client.send(bytes);
         const auto answer = client.answer();
         EXPECT_TRUE(answer.status.empty() || answer.status[0] == '4' || answer.status[0] == '5')
@@ -280,7 +280,7 @@ TEST_F(HttpServerTest, WhatIsNotHttpIsRefusedAndClosed)
 
 TEST_F(HttpServerTest, ConnectionIsKeptForFurtherRequests)
 {
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     for (const std::string body : {"a", "bb", "ccc"}) {
         EXPECT_EQ(client.ask(post(body)).body, "POST /RPC2 text/xml " + body);
     }
@@ -289,19 +289,19 @@ TEST_F(HttpServerTest, ConnectionIsKeptForFurtherRequests)
 TEST_F(HttpServerTest, ConnectionFieldIsAList)
 {
     for (const std::string list : {"close", "foo, Close", "keep-alive, close, x"}) {
-        HttpTestClient client(m_server.port());
+        HttpTestClient client(mServer.port());
         EXPECT_EQ(client.ask(post("x", "Connection: " + list + "\r\n")).status, "200") << list;
         EXPECT_TRUE(client.readToEnd()) << list;
         EXPECT_EQ(client.pending(), "") << list;
     }
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     EXPECT_EQ(client.ask(post("x", "Connection: foo, keep-alive\r\n")).status, "200");
     EXPECT_EQ(client.ask(post("x")).status, "200");
 }
 
 TEST_F(HttpServerTest, ContinueIsSentToWhoAsksForIt)
 {
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     client.send(head("POST /RPC2 HTTP/1.1",
                      "Content-Type: text/xml\r\nExpect: 100-continue\r\nContent-Length: 1\r\n"));
     EXPECT_EQ(client.answer().status, "100");
@@ -310,7 +310,7 @@ TEST_F(HttpServerTest, ContinueIsSentToWhoAsksForIt)
 
 TEST_F(HttpServerTest, BodyInManyPiecesIsPutTogether)
 {
-    HttpTestClient client(m_server.port());
+    HttpTestClient client(mServer.port());
     for (const char c : post("<methodCall/>")) {
         ASSERT_TRUE(client.send(std::string(1, c)));
     }

@@ -258,7 +258,7 @@ TEST(XmlRpcClientTest, WatchSeesBothDirectionsButNoPassword)
     options.url = server.url();
     options.login = ClientOptions::Login{"anna", "geheim"};
     options.watch = [&](ClientOptions::Wire wire, std::string_view bytes) {
-        (wire == ClientOptions::Wire::sent ? sent : received) += bytes;
+        (wire == ClientOptions::Wire::Sent ? sent : received) += bytes;
     };
     (void)XmlRpcClient(std::move(options)).call(kCall);
     EXPECT_TRUE(sent.starts_with("POST /RPC2 HTTP/1.1\r\n")) << sent;
@@ -272,13 +272,13 @@ TEST(XmlRpcClientTest, WatchSeesBothDirectionsButNoPassword)
 class XmlRpcClientTlsTest : public testing::Test
 {
   protected:
-    XmlRpcClientTlsTest() : m_server(options(), &XmlRpcClientTlsTest::answer) { m_server.start(); }
+    XmlRpcClientTlsTest() : mServer(options(), &XmlRpcClientTlsTest::answer) { mServer.start(); }
 
     HttpOptions options() const
     {
         HttpOptions options;
-        options.tlsCertificateFile = m_certificate.certificateFile();
-        options.tlsKeyFile = m_certificate.keyFile();
+        options.tlsCertificateFile = mCertificate.certificateFile();
+        options.tlsKeyFile = mCertificate.keyFile();
         return options;
     }
 
@@ -287,17 +287,17 @@ class XmlRpcClientTlsTest : public testing::Test
         answer({200, "text/xml", writeResponse("safe")});
     }
 
-    std::string url() const { return "https://127.0.0.1:" + std::to_string(m_server.port()) + "/RPC2"; }
+    std::string url() const { return "https://127.0.0.1:" + std::to_string(mServer.port()) + "/RPC2"; }
 
-    TemporaryCertificate m_certificate;
-    HttpServer m_server;
+    TemporaryCertificate mCertificate;
+    HttpServer mServer;
 };
 
 TEST_F(XmlRpcClientTlsTest, TrustedCertificateIsCalled)
 {
     ClientOptions options;
     options.url = url();
-    options.caFile = m_certificate.certificateFile();
+    options.caFile = mCertificate.certificateFile();
     XmlRpcClient client(std::move(options));
     EXPECT_EQ(client.call(kCall).value, Value("safe"));
     EXPECT_EQ(client.call(kCall).value, Value("safe"));

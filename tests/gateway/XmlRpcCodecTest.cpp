@@ -33,7 +33,7 @@ std::pair<XmlRpcError::Kind, std::string> errorOf(const std::string& xml)
         return {error.kind(), error.what()};
     }
     ADD_FAILURE() << "accepted: " << xml;
-    return {XmlRpcError::Kind::malformed, ""};
+    return {XmlRpcError::Kind::Malformed, ""};
 }
 
 XmlRpcError::Kind kindOf(const std::string& value)
@@ -107,7 +107,7 @@ TEST(XmlRpcCodecTest, WrongIntegerTextIsRefusedWithTheRange)
 {
     for (const std::string text : {"", "x", "1x", "1.0", "1e3", "+-1", "--1", "+", "0x10", "1 2",
                                    "9223372036854775808", "-9223372036854775809"}) {
-        EXPECT_EQ(kindOf("<value><i8>" + text + "</i8></value>"), XmlRpcError::Kind::badValue) << text;
+        EXPECT_EQ(kindOf("<value><i8>" + text + "</i8></value>"), XmlRpcError::Kind::BadValue) << text;
     }
     EXPECT_EQ(textOf("\n<value><i8>x</i8></value>"),
               "line 2: the text of <int> is not a whole number from -9223372036854775808 to "
@@ -133,7 +133,7 @@ TEST(XmlRpcCodecTest, DoubleTakesDecimalTexts)
 TEST(XmlRpcCodecTest, NotFiniteDoublesAreRefused)
 {
     for (const std::string text : {"nan", "NaN", "inf", "-inf", "Infinity", "+inf", "1e999", "-1e999"}) {
-        EXPECT_EQ(kindOf("<value><double>" + text + "</double></value>"), XmlRpcError::Kind::notFinite)
+        EXPECT_EQ(kindOf("<value><double>" + text + "</double></value>"), XmlRpcError::Kind::NotFinite)
             << text;
     }
     EXPECT_EQ(textOf("<value><double>nan</double></value>"),
@@ -143,7 +143,7 @@ TEST(XmlRpcCodecTest, NotFiniteDoublesAreRefused)
 TEST(XmlRpcCodecTest, WrongDoubleTextIsRefused)
 {
     for (const std::string text : {"", "x", "1,5", "1.5x", "0x1p3", "+-1"}) {
-        EXPECT_EQ(kindOf("<value><double>" + text + "</double></value>"), XmlRpcError::Kind::badValue)
+        EXPECT_EQ(kindOf("<value><double>" + text + "</double></value>"), XmlRpcError::Kind::BadValue)
             << text;
     }
 }
@@ -185,7 +185,7 @@ TEST(XmlRpcCodecTest, Base64IsItsBytes)
     EXPECT_EQ(parameter("<value><base64>AP+A</base64></value>"), Value(std::string("\0\xFF\x80", 3)));
     EXPECT_EQ(parameter("<value><base64/></value>"), Value(""));
     for (const std::string text : {"TWF", "TWFu=", "TW=u", "T===", "====", "TWF*"}) {
-        EXPECT_EQ(kindOf("<value><base64>" + text + "</base64></value>"), XmlRpcError::Kind::badValue)
+        EXPECT_EQ(kindOf("<value><base64>" + text + "</base64></value>"), XmlRpcError::Kind::BadValue)
             << text;
     }
 }
@@ -194,7 +194,7 @@ TEST(XmlRpcCodecTest, NilIsNull)
 {
     EXPECT_TRUE(parameter("<value><nil/></value>").is_null());
     EXPECT_TRUE(parameter("<value> <ex:nil></ex:nil> </value>").is_null());
-    EXPECT_EQ(kindOf("<value><nil>x</nil></value>"), XmlRpcError::Kind::badValue);
+    EXPECT_EQ(kindOf("<value><nil>x</nil></value>"), XmlRpcError::Kind::BadValue);
 }
 
 TEST(XmlRpcCodecTest, ArrayAndStructNest)
@@ -214,7 +214,7 @@ TEST(XmlRpcCodecTest, DoubledMemberIsRefusedByName)
                                                "<member><name>powerLevel</name><value>1</value></member>\n"
                                                "<member><name>powerLevel</name><value>2</value></member>\n"
                                                "</struct></value>"));
-    EXPECT_EQ(kind, XmlRpcError::Kind::doubledMember);
+    EXPECT_EQ(kind, XmlRpcError::Kind::DoubledMember);
     EXPECT_EQ(text, "line 3: the member \"powerLevel\" stands twice in one struct");
 }
 
@@ -238,7 +238,7 @@ TEST(XmlRpcCodecTest, DtdIsRefused)
     const auto [kind, text] =
         errorOf("<?xml version='1.0'?>\n<!DOCTYPE m [<!ENTITY a \"b\">]>\n<methodCall><methodName>&a;"
                 "</methodName></methodCall>");
-    EXPECT_EQ(kind, XmlRpcError::Kind::dtdRefused);
+    EXPECT_EQ(kind, XmlRpcError::Kind::DtdRefused);
     EXPECT_EQ(text, "line 2: a document type declaration is refused; XML-RPC needs none");
 }
 
@@ -251,7 +251,7 @@ TEST(XmlRpcCodecTest, OnlyUtf8AndAsciiAreRead)
     EXPECT_EQ(parseMethodCall("\xEF\xBB\xBF" + body).method, "m");
     for (const std::string bad : {"ISO-8859-1", "UTF-16", "windows-1252", "x-unknown"}) {
         const auto [kind, text] = errorOf("<?xml version='1.0' encoding='" + bad + "'?>" + body);
-        EXPECT_EQ(kind, XmlRpcError::Kind::unsupportedEncoding) << bad;
+        EXPECT_EQ(kind, XmlRpcError::Kind::UnsupportedEncoding) << bad;
         EXPECT_EQ(text, "line 1: the encoding " + bad + " is not supported; UTF-8 and US-ASCII are");
     }
 }
@@ -263,29 +263,29 @@ TEST(XmlRpcCodecTest, Utf16IsRefusedWhateverItDeclares)
         wide += c;
         wide += '\0';
     }
-    EXPECT_EQ(errorOf(wide).first, XmlRpcError::Kind::unsupportedEncoding);
-    EXPECT_EQ(errorOf("\xFF\xFE" + wide).first, XmlRpcError::Kind::unsupportedEncoding);
+    EXPECT_EQ(errorOf(wide).first, XmlRpcError::Kind::UnsupportedEncoding);
+    EXPECT_EQ(errorOf("\xFF\xFE" + wide).first, XmlRpcError::Kind::UnsupportedEncoding);
     EXPECT_EQ(errorOf("\xFE\xFF" + std::string(1, '\0') + wide).first,
-              XmlRpcError::Kind::unsupportedEncoding);
+              XmlRpcError::Kind::UnsupportedEncoding);
 }
 
 TEST(XmlRpcCodecTest, BytesThatAreNotUtf8AreRefused)
 {
-    EXPECT_EQ(kindOf("<value>\xFF</value>"), XmlRpcError::Kind::malformed);
-    EXPECT_EQ(kindOf("<value>&#1;</value>"), XmlRpcError::Kind::malformed);
+    EXPECT_EQ(kindOf("<value>\xFF</value>"), XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(kindOf("<value>&#1;</value>"), XmlRpcError::Kind::Malformed);
     EXPECT_EQ(errorOf("<?xml version='1.0' encoding='US-ASCII'?><methodCall><methodName>\xC3\xA4"
                       "</methodName></methodCall>")
                   .first,
-              XmlRpcError::Kind::malformed);
+              XmlRpcError::Kind::Malformed);
 }
 
 TEST(XmlRpcCodecTest, DepthOf32IsReadAndOf33Refused)
 {
     EXPECT_NO_THROW((void)parseMethodCall(callWith(nestedArrays(32))));
     const auto [kind, text] = errorOf(callWith(nestedArrays(33)));
-    EXPECT_EQ(kind, XmlRpcError::Kind::tooDeep);
+    EXPECT_EQ(kind, XmlRpcError::Kind::TooDeep);
     EXPECT_EQ(text, "line 1: values are nested deeper than 32 levels");
-    EXPECT_EQ(errorOf(callWith(nestedArrays(20'000))).first, XmlRpcError::Kind::tooDeep);
+    EXPECT_EQ(errorOf(callWith(nestedArrays(20'000))).first, XmlRpcError::Kind::TooDeep);
 }
 
 TEST(XmlRpcCodecTest, HundredThousandValuesAreReadAndOneMoreRefused)
@@ -299,7 +299,7 @@ TEST(XmlRpcCodecTest, HundredThousandValuesAreReadAndOneMoreRefused)
     };
     EXPECT_EQ(parseMethodCall(arrayOf(99'999)).params.at(0).size(), 99'999U);
     const auto [kind, text] = errorOf(arrayOf(100'000));
-    EXPECT_EQ(kind, XmlRpcError::Kind::tooManyValues);
+    EXPECT_EQ(kind, XmlRpcError::Kind::TooManyValues);
     EXPECT_EQ(text, "line 1: there are more than 100000 values");
 }
 
@@ -334,12 +334,12 @@ TEST(XmlRpcCodecTest, WrongStructureIsRefusedWithWhatIsAccepted)
 TEST(XmlRpcCodecTest, WhatIsNotWellFormedIsRefusedWithItsLine)
 {
     const auto [kind, text] = errorOf("<methodCall>\n<methodName>m</methodNam>\n</methodCall>");
-    EXPECT_EQ(kind, XmlRpcError::Kind::malformed);
+    EXPECT_EQ(kind, XmlRpcError::Kind::Malformed);
     EXPECT_EQ(text, "line 2: not well-formed XML: mismatched tag");
     EXPECT_EQ(errorOf("").second, "line 1: not well-formed XML: no element found");
     EXPECT_EQ(errorOf("<methodCall><methodName>m</methodName></methodCall>x").first,
-              XmlRpcError::Kind::malformed);
-    EXPECT_EQ(errorOf(callWith("<value>&unknown;</value>")).first, XmlRpcError::Kind::malformed);
+              XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(errorOf(callWith("<value>&unknown;</value>")).first, XmlRpcError::Kind::Malformed);
 }
 
 TEST(XmlRpcCodecTest, IntegerIsWrittenAsIntOrI8)

@@ -57,7 +57,7 @@ Node::Node(ClientOptions options, WireWatch watch) : m_options(std::move(options
 {
     if (m_watch) {
         m_options.watch = [this](ClientOptions::Wire direction, std::string_view bytes) {
-            (direction == ClientOptions::Wire::sent ? m_sent : m_received) += bytes;
+            (direction == ClientOptions::Wire::Sent ? m_sent : m_received) += bytes;
         };
     }
     connect();

@@ -21,8 +21,8 @@ namespace
 
 using Phase = ConnectionWatch::Connection::Phase;
 
-constexpr std::chrono::milliseconds lingerTime{2000};
-constexpr std::size_t maxLingering = 64;
+constexpr std::chrono::milliseconds kLingerTime{2000};
+constexpr std::size_t kMaxLingering = 64;
 
 std::uint64_t bytesReceived(int socket)
 {
@@ -83,12 +83,12 @@ ConnectionWatch::Connection* ConnectionWatch::opened(int socket)
 void ConnectionWatch::closing(Connection* connection)
 {
     const std::lock_guard lock(m_mutex);
-    if (connection->linger && m_lingering.size() < maxLingering) {
+    if (connection->linger && m_lingering.size() < kMaxLingering) {
         // A second descriptor keeps the connection when the first is closed.
         const int socket = fcntl(connection->socket, F_DUPFD_CLOEXEC, 0);
         if (socket >= 0) {
             shutdown(socket, SHUT_WR);
-            m_lingering.push_back({socket, Clock::now() + lingerTime});
+            m_lingering.push_back({socket, Clock::now() + kLingerTime});
             wake();
         }
     }
@@ -98,21 +98,21 @@ void ConnectionWatch::closing(Connection* connection)
 void ConnectionWatch::receiving(Connection& connection)
 {
     const std::lock_guard lock(m_mutex);
-    if (connection.phase == Phase::silent) {
-        enter(connection, Phase::receiving);
+    if (connection.phase == Phase::Silent) {
+        enter(connection, Phase::Receiving);
     }
 }
 
 void ConnectionWatch::working(Connection& connection)
 {
     const std::lock_guard lock(m_mutex);
-    enter(connection, Phase::working);
+    enter(connection, Phase::Working);
 }
 
 void ConnectionWatch::answering(Connection& connection)
 {
     const std::lock_guard lock(m_mutex);
-    enter(connection, Phase::answering);
+    enter(connection, Phase::Answering);
 }
 
 void ConnectionWatch::answered(Connection& connection, std::size_t requestSize)
@@ -120,7 +120,7 @@ void ConnectionWatch::answered(Connection& connection, std::size_t requestSize)
     const std::lock_guard lock(m_mutex);
     connection.consumed =
         m_limits.encrypted ? bytesReceived(connection.socket) : connection.consumed + requestSize;
-    enter(connection, Phase::silent);
+    enter(connection, Phase::Silent);
 }
 
 void ConnectionWatch::lingerAfter(Connection& connection)
@@ -131,7 +131,7 @@ void ConnectionWatch::lingerAfter(Connection& connection)
 
 void ConnectionWatch::enter(Connection& connection, Phase phase)
 {
-    if (connection.phase != Phase::cut) {
+    if (connection.phase != Phase::Cut) {
         connection.phase = phase;
         connection.since = Clock::now();
     }
@@ -181,22 +181,22 @@ void ConnectionWatch::sweep(Clock::time_point now)
     for (Connection& connection : m_connections) {
         if (isOverdue(connection, now)) {
             shutdown(connection.socket, SHUT_RDWR);
-            connection.phase = Phase::cut;
+            connection.phase = Phase::Cut;
         }
     }
 }
 
 bool ConnectionWatch::isOverdue(Connection& connection, Clock::time_point now) const
 {
-    if (connection.phase == Phase::silent && bytesReceived(connection.socket) > connection.consumed) {
-        connection.phase = Phase::receiving;
+    if (connection.phase == Phase::Silent && bytesReceived(connection.socket) > connection.consumed) {
+        connection.phase = Phase::Receiving;
         connection.since = now;
     }
     switch (connection.phase) {
-    case Phase::silent:
+    case Phase::Silent:
         return now - connection.since > m_limits.idleTimeout;
-    case Phase::receiving:
-    case Phase::answering:
+    case Phase::Receiving:
+    case Phase::Answering:
         return now - connection.since > m_limits.requestDeadline;
     default:
         return false;

@@ -41,16 +41,16 @@ class ConnectionWatch
         /// What the connection is doing, and so which limit holds.
         enum class Phase
         {
-            silent,
-            receiving,
-            working,
-            answering,
-            cut
+            Silent,
+            Receiving,
+            Working,
+            Answering,
+            Cut
         };
 
         int socket;
         bool excess; ///< came when there were `maxConnections` already
-        Phase phase = Phase::silent;
+        Phase phase = Phase::Silent;
         Clock::time_point since = Clock::now();
         std::uint64_t consumed = 0; ///< bytes received that belong to requests already answered
         bool linger = false;

@@ -22,7 +22,7 @@ namespace zyr_gateway
 namespace
 {
 
-constexpr std::size_t maxFileSize = 1024UL * 1024UL;
+constexpr std::size_t kMaxFileSize = 1024UL * 1024UL;
 
 /// An open file; closes itself.
 class File
@@ -69,7 +69,7 @@ std::string contentOf(const std::string& path)
     ssize_t count = 0;
     while ((count = read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
         content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > maxFileSize) {
+        if (content.size() > kMaxFileSize) {
             throw CredentialsError("the credentials file " + path + " is longer than 1 MiB");
         }
     }

@@ -27,10 +27,10 @@ namespace
 {
 
 /// Connections beyond the limit that are still taken, so that they can be told 503. More wait in the backlog.
-constexpr std::size_t spareConnections = 32;
+constexpr std::size_t kSpareConnections = 32;
 
 /// How long a stop waits for answers to leave that have been given.
-constexpr std::chrono::milliseconds sendGrace{1000};
+constexpr std::chrono::milliseconds kSendGrace{1000};
 
 using ResponsePointer = std::unique_ptr<MHD_Response, decltype(&MHD_destroy_response)>;
 
@@ -243,7 +243,7 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
     }
     tls.push_back({MHD_OPTION_END, 0, nullptr});
     // The library's own limits lie beyond ours, so that ours give the answer.
-    const auto connections = static_cast<unsigned>(m_options.maxConnections + spareConnections);
+    const auto connections = static_cast<unsigned>(m_options.maxConnections + kSpareConnections);
     const std::size_t memory = 4 * m_options.maxHeaderSize;
     return MHD_start_daemon(flags, 0, nullptr, nullptr, &onAccess, this,       //
                             MHD_OPTION_EXTERNAL_LOGGER, &onLog, this,          //
@@ -279,7 +279,7 @@ void HttpServer::Impl::stop(std::chrono::milliseconds grace)
     waitForAnswers(grace);
     m_checker.reset();
     answerAll();
-    waitForAnswers(sendGrace);
+    waitForAnswers(kSendGrace);
     MHD_stop_daemon(std::exchange(m_daemon, nullptr));
     m_listenSocket.reset();
     m_watch.reset();

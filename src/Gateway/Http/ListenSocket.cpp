@@ -18,7 +18,7 @@ namespace zyr_gateway
 namespace
 {
 
-constexpr int backlog = 128;
+constexpr int kBacklog = 128;
 
 using AddressList = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
@@ -60,7 +60,7 @@ ListenSocket::ListenSocket(const std::string& address, std::uint16_t port)
     m_descriptor = socket(target->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     const bool listening =
         m_descriptor >= 0 && setsockopt(m_descriptor, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) == 0 &&
-        bind(m_descriptor, target->ai_addr, target->ai_addrlen) == 0 && listen(m_descriptor, backlog) == 0;
+        bind(m_descriptor, target->ai_addr, target->ai_addrlen) == 0 && listen(m_descriptor, kBacklog) == 0;
     if (!listening) {
         const std::string reason = std::strerror(errno);
         if (m_descriptor >= 0) {
@@ -79,7 +79,7 @@ ListenSocket::~ListenSocket()
     }
 }
 
-void ListenSocket::refuse() noexcept
+void ListenSocket::refuse() const noexcept
 {
     shutdown(m_descriptor, SHUT_RDWR);
 }

@@ -23,7 +23,7 @@ class ListenSocket
     /// The port in use.
     [[nodiscard]] std::uint16_t port() const noexcept { return m_port; }
     /// Refuses connections from now on; the descriptor stays open.
-    void refuse() noexcept;
+    void refuse() const noexcept;
 
   private:
     int m_descriptor = -1;

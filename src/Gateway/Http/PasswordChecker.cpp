@@ -9,7 +9,7 @@ namespace
 {
 
 /// Enough for a burst of new clients, few enough that the last of them is answered within seconds.
-constexpr std::size_t maxWaiting = 64;
+constexpr std::size_t kMaxWaiting = 64;
 
 } // namespace
 
@@ -29,7 +29,7 @@ bool PasswordChecker::submit(std::function<void()> check)
 {
     {
         const std::lock_guard lock(m_mutex);
-        if (m_waiting.size() >= maxWaiting) {
+        if (m_waiting.size() >= kMaxWaiting) {
             return false;
         }
         m_waiting.push_back(std::move(check));

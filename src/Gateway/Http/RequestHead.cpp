@@ -17,7 +17,7 @@ namespace
 
 using Refusal = std::optional<HttpResponse>;
 
-constexpr std::string_view blanks = " \t";
+constexpr std::string_view kBlanks = " \t";
 
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {
@@ -26,11 +26,11 @@ bool equalIgnoringCase(std::string_view a, std::string_view b)
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 bool isDigits(std::string_view text)

@@ -235,14 +235,14 @@ int XmlRpcClient::Impl::onWire(CURL*, curl_infotype type, char* data, std::size_
     const std::string_view bytes(data, size);
     switch (type) {
     case CURLINFO_HEADER_OUT:
-        watch(ClientOptions::Wire::sent, withoutSecrets(bytes));
+        watch(ClientOptions::Wire::Sent, withoutSecrets(bytes));
         break;
     case CURLINFO_DATA_OUT:
-        watch(ClientOptions::Wire::sent, bytes);
+        watch(ClientOptions::Wire::Sent, bytes);
         break;
     case CURLINFO_HEADER_IN:
     case CURLINFO_DATA_IN:
-        watch(ClientOptions::Wire::received, bytes);
+        watch(ClientOptions::Wire::Received, bytes);
         break;
     default:
         break;

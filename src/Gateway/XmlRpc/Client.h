@@ -67,8 +67,8 @@ struct ClientOptions
     /// Which part of an exchange `watch` is shown.
     enum class Wire
     {
-        sent,
-        received
+        Sent,
+        Received
     };
 
     std::string url;                           ///< `http://` or `https://`, with the path

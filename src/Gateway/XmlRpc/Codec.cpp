@@ -15,8 +15,8 @@ namespace zyr_gateway
 namespace
 {
 
-constexpr std::string_view declaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
-constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
+constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 
 /// A character of UTF-8: how many bytes it takes, 0 when they are not valid, and which it is.
 struct Character
@@ -140,8 +140,8 @@ void writeStruct(std::string& out, const Value& object, std::size_t depth)
 
 void writeValue(std::string& out, const Value& value, std::size_t depth)
 {
-    if (depth > maxValueDepth) {
-        throw std::invalid_argument("values are nested deeper than " + std::to_string(maxValueDepth) +
+    if (depth > kMaxValueDepth) {
+        throw std::invalid_argument("values are nested deeper than " + std::to_string(kMaxValueDepth) +
                                     " levels");
     }
     out += "<value>";
@@ -175,21 +175,21 @@ void writeValue(std::string& out, const Value& value, std::size_t depth)
 
 MethodCall parseMethodCall(std::string_view xml)
 {
-    DocumentReader reader(DocumentReader::Element::methodCall);
+    DocumentReader reader(DocumentReader::Element::MethodCall);
     reader.read(xml);
     return std::move(reader.call);
 }
 
 MethodResponse parseMethodResponse(std::string_view xml)
 {
-    DocumentReader reader(DocumentReader::Element::methodResponse);
+    DocumentReader reader(DocumentReader::Element::MethodResponse);
     reader.read(xml);
     return std::move(reader.response);
 }
 
 std::string writeMethodCall(const MethodCall& call)
 {
-    std::string out(declaration);
+    std::string out(kDeclaration);
     out += "<methodCall>";
     writeElement(out, "methodName", call.method);
     out += "<params>";
@@ -204,7 +204,7 @@ std::string writeMethodCall(const MethodCall& call)
 
 std::string writeResponse(const Value& value)
 {
-    std::string out(declaration);
+    std::string out(kDeclaration);
     out += "<methodResponse><params><param>";
     writeValue(out, value, 1);
     out += "</param></params></methodResponse>";
@@ -216,7 +216,7 @@ std::string writeFault(int code, std::string_view text)
     Value fault = Value::object();
     fault["faultCode"] = code;
     fault["faultString"] = std::string(text);
-    std::string out(declaration);
+    std::string out(kDeclaration);
     out += "<methodResponse><fault>";
     writeValue(out, fault, 1);
     out += "</fault></methodResponse>";
@@ -231,7 +231,7 @@ std::string carriableText(std::string_view text)
         const Character character = firstCharacter(text);
         const std::size_t length = character.length == 0 ? 1 : character.length;
         if (character.length == 0 || !isXmlCharacter(character.code)) {
-            out += replacementCharacter;
+            out += kReplacementCharacter;
         } else {
             out += text.substr(0, length);
         }

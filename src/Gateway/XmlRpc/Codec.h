@@ -38,10 +38,10 @@ namespace zyr_gateway
 {
 
 /// The deepest nesting of values that is accepted; a parameter itself has depth 1.
-inline constexpr std::size_t maxValueDepth = 32;
+inline constexpr std::size_t kMaxValueDepth = 32;
 
 /// The most values that one document may hold, nested ones counted.
-inline constexpr std::size_t maxValueCount = 100'000;
+inline constexpr std::size_t kMaxValueCount = 100'000;
 
 /// A call: the method's name and its positional parameters.
 struct MethodCall

@@ -22,7 +22,7 @@ namespace
 using Element = DocumentReader::Element;
 using Kind = XmlRpcError::Kind;
 
-constexpr std::size_t anywhere = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kAnywhere = std::numeric_limits<std::size_t>::max();
 
 /// Which element may stand in which, and after how many brothers.
 struct Place
@@ -33,36 +33,36 @@ struct Place
     std::size_t position;
 };
 
-constexpr std::array places{
-    Place{Element::document, "methodCall", Element::methodCall, 0},
-    Place{Element::document, "methodResponse", Element::methodResponse, 0},
-    Place{Element::methodCall, "methodName", Element::methodName, 0},
-    Place{Element::methodCall, "params", Element::params, 1},
-    Place{Element::methodResponse, "params", Element::params, 0},
-    Place{Element::methodResponse, "fault", Element::fault, 0},
-    Place{Element::params, "param", Element::param, anywhere},
-    Place{Element::param, "value", Element::value, 0},
-    Place{Element::fault, "value", Element::value, 0},
-    Place{Element::data, "value", Element::value, anywhere},
-    Place{Element::array, "data", Element::data, 0},
-    Place{Element::structure, "member", Element::member, anywhere},
-    Place{Element::member, "name", Element::name, 0},
-    Place{Element::member, "value", Element::value, 1},
-    Place{Element::value, "int", Element::integer, 0},
-    Place{Element::value, "i4", Element::integer, 0},
-    Place{Element::value, "i8", Element::integer, 0},
-    Place{Element::value, "i2", Element::integer, 0},
-    Place{Element::value, "i1", Element::integer, 0},
-    Place{Element::value, "ex:i8", Element::integer, 0},
-    Place{Element::value, "boolean", Element::boolean, 0},
-    Place{Element::value, "string", Element::string, 0},
-    Place{Element::value, "double", Element::real, 0},
-    Place{Element::value, "dateTime.iso8601", Element::date, 0},
-    Place{Element::value, "base64", Element::base64, 0},
-    Place{Element::value, "nil", Element::nil, 0},
-    Place{Element::value, "ex:nil", Element::nil, 0},
-    Place{Element::value, "array", Element::array, 0},
-    Place{Element::value, "struct", Element::structure, 0},
+constexpr std::array kPlaces{
+    Place{Element::Document, "methodCall", Element::MethodCall, 0},
+    Place{Element::Document, "methodResponse", Element::MethodResponse, 0},
+    Place{Element::MethodCall, "methodName", Element::MethodName, 0},
+    Place{Element::MethodCall, "params", Element::Params, 1},
+    Place{Element::MethodResponse, "params", Element::Params, 0},
+    Place{Element::MethodResponse, "fault", Element::Fault, 0},
+    Place{Element::Params, "param", Element::Param, kAnywhere},
+    Place{Element::Param, "value", Element::Value, 0},
+    Place{Element::Fault, "value", Element::Value, 0},
+    Place{Element::Data, "value", Element::Value, kAnywhere},
+    Place{Element::Array, "data", Element::Data, 0},
+    Place{Element::Structure, "member", Element::Member, kAnywhere},
+    Place{Element::Member, "name", Element::Name, 0},
+    Place{Element::Member, "value", Element::Value, 1},
+    Place{Element::Value, "int", Element::Integer, 0},
+    Place{Element::Value, "i4", Element::Integer, 0},
+    Place{Element::Value, "i8", Element::Integer, 0},
+    Place{Element::Value, "i2", Element::Integer, 0},
+    Place{Element::Value, "i1", Element::Integer, 0},
+    Place{Element::Value, "ex:i8", Element::Integer, 0},
+    Place{Element::Value, "boolean", Element::Boolean, 0},
+    Place{Element::Value, "string", Element::String, 0},
+    Place{Element::Value, "double", Element::Real, 0},
+    Place{Element::Value, "dateTime.iso8601", Element::Date, 0},
+    Place{Element::Value, "base64", Element::Base64, 0},
+    Place{Element::Value, "nil", Element::Nil, 0},
+    Place{Element::Value, "ex:nil", Element::Nil, 0},
+    Place{Element::Value, "array", Element::Array, 0},
+    Place{Element::Value, "struct", Element::Structure, 0},
 };
 
 /// What an element is called in messages, and what it must hold at its end.
@@ -75,7 +75,7 @@ struct Trait
 };
 
 /// In the order of `Element`.
-constexpr std::array<Trait, 20> traits{{
+constexpr std::array<Trait, 20> kTraits{{
     {"document", 1, false, "a root"},
     {"methodCall", 1, false, "<methodName>"},
     {"methodResponse", 1, false, "<params> or <fault>"},
@@ -100,7 +100,7 @@ constexpr std::array<Trait, 20> traits{{
 
 constexpr const Trait& traitOf(Element element)
 {
-    return traits.at(static_cast<std::size_t>(element));
+    return kTraits.at(static_cast<std::size_t>(element));
 }
 
 /// A name out of the document, fit for a message.
@@ -120,7 +120,7 @@ bool isBlank(std::string_view text)
 std::string acceptedIn(Element parent)
 {
     std::string text;
-    for (const Place& place : places) {
+    for (const Place& place : kPlaces) {
         if (place.parent == parent) {
             text += (text.empty() ? "<" : ", <") + std::string(place.tag) + ">";
         }
@@ -137,7 +137,7 @@ struct ParserDeleter
 
 DocumentReader::DocumentReader(Element root) : m_root(root)
 {
-    open(Element::document);
+    open(Element::Document);
 }
 
 void DocumentReader::read(std::string_view xml)
@@ -154,7 +154,7 @@ void DocumentReader::read(std::string_view xml)
         std::rethrow_exception(m_error);
     }
     if (status != XML_STATUS_OK) {
-        fail(Kind::malformed,
+        fail(Kind::Malformed,
              std::string("not well-formed XML: ") + XML_ErrorString(XML_GetErrorCode(m_parser)));
     }
     m_parser = nullptr;
@@ -164,12 +164,12 @@ void DocumentReader::read(std::string_view xml)
 void DocumentReader::refuseOtherEncodings(std::string_view xml) const
 {
     if (xml.size() > INT_MAX) {
-        fail(Kind::malformed, "the document is longer than 2 GiB");
+        fail(Kind::Malformed, "the document is longer than 2 GiB");
     }
     const std::string_view start = xml.substr(0, 4);
     const bool wideMark = start.starts_with("\xFE\xFF") || start.starts_with("\xFF\xFE");
     if (wideMark || start.find('\0') != std::string_view::npos) {
-        fail(Kind::unsupportedEncoding, "the document is not in UTF-8 or US-ASCII");
+        fail(Kind::UnsupportedEncoding, "the document is not in UTF-8 or US-ASCII");
     }
 }
 
@@ -199,7 +199,7 @@ void DocumentReader::connectHandlers()
     XML_SetStartDoctypeDeclHandler(m_parser, [](void* self, const char*, const char*, const char*, int) {
         auto& reader = *static_cast<DocumentReader*>(self);
         reader.guarded([&] {
-            reader.fail(Kind::dtdRefused, "a document type declaration is refused; XML-RPC needs none");
+            reader.fail(Kind::DtdRefused, "a document type declaration is refused; XML-RPC needs none");
         });
     });
     XML_SetElementHandler(
@@ -223,7 +223,7 @@ void DocumentReader::declared(const char* encoding)
     if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0 || strcasecmp(encoding, "US-ASCII") == 0) {
         return;
     }
-    fail(Kind::unsupportedEncoding,
+    fail(Kind::UnsupportedEncoding,
          "the encoding " + forMessage(encoding) + " is not supported; UTF-8 and US-ASCII are");
 }
 
@@ -231,18 +231,18 @@ void DocumentReader::started(const char* tag)
 {
     Frame& parent = m_open.back();
     const std::string_view wantedTag = tag;
-    const auto* const place = std::find_if(places.begin(), places.end(), [&](const Place& candidate) {
+    const auto* const place = std::find_if(kPlaces.begin(), kPlaces.end(), [&](const Place& candidate) {
         return candidate.parent == parent.element && candidate.tag == wantedTag;
     });
-    if (place == places.end() || (place->parent == Element::document && place->element != m_root)) {
+    if (place == kPlaces.end() || (place->parent == Element::Document && place->element != m_root)) {
         failUnexpected(parent.element, wantedTag);
     }
-    if (place->position != anywhere && place->position != parent.children) {
-        fail(Kind::malformed, "<" + std::string(place->tag) + "> stands twice or in the wrong place in <" +
+    if (place->position != kAnywhere && place->position != parent.children) {
+        fail(Kind::Malformed, "<" + std::string(place->tag) + "> stands twice or in the wrong place in <" +
                                   std::string(traitOf(parent.element).tag) + ">");
     }
-    if (parent.element == Element::value && !isBlank(parent.text)) {
-        fail(Kind::malformed, "<value> holds both text and <" + std::string(place->tag) + ">");
+    if (parent.element == Element::Value && !isBlank(parent.text)) {
+        fail(Kind::Malformed, "<value> holds both text and <" + std::string(place->tag) + ">");
     }
     ++parent.children;
     open(place->element);
@@ -250,19 +250,20 @@ void DocumentReader::started(const char* tag)
 
 void DocumentReader::open(Element element)
 {
-    if (element == Element::value) {
-        if (++m_depth > maxValueDepth) {
-            fail(Kind::tooDeep, "values are nested deeper than " + std::to_string(maxValueDepth) + " levels");
+    if (element == Element::Value) {
+        if (++m_depth > kMaxValueDepth) {
+            fail(Kind::TooDeep,
+                 "values are nested deeper than " + std::to_string(kMaxValueDepth) + " levels");
         }
-        if (++m_valueCount > maxValueCount) {
-            fail(Kind::tooManyValues, "there are more than " + std::to_string(maxValueCount) + " values");
+        if (++m_valueCount > kMaxValueCount) {
+            fail(Kind::TooManyValues, "there are more than " + std::to_string(kMaxValueCount) + " values");
         }
     }
     Frame& frame = m_open.emplace_back();
     frame.element = element;
-    if (element == Element::data) {
+    if (element == Element::Data) {
         frame.value = Value::array();
-    } else if (element == Element::structure) {
+    } else if (element == Element::Structure) {
         frame.value = Value::object();
     }
 }
@@ -270,11 +271,11 @@ void DocumentReader::open(Element element)
 void DocumentReader::characters(std::string_view text)
 {
     Frame& frame = m_open.back();
-    const bool typedValue = frame.element == Element::value && frame.children > 0;
+    const bool typedValue = frame.element == Element::Value && frame.children > 0;
     if (traitOf(frame.element).takesText && !typedValue) {
         frame.text += text;
     } else if (!isBlank(text)) {
-        fail(Kind::malformed,
+        fail(Kind::Malformed,
              "text between the elements of <" + std::string(traitOf(frame.element).tag) + ">");
     }
 }
@@ -286,41 +287,41 @@ void DocumentReader::ended()
     Frame& parent = m_open.back();
     const Trait& trait = traitOf(frame.element);
     if (frame.children < trait.minChildren) {
-        fail(Kind::malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
+        fail(Kind::Malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
     }
     switch (frame.element) {
-    case Element::methodName:
+    case Element::MethodName:
         call.method = scalars::trimmed(frame.text);
         if (call.method.empty()) {
-            fail(Kind::malformed, "<methodName> is empty; it must name a method");
+            fail(Kind::Malformed, "<methodName> is empty; it must name a method");
         }
         break;
-    case Element::params:
-        if (m_root == Element::methodResponse && frame.children != 1) {
-            fail(Kind::malformed, "a response has exactly one <param>");
+    case Element::Params:
+        if (m_root == Element::MethodResponse && frame.children != 1) {
+            fail(Kind::Malformed, "a response has exactly one <param>");
         }
         break;
-    case Element::fault:
+    case Element::Fault:
         endedFault(frame);
         break;
-    case Element::value:
+    case Element::Value:
         endedValue(frame, parent);
         break;
-    case Element::data:
-    case Element::array:
-    case Element::structure:
+    case Element::Data:
+    case Element::Array:
+    case Element::Structure:
         parent.value = std::move(frame.value);
         break;
-    case Element::name:
+    case Element::Name:
         parent.memberName = std::move(frame.text);
         break;
-    case Element::member:
+    case Element::Member:
         endedMember(frame, parent);
         break;
-    case Element::document:
-    case Element::methodCall:
-    case Element::methodResponse:
-    case Element::param:
+    case Element::Document:
+    case Element::MethodCall:
+    case Element::MethodResponse:
+    case Element::Param:
         break;
     default:
         endedScalar(frame, parent);
@@ -339,11 +340,11 @@ void DocumentReader::endedValue(Frame& frame, Frame& parent)
 
 void DocumentReader::deliverValue(Frame& frame, Frame& parent)
 {
-    if (parent.element == Element::data) {
+    if (parent.element == Element::Data) {
         parent.value.push_back(std::move(frame.value));
-    } else if (parent.element == Element::param && m_root == Element::methodCall) {
+    } else if (parent.element == Element::Param && m_root == Element::MethodCall) {
         call.params.push_back(std::move(frame.value));
-    } else if (parent.element == Element::param) {
+    } else if (parent.element == Element::Param) {
         response.value = std::move(frame.value);
     } else {
         parent.value = std::move(frame.value);
@@ -355,7 +356,7 @@ void DocumentReader::deliverValue(Frame& frame, Frame& parent)
 void DocumentReader::endedMember(Frame& frame, Frame& parent)
 {
     if (!parent.memberNames.insert(frame.memberName).second) {
-        fail(Kind::doubledMember,
+        fail(Kind::DoubledMember,
              "the member \"" + forMessage(frame.memberName) + "\" stands twice in one struct");
     }
     parent.value.get_ref<Value::object_t&>().emplace_back(std::move(frame.memberName),
@@ -371,46 +372,46 @@ Value DocumentReader::scalarOf(const Frame& frame) const
 {
     const std::string_view text = scalars::trimmed(frame.text);
     const auto badValue = [&](const std::string& wanted) {
-        fail(Kind::badValue,
+        fail(Kind::BadValue,
              "the text of <" + std::string(traitOf(frame.element).tag) + "> is not " + wanted);
     };
     switch (frame.element) {
-    case Element::integer: {
+    case Element::Integer: {
         const auto number = scalars::integer(text);
         if (!number) {
             badValue("a whole number from -9223372036854775808 to 9223372036854775807");
         }
         return *number;
     }
-    case Element::boolean:
+    case Element::Boolean:
         if (text != "0" && text != "1") {
             badValue("0 or 1");
         }
         return text == "1";
-    case Element::real: {
+    case Element::Real: {
         double number = 0;
         const scalars::RealOutcome outcome = scalars::real(text, number);
-        if (outcome == scalars::RealOutcome::notFinite) {
-            fail(Kind::notFinite, "the text of <double> is not a finite number that a double can hold");
+        if (outcome == scalars::RealOutcome::NotFinite) {
+            fail(Kind::NotFinite, "the text of <double> is not a finite number that a double can hold");
         }
-        if (outcome == scalars::RealOutcome::notANumber) {
+        if (outcome == scalars::RealOutcome::NotANumber) {
             badValue("a decimal number");
         }
         return number;
     }
-    case Element::base64: {
+    case Element::Base64: {
         auto bytes = scalars::base64(text);
         if (!bytes) {
             badValue("base64 with its padding");
         }
         return *std::move(bytes);
     }
-    case Element::nil:
+    case Element::Nil:
         if (!text.empty()) {
             badValue("empty");
         }
         return nullptr;
-    case Element::date:
+    case Element::Date:
         return std::string(text);
     default:
         return frame.text;
@@ -424,11 +425,11 @@ void DocumentReader::endedFault(const Frame& frame)
                         value.contains("faultString") && value["faultCode"].is_number_integer() &&
                         value["faultString"].is_string();
     if (!shaped) {
-        fail(Kind::malformed, "a fault is a struct of an integer faultCode and a string faultString");
+        fail(Kind::Malformed, "a fault is a struct of an integer faultCode and a string faultString");
     }
     const auto code = value["faultCode"].get<std::int64_t>();
     if (code < INT_MIN || code > INT_MAX) {
-        fail(Kind::badValue, "the faultCode is not a number of 32 bits");
+        fail(Kind::BadValue, "the faultCode is not a number of 32 bits");
     }
     response.fault = Fault{static_cast<int>(code), value["faultString"].get<std::string>()};
 }
@@ -446,11 +447,11 @@ void DocumentReader::fail(XmlRpcError::Kind kind, const std::string& text) const
 void DocumentReader::failUnexpected(Element parent, std::string_view tag) const
 {
     const std::string found = "<" + forMessage(tag) + ">";
-    if (parent == Element::document) {
-        fail(Kind::malformed, found + " is the root; it must be <" + std::string(traitOf(m_root).tag) + ">");
+    if (parent == Element::Document) {
+        fail(Kind::Malformed, found + " is the root; it must be <" + std::string(traitOf(m_root).tag) + ">");
     }
     const std::string accepted = acceptedIn(parent);
-    fail(Kind::malformed, found + " cannot stand in <" + std::string(traitOf(parent).tag) + ">" +
+    fail(Kind::Malformed, found + " cannot stand in <" + std::string(traitOf(parent).tag) + ">" +
                               (accepted.empty() ? "; only text can" : "; accepted: " + accepted));
 }
 

@@ -26,26 +26,26 @@ class DocumentReader
     /// The elements of the grammar. `document` is what holds the root.
     enum class Element : unsigned char
     {
-        document,
-        methodCall,
-        methodResponse,
-        methodName,
-        params,
-        param,
-        fault,
-        value,
-        array,
-        data,
-        structure,
-        member,
-        name,
-        integer,
-        boolean,
-        real,
-        string,
-        date,
-        base64,
-        nil
+        Document,
+        MethodCall,
+        MethodResponse,
+        MethodName,
+        Params,
+        Param,
+        Fault,
+        Value,
+        Array,
+        Data,
+        Structure,
+        Member,
+        Name,
+        Integer,
+        Boolean,
+        Real,
+        String,
+        Date,
+        Base64,
+        Nil
     };
 
     /// @param root the root that is wanted, `methodCall` or `methodResponse`

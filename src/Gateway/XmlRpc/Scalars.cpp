@@ -11,8 +11,8 @@ namespace zyr_gateway::scalars
 namespace
 {
 
-constexpr std::string_view blanks = " \t\r\n";
-constexpr std::string_view base64Digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kBase64Digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 /// `from_chars` knows no plus sign. "+-1" stays wrong, because only a digit or a point may follow the plus.
 std::string_view withoutPlus(std::string_view text)
@@ -25,7 +25,7 @@ std::string withoutBlanks(std::string_view text)
 {
     std::string out;
     for (const char c : text) {
-        if (blanks.find(c) == std::string_view::npos) {
+        if (kBlanks.find(c) == std::string_view::npos) {
             out += c;
         }
     }
@@ -43,11 +43,11 @@ std::size_t paddingOf(std::string_view digits)
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 std::optional<std::int64_t> integer(std::string_view text)
@@ -66,10 +66,10 @@ RealOutcome real(std::string_view text, double& number)
     const std::string_view digits = withoutPlus(text);
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc::invalid_argument || end != digits.data() + digits.size()) {
-        return RealOutcome::notANumber;
+        return RealOutcome::NotANumber;
     }
     const bool finite = error == std::errc{} && std::isfinite(number);
-    return finite ? RealOutcome::good : RealOutcome::notFinite;
+    return finite ? RealOutcome::Good : RealOutcome::NotFinite;
 }
 
 std::optional<std::string> base64(std::string_view text)
@@ -83,7 +83,7 @@ std::optional<std::string> base64(std::string_view text)
     std::uint32_t bits = 0;
     unsigned bitCount = 0;
     for (const char c : std::string_view(digits).substr(0, digits.size() - padding)) {
-        const std::size_t digit = base64Digits.find(c);
+        const std::size_t digit = kBase64Digits.find(c);
         if (digit == std::string_view::npos) {
             return std::nullopt;
         }

@@ -18,9 +18,9 @@ namespace zyr_gateway::scalars
 /// How reading a double ended.
 enum class RealOutcome
 {
-    good,
-    notANumber, ///< the text is not a decimal number
-    notFinite   ///< NaN, an infinity, or beyond the range of a double
+    Good,
+    NotANumber, ///< the text is not a decimal number
+    NotFinite   ///< NaN, an infinity, or beyond the range of a double
 };
 
 /// Reads a decimal number, with or without an exponent, into `number`.

@@ -17,14 +17,14 @@ class XmlRpcError : public std::runtime_error
     /// What was wrong, for a caller that treats one cause differently from another.
     enum class Kind
     {
-        malformed,           ///< not well-formed XML, or not the shape of an XML-RPC document
-        badValue,            ///< the text of a scalar is not of the scalar's type, or outside 64 bits
-        notFinite,           ///< a double that is NaN, infinite, or beyond the range of a double
-        doubledMember,       ///< a struct with two members of one name
-        tooDeep,             ///< values nested deeper than `maxValueDepth`
-        tooManyValues,       ///< more than `maxValueCount` values
-        unsupportedEncoding, ///< neither UTF-8 nor US-ASCII
-        dtdRefused           ///< a document type declaration
+        Malformed,           ///< not well-formed XML, or not the shape of an XML-RPC document
+        BadValue,            ///< the text of a scalar is not of the scalar's type, or outside 64 bits
+        NotFinite,           ///< a double that is NaN, infinite, or beyond the range of a double
+        DoubledMember,       ///< a struct with two members of one name
+        TooDeep,             ///< values nested deeper than `maxValueDepth`
+        TooManyValues,       ///< more than `maxValueCount` values
+        UnsupportedEncoding, ///< neither UTF-8 nor US-ASCII
+        DtdRefused           ///< a document type declaration
     };
 
     /// @param line line in the document, counted from 1

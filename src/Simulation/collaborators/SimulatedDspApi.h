@@ -10,10 +10,10 @@
 namespace zyr_simulation
 {
 
-inline constexpr CollaboratorOperations dspApiOperations{"IDspApi"};
+inline constexpr CollaboratorOperations kDspApiOperations{"IDspApi"};
 
 /// The modem DSP of a channel. Its parts are there at all times, also during a recovery.
-class SimulatedDspApi final : public SimulatedCollaborator<IDspApi, dspApiOperations>
+class SimulatedDspApi final : public SimulatedCollaborator<IDspApi, kDspApiOperations>
 {
   public:
     SimulatedDspApi(NodeState& node, unsigned channel)
