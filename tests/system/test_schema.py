@@ -1,6 +1,7 @@
 """The schemas of requests and responses that the node prints, against what it takes and gives."""
 
 import subprocess
+import xmlrpc.client
 
 import schema
 from jsonschema import Draft202012Validator, ValidationError
@@ -37,18 +38,26 @@ class SchemaTest(NodeTest):
             with self.subTest(request):
                 self.assertTrue(self.fault_of(self.proxy.CRI.EnableAcm, request).startswith(refusal))
                 with self.assertRaises(ValidationError):
-                    schema.check_call("CRI.EnableAcm", (request,), {"tiResult": 0})
+                    schema.check_request("CRI.EnableAcm", (request,))
 
     def test_answers_are_held_against_the_schemas(self):
         request = {"channelId": 1, "enable": True}
-        schema.check_call("CRI.EnableAcm", (request,), {"tiResult": 0})
+        calls = [{"methodName": "CRI.EnableAcm", "params": [request]}]
+        schema.check_answer("CRI.EnableAcm", (request,), {"tiResult": 0})
         for answer in ({}, {"tiResult": 0x8000}, {"tiResult": "eTI_S_OK"}, {"tiResult": 0, "more": 1}):
             with self.subTest(answer):
                 with self.assertRaises(ValidationError):
-                    schema.check_call("CRI.EnableAcm", (request,), answer)
+                    schema.check_answer("CRI.EnableAcm", (request,), answer)
                 with self.assertRaises(ValidationError):
-                    schema.check_call("system.multicall",
-                                      ([{"methodName": "CRI.EnableAcm", "params": [request]}],), [[answer]])
+                    schema.check_answer("system.multicall", (calls,), [[answer]])
+
+    def test_calls_are_held_against_the_schemas(self):
+        body = xmlrpc.client.dumps(({"channelId": 1},), "CRI.EnableAcm")
+        with self.assertRaises(ValidationError):
+            schema.check(body, {"tiResult": 0})
+        with self.assertRaises(ValidationError):
+            schema.check(body, {}, is_plain=False)
+        schema.check(body, {"tiResult": 0}, is_plain=False)
 
     def test_channels_are_those_of_the_node(self):
         one = subprocess.run([PROGRAM, "--channels", "1", "--print-schema"], capture_output=True, text=True,
