@@ -111,7 +111,7 @@ TEST_F(TiGetRxXcStatusLevelTest, DispatcherAnswersWithTheGateOpenOnly)
     openTestGate();
     tell(tiGetRxXcStatusLevel({2}));
     EXPECT_EQ(transcript.text(), R"(
-1 ZYR.COMM: TI.GetRxXcStatusLevel is not available
+1 ZYR.ZyrTopApi: Error: Command TI.GetRxXcStatusLevel not available
 result 0x8003 4 "Error: Command not available"
 prints tiResult: eTI_E_OPERATION_NOT_ALLOWED, faultCode: 4, faultString: Error: Command not available
 5 ZYR.COMM: TI.GetRxXcStatusLevel Request: RadioChannelId: 2
