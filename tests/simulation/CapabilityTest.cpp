@@ -179,7 +179,7 @@ TEST_F(CapabilityTest, boosterAddsItsGainWhereTheRadioTakesOne)
     EXPECT_EQ(calculator().setBooster(0, 0, 0, Modulation::UNDEFINED), 0U);
     startNode({.radioType = 3});
     EXPECT_EQ(powers(103, QAM_4, QAM_4).greatest.at(QAM_4), 300);
-    EXPECT_EQ(calculator().setBooster(1, 60, 200, Modulation::QAM_256), 0U);
+    EXPECT_EQ(calculator().setBooster(1, 60, 310, Modulation::QAM_256), 0U);
     EXPECT_EQ(powers(103, QAM_4, QAM_4).greatest.at(QAM_4), 360);
 }
 

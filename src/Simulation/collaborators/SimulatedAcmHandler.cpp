@@ -70,7 +70,10 @@ EACMHResult SimulatedAcmHandler::setFarEndPmaxCapability(const std::map<Modulati
 {
     const auto setCapability = [&] {
         channel().farEndPmaxCapability = capability;
-        channel().farEndPmaxCached = !channel().isConfigured();
+        channel().farEndPmaxCached = !channel().isConfigured() || node().dsp.isRecovering;
+        if (!channel().farEndPmaxCached) {
+            channel().farEndPmaxInForce = capability;
+        }
         return channel().farEndPmaxCached ? eACMH_E_CACHED : eACMH_S_OK;
     };
     return perform<EACMHResult>("setFarEndPmaxCapability", [&] {

@@ -42,7 +42,8 @@ class SimulatedAcmHandler final : public SimulatedCollaborator<IAcmHandler, kAcm
     EACMHResult
     isFarEndPmaxCapabilityDifferent(const std::map<zyr_top_api::Modulation, int>& capability) override;
 
-    /// Answers "cached" on a channel that isn't configured: the values take effect when it is.
+    /// Answers "cached" on a channel that isn't configured and while the DSP recovers: the values come into
+    /// force when it can be reached, and then shift the thresholds.
     EACMHResult setFarEndPmaxCapability(const std::map<zyr_top_api::Modulation, int>& capability) override;
     void cacheThresholds() override;
     void disableModulation() override;

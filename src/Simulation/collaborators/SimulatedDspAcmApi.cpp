@@ -1,8 +1,7 @@
 #include "SimulatedDspAcmApi.h"
 
 #include "CollaboratorResults.h"
-#include "FrameDatabase.h"
-#include "ModulationLadder.h"
+#include "Hop.h"
 
 namespace zyr_simulation
 {
@@ -35,18 +34,7 @@ ETIResult SimulatedDspAcmApi::getAcmMode(AcmMode& mode, AcmModePosition& positio
 
 std::vector<AcmThreshold> SimulatedDspAcmApi::getAcmThresholds()
 {
-    return locked([&] {
-        std::vector<AcmThreshold> thresholds;
-        const auto min = ladderStep(channel().minModulation);
-        const auto max = ladderStep(channel().maxModulation);
-        for (auto step = min.value_or(0); min && max && step <= *max; ++step) {
-            const auto& rung = modulationLadder()[step];
-            if (isUsedInFrames(rung.modulation)) {
-                thresholds.push_back({rung.modulation, rung.requiredSnir_dBTenths});
-            }
-        }
-        return thresholds;
-    });
+    return locked([&] { return acmThresholds(channel()); });
 }
 
 void SimulatedDspAcmApi::injectEnableFailure(unsigned counter)

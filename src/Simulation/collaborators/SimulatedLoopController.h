@@ -12,7 +12,8 @@ namespace zyr_simulation
 inline constexpr CollaboratorOperations kLoopControllerOperations{"ILoopController", "getLoops", "setLoop"};
 
 /// The loops of the node: "IfLoop1" and, where the radio type has one, "RfLoop1", and the same for channel 2.
-/// A closed loop cuts the far end off.
+/// A closed loop brings the channel's own signal back, cuts the far end off and raises the alarm
+/// "LoopClosed".
 class SimulatedLoopController final
     : public SimulatedCollaborator<nord::zyr::loops::ILoopController, kLoopControllerOperations>
 {

@@ -29,7 +29,8 @@ ESPCResult SimulatedOutputPowerCalculator::setBooster(int presence, int gain, in
                                                       Modulation maxModulation)
 {
     return perform<ESPCResult>("setBooster", [&] {
-        if (presence != 0 && !radioType(node().settings.radioType).features.LongHaulBoosterCapable) {
+        const bool canHaveBooster = radioType(node().settings.radioType).features.LongHaulBoosterCapable;
+        if (presence != 0 && (!canHaveBooster || maxModulation == Modulation::UNDEFINED)) {
             return eSPC_E_FAILED;
         }
         auto& transmitter = channel().transmitter;
@@ -65,11 +66,8 @@ ETIResult SimulatedOutputPowerCalculator::getMaxOutputPower(int radioFrameId, Mo
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
         minPower = radioType(node().settings.radioType).minPower_dBmTenths;
-        for (auto step = *lowest; step <= *highest; ++step) {
-            const auto modulation = modulationLadder()[step].modulation;
-            if (isUsedInFrames(modulation)) {
-                maxPower[modulation] = greatestPower(node(), channel(), modulation);
-            }
+        for (const auto& rung : rungsBetween(min, max)) {
+            maxPower[rung.modulation] = greatestPower(node(), channel(), rung.modulation);
         }
         return zyr_top_api::eTI_S_OK;
     });

@@ -21,7 +21,7 @@ class SimulatedOutputPowerCalculator final
 
     ESPCResult setPowerCutBack(unsigned availableMaxPowerCutback) override;
 
-    /// Fails if a booster is present and the radio type can't have one.
+    /// Fails if a booster is present and the radio type can't have one, or its greatest modulation is none.
     ESPCResult setBooster(int presence, int gain, int maxInputPower,
                           zyr_top_api::Modulation maxModulation) override;
     zyr_top_api::ETIResult setTemporaryMaxPowerCutback(bool set, int cutback) override;

@@ -20,6 +20,9 @@ namespace alarm
 inline constexpr std::string_view kAcmDisabled = "AcmDisabled"; ///< ACM was switched off on the channel.
 inline constexpr std::string_view kTxOff = "TxOff";             ///< The channel's transmitter went off.
 inline constexpr std::string_view kLinkDown = "LinkDown";       ///< The channel's receiver lost the far end.
+inline constexpr std::string_view kFarEndLinkDown =
+    "FarEndLinkDown"; ///< The far end's receiver can't lock to what the channel sends.
+inline constexpr std::string_view kLoopClosed = "LoopClosed"; ///< The channel gets its own signal back.
 inline constexpr std::string_view kDspRecovery =
     "DspRecovery"; ///< The DSP restarts; channel 0, the whole node.
 

@@ -125,7 +125,7 @@ struct SpcSimulationState
     std::map<unsigned, double> atpcGains = {}; ///< By kind.
 };
 
-/// Loops that send the channel's signal back to it. A closed one cuts the far end off.
+/// Loops that send the channel's own signal back to it. A closed one cuts the far end off.
 struct LoopState
 {
     bool isIfLoopClosed = false;
@@ -290,6 +290,9 @@ struct DspChannelState
     zyr_top_api::AcmRlpControl rlpControl = zyr_top_api::AcmRlpControl::Normal;
     zyr_top_api::AcmMode acmMode = zyr_top_api::AcmMode::Active;
     zyr_top_api::AcmModePosition acmModePosition = zyr_top_api::AcmModePosition::Internal;
+    // What ACM has chosen last, and what it holds when it is passive.
+    zyr_top_api::ModulationAndCoding heldRxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding heldTxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
     InjectedFailure controlFailure;
     InjectedFailure statusFailure;
     InjectedFailure i2cFailure;
@@ -315,12 +318,13 @@ struct ChannelState
     bool acmMuted = false;           ///< Held at the lowest modulation while something else changes.
     bool acmConfigured = false;      ///< ACM has been enabled since the frame was set first.
     bool modulationDisabled = false; ///< The DSP sends a test signal in place of traffic.
-    bool thresholdsCached = false;
-    unsigned acmSyncs = 0; ///< Synchronisations behind a warm restart.
+    bool thresholdsCached = false;   ///< The thresholds wait for the capability to come into force.
+    unsigned acmSyncs = 0;           ///< Synchronisations behind a warm restart.
     zyr_top_api::ModulationAndCoding minModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
     zyr_top_api::ModulationAndCoding maxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
-    std::map<zyr_top_api::Modulation, int> farEndPmaxCapability = {};
-    bool farEndPmaxCached = false; ///< The capability waits for the channel to be configured.
+    std::map<zyr_top_api::Modulation, int> farEndPmaxCapability = {}; ///< As it was set last.
+    std::map<zyr_top_api::Modulation, int> farEndPmaxInForce = {};
+    bool farEndPmaxCached = false; ///< The capability waits for the channel's DSP to be there.
 
     // Configuration.
     unsigned radioFrameId = 0; ///< 0 when no frame is set.

@@ -56,6 +56,25 @@ bool isUsedInFrames(ModulationAndCoding modulation)
            zyr_top_api::findModulationAndCode(modulation)->coding != ultraStrong;
 }
 
+std::span<const LadderRung> rungsBetween(ModulationAndCoding min, ModulationAndCoding max)
+{
+    static const auto used = [] {
+        auto rungs = modulationLadder();
+        std::erase_if(rungs, [](const LadderRung& rung) { return !isUsedInFrames(rung.modulation); });
+        return rungs;
+    }();
+    const auto lowest = ladderStep(min);
+    const auto highest = ladderStep(max);
+    if (!lowest || !highest) {
+        return {};
+    }
+    const auto first = std::ranges::partition_point(
+        used, [&](const LadderRung& rung) { return ladderStep(rung.modulation) < lowest; });
+    const auto last = std::partition_point(
+        first, used.end(), [&](const LadderRung& rung) { return ladderStep(rung.modulation) <= highest; });
+    return {first, last};
+}
+
 std::uint32_t capacity_kbit(const RadioFrame& frame, ModulationAndCoding modulation)
 {
     const auto step = ladderStep(modulation);

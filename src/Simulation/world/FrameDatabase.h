@@ -2,9 +2,11 @@
 
 #include "FFConfigType.h"
 #include "ModulationAndCoding.h"
+#include "ModulationLadder.h"
 #include "RadioFrameRecord.h"
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -40,6 +42,11 @@ const RadioFrame* findRadioFrame(unsigned id);
 
 /// Whether frames carry this modulation: 4QAM strong up to 4096QAM light, without the ultra strong codes.
 bool isUsedInFrames(zyr_top_api::ModulationAndCoding modulation);
+
+/// The modulations from one to another that frames carry, the most robust first; none for a range that is
+/// none.
+std::span<const LadderRung> rungsBetween(zyr_top_api::ModulationAndCoding min,
+                                         zyr_top_api::ModulationAndCoding max);
 
 /// The capacity of a frame with a modulation, in kbit/s; 0 for a value that is no modulation.
 std::uint32_t capacity_kbit(const RadioFrame& frame, zyr_top_api::ModulationAndCoding modulation);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <ranges>
 
 namespace zyr_simulation
 {
@@ -14,6 +15,9 @@ namespace zyr_simulation
 namespace
 {
 
+using zyr_top_api::AcmMode;
+using zyr_top_api::AcmRlpControl;
+using zyr_top_api::AcmThreshold;
 using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ForceLoopMode;
 using zyr_top_api::ModulationAndCoding;
@@ -22,6 +26,7 @@ using Seconds = std::chrono::duration<double>;
 constexpr double kNoiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
 constexpr std::int32_t kSnirCeiling_dBTenths = 450;
 constexpr double kPowerStepPerBit_dBTenths = 5.0;
+constexpr std::int32_t kLoopLoss_dBTenths = 500; ///< From the transmitter back to the receiver.
 
 /// Below this distance to the SNIR that the modulation needs, blocks come errored: up to so many of them.
 constexpr double kScarceMargin_dBTenths = 10.0;
@@ -69,31 +74,21 @@ std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel
                                      : std::min(power, greatestPower(node, channel, channel.minModulation));
 }
 
-bool sendsTraffic(const NodeState& node, const ChannelState& channel)
+/// Whether a test signal goes out in place of traffic. The far end can't lock to it, and then takes the link
+/// down at both ends.
+bool sendsTestSignal(const ChannelState& channel)
 {
     const auto signal = channel.dsp.txSignals.find(bcm::types::ModemChain::Main);
     const bool isNormal =
         signal == channel.dsp.txSignals.end() || signal->second.mode == zyr_top_api::eDspATxModeNormal;
-    return channel.transmitter.status == ETxPowerActualStatus::On && channel.isConfigured() && isNormal &&
-           !channel.modulationDisabled && !node.dsp.isRecovering;
+    return !isNormal || channel.modulationDisabled;
 }
 
-/// The modulation that this SNIR allows on the channel.
-ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir)
+/// Whether the channel's modem is ready and its transmitter on, whatever it sends.
+bool isOnAir(const NodeState& node, const ChannelState& channel)
 {
-    auto chosen = channel.minModulation;
-    if (!channel.acmEnabled || channel.acmMuted) {
-        return chosen;
-    }
-    const auto min = ladderStep(channel.minModulation);
-    const auto max = ladderStep(channel.maxModulation);
-    for (auto step = min.value_or(0); min && max && step <= *max; ++step) {
-        const auto& rung = modulationLadder()[step];
-        if (isUsedInFrames(rung.modulation) && rung.requiredSnir_dBTenths <= snir) {
-            chosen = rung.modulation;
-        }
-    }
-    return chosen;
+    return channel.transmitter.status == ETxPowerActualStatus::On && channel.isConfigured() &&
+           !node.dsp.isRecovering;
 }
 
 std::int32_t requiredSnir(ModulationAndCoding modulation)
@@ -102,10 +97,20 @@ std::int32_t requiredSnir(ModulationAndCoding modulation)
     return step ? modulationLadder()[*step].requiredSnir_dBTenths : kSnirCeiling_dBTenths;
 }
 
-bool receives(const NodeState& node, const ChannelState& channel)
+/// How much more the receiver needs for a modulation, as the far end sends it with less power than others.
+std::int32_t farEndShift(const ChannelState& channel, ModulationAndCoding modulation)
 {
-    return node.settings.farEndTransmits && channel.radio.isUp() && channel.rxFrequency_kHz != 0 &&
-           !channel.loops.isClosed();
+    const auto& pmax = channel.farEndPmaxInForce;
+    if (pmax.empty()) {
+        return 0;
+    }
+    const auto* const row = zyr_top_api::findModulationAndCode(modulation);
+    const auto own = row == nullptr ? pmax.end() : pmax.find(row->modulation);
+    if (own == pmax.end()) {
+        return 0;
+    }
+    const std::int64_t greatest = std::ranges::max(pmax | std::views::values);
+    return static_cast<std::int32_t>(std::min<std::int64_t>(greatest - own->second, kSnirCeiling_dBTenths));
 }
 
 /// What power control sees in place of the received level while its object is under simulation and a sweep
@@ -131,9 +136,80 @@ void chooseDetector(ChannelState& channel)
         channel.transmitter.power >= (usesHigh ? kLowDetectorBelow_dBmTenths : kHighDetectorFrom_dBmTenths);
 }
 
-double errorShare(const NodeState& node, const ReceiverState& receiver)
+/// The SNIR below which the receiver leaves a modulation.
+std::int32_t rxThreshold(const ChannelState& channel, ModulationAndCoding modulation)
 {
-    const auto margin = receiver.snir - requiredSnir(receiver.rxModulation);
+    return requiredSnir(modulation) + farEndShift(channel, modulation);
+}
+
+/// The same at the far end, whose receiver isn't told the powers here.
+std::int32_t txThreshold(const ChannelState& /*channel*/, ModulationAndCoding modulation)
+{
+    return requiredSnir(modulation);
+}
+
+/// The modulation that this SNIR allows.
+ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir,
+                                 std::int32_t (*threshold)(const ChannelState&, ModulationAndCoding))
+{
+    auto chosen = channel.minModulation;
+    for (const auto& rung : rungsBetween(channel.minModulation, channel.maxModulation)) {
+        if (threshold(channel, rung.modulation) <= snir) {
+            chosen = rung.modulation;
+        }
+    }
+    return chosen;
+}
+
+ModulationAndCoding withinRange(const ChannelState& channel, ModulationAndCoding modulation)
+{
+    const auto step = ladderStep(modulation);
+    if (!step || step < ladderStep(channel.minModulation)) {
+        return channel.minModulation;
+    }
+    return step > ladderStep(channel.maxModulation) ? channel.maxModulation : modulation;
+}
+
+/// The modulation in force in one direction.
+/// @param allowed  what the SNIR allows
+/// @param isStandby  whether the direction is kept at the least modulation
+/// @param held  what the mode Passive holds; being muted is too short to be held
+ModulationAndCoding inForce(const ChannelState& channel, ModulationAndCoding allowed, bool isStandby,
+                            ModulationAndCoding& held)
+{
+    const bool isPassive = channel.dsp.acmMode == AcmMode::Passive;
+    const bool isLeast =
+        !channel.acmEnabled || channel.acmMuted || isStandby || channel.dsp.acmMode == AcmMode::Basic;
+    const auto moving = isPassive ? withinRange(channel, held) : allowed;
+    const auto modulation = isLeast ? channel.minModulation : moving;
+    if (!isPassive && !channel.acmMuted) {
+        held = modulation;
+    }
+    return modulation;
+}
+
+bool receives(const NodeState& node, const ChannelState& channel)
+{
+    const bool isSignalThere = channel.loops.isClosed()
+                                   ? channel.transmitter.status == ETxPowerActualStatus::On
+                                   : node.settings.farEndTransmits;
+    return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0;
+}
+
+/// The received level: of the channel's own signal if a loop is closed.
+std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, double attenuation)
+{
+    if (!receives(node, channel)) {
+        return kNoLevel_dBmTenths;
+    }
+    return channel.loops.isClosed() ? level(channel.transmitter.power - kLoopLoss_dBTenths)
+                                    : level(node.settings.farEndTxPower_dBmTenths - attenuation);
+}
+
+double errorShare(const NodeState& node, const ChannelState& channel)
+{
+    const auto& receiver = channel.receiver;
+    const auto margin = receiver.snir - rxThreshold(channel, receiver.rxModulation);
     const auto scarcity = std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0);
     const bool injects = receiver.injectsErrors && node.now() <= receiver.injectsUntil;
     return std::min(1.0,
@@ -141,12 +217,13 @@ double errorShare(const NodeState& node, const ReceiverState& receiver)
 }
 
 /// Counts what has been received since the last time, under the conditions of the last time.
-void countBlocks(const NodeState& node, ReceiverState& receiver)
+void countBlocks(const NodeState& node, ChannelState& channel)
 {
+    auto& receiver = channel.receiver;
     const auto elapsed = Seconds(node.now() - receiver.settledAt).count();
     if (receiver.isLinkUp) {
         const auto blocks = elapsed * kBlocksPerSecond;
-        const auto errored = blocks * errorShare(node, receiver);
+        const auto errored = blocks * errorShare(node, channel);
         receiver.received.blocks += blocks;
         receiver.received.erroredBlocks += errored;
         receiver.received.erroredSinceLock += errored;
@@ -192,27 +269,45 @@ void keepLowest(const NodeState& node, const ChannelState& channel, ReceiverStat
 
 void settleHop(NodeState& node, ChannelState& channel)
 {
-    auto& receiver = channel.receiver;
-    countBlocks(node, receiver);
+    countBlocks(node, channel);
 
+    auto& receiver = channel.receiver;
     const auto attenuation = node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
     channel.transmitter.power = transmittedPower(node, channel, attenuation);
     chooseDetector(channel);
-    const bool sends = sendsTraffic(node, channel);
-    receiver.farEndSnir = sends ? snirOf(level(channel.transmitter.power - attenuation), channel) : 0;
-    receiver.txModulation =
-        sends ? modulationAt(channel, receiver.farEndSnir) : ModulationAndCoding::UNDEFINED;
+    const bool isLooped = channel.loops.isClosed();
+    const bool isStandby = channel.dsp.rlpControl == AcmRlpControl::StandbyTx;
+    const bool sends = isOnAir(node, channel) && !sendsTestSignal(channel);
 
-    receiver.level = receives(node, channel) ? level(node.settings.farEndTxPower_dBmTenths - attenuation)
-                                             : kNoLevel_dBmTenths;
+    receiver.level = receivedLevel(node, channel, attenuation);
     receiver.snir = receives(node, channel) ? std::max(snirOf(receiver.level, channel), 0) : 0;
     receiver.level = seenLevel(node, channel, receiver.level);
+    const auto rx = inForce(channel, modulationAt(channel, receiver.snir, rxThreshold), isLooped && isStandby,
+                            channel.dsp.heldRxModulation);
     setLink(node, channel,
             receives(node, channel) && channel.isConfigured() && !node.dsp.isRecovering &&
-                receiver.snir >= requiredSnir(channel.minModulation));
-    receiver.rxModulation =
-        receiver.isLinkUp ? modulationAt(channel, receiver.snir) : ModulationAndCoding::UNDEFINED;
+                !sendsTestSignal(channel) && receiver.snir >= rxThreshold(channel, rx));
+    receiver.rxModulation = receiver.isLinkUp ? rx : ModulationAndCoding::UNDEFINED;
+
+    receiver.farEndSnir =
+        sends && !isLooped ? snirOf(level(channel.transmitter.power - attenuation), channel) : 0;
+    const auto tx = inForce(channel, isLooped ? rx : modulationAt(channel, receiver.farEndSnir, txThreshold),
+                            isStandby, channel.dsp.heldTxModulation);
+    receiver.txModulation = sends ? tx : ModulationAndCoding::UNDEFINED;
+
+    node.alarms.set(alarm::kLoopClosed, channel.number, isLooped);
+    node.alarms.set(alarm::kFarEndLinkDown, channel.number,
+                    isOnAir(node, channel) && (!sends || receiver.farEndSnir < txThreshold(channel, tx)));
     keepLowest(node, channel, receiver);
+}
+
+std::vector<AcmThreshold> acmThresholds(const ChannelState& channel)
+{
+    std::vector<AcmThreshold> thresholds;
+    for (const auto& rung : rungsBetween(channel.minModulation, channel.maxModulation)) {
+        thresholds.push_back({rung.modulation, rxThreshold(channel, rung.modulation)});
+    }
+    return thresholds;
 }
 
 std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, ModulationAndCoding modulation)
@@ -222,9 +317,14 @@ std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, M
     const auto& transmitter = channel.transmitter;
     const double cutback = transmitter.temporaryCutbackSet ? transmitter.temporaryCutback
                                                            : static_cast<double>(transmitter.maxPowerCutback);
-    const double boost = transmitter.boosterPresence != 0 ? transmitter.boosterGain : 0.0;
-    return level(radioType(node.settings.radioType).maxPower_dBmTenths - bits * kPowerStepPerBit_dBTenths -
-                 cutback + boost);
+    const double power =
+        radioType(node.settings.radioType).maxPower_dBmTenths - bits * kPowerStepPerBit_dBTenths - cutback;
+    const auto* const row = zyr_top_api::findModulationAndCode(modulation);
+    const bool isBoosted = transmitter.boosterPresence != 0 && row != nullptr &&
+                           row->modulation <= transmitter.boosterMaxModulation;
+    return isBoosted
+               ? level(std::min<double>(power, transmitter.boosterMaxInputPower) + transmitter.boosterGain)
+               : level(power);
 }
 
 std::int32_t channelSpacing_kHz(const ChannelState& channel)

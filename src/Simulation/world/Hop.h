@@ -1,8 +1,10 @@
 #pragma once
 
+#include "AcmThreshold.h"
 #include "NodeState.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace zyr_simulation
 {
@@ -20,13 +22,22 @@ namespace zyr_simulation
 /// - received level: power of the other end, less the path loss, less the fading, a slow sum of two waves;
 /// - SNIR: received level above the noise floor of the frame's channel spacing, up to a ceiling;
 /// - modulation: the greatest of the commanded range whose SNIR is there; the least one while ACM is muted or
-/// off;
-/// - link: up if the channel is configured and the least modulation's SNIR is there;
+/// off, in the mode Basic, and while the transmitter is on standby; the mode Passive holds the one in force;
+/// - link: up if the channel is configured and the SNIR of the modulation in force is there, unless a test
+/// signal is sent, with which the far end takes the link down at both ends;
+/// - closed loop (alarm "LoopClosed"): the receiver gets the channel's own signal, weaker by a constant loss,
+/// in place of the far end's, and the far end gets nothing;
+/// - alarm "FarEndLinkDown": the transmitter is on, but the far end can't lock to what it gets;
 /// - blocks: a constant number in a second; some are errored when the SNIR is scarce.
 void settleHop(NodeState& node, ChannelState& channel);
 
+/// The modulations of the channel's range, the most robust first, each with the SNIR in tenths of a dB below
+/// which the receiver leaves it: what the modem needs, and what the far end's greatest power for the
+/// constellation lies below its greatest power of all.
+std::vector<zyr_top_api::AcmThreshold> acmThresholds(const ChannelState& channel);
+
 /// The greatest power of a modulation on a channel, in tenths of a dBm: less for denser constellations, less
-/// the cutback, more with a booster.
+/// the cutback. A booster, up to its greatest modulation, takes no more than its limit and adds its gain.
 std::int32_t greatestPower(const NodeState& node, const ChannelState& channel,
                            zyr_top_api::ModulationAndCoding modulation);
 

@@ -140,6 +140,16 @@ TapsLogData sampleOf(const ChannelState& channel, nanoseconds now)
     return sample;
 }
 
+/// Brings a cached capability into force when the channel's DSP can be reached.
+void settleFarEndPmax(const NodeState& node, ChannelState& channel)
+{
+    if (channel.farEndPmaxCached && channel.isConfigured() && !node.dsp.isRecovering) {
+        channel.farEndPmaxInForce = channel.farEndPmaxCapability;
+        channel.farEndPmaxCached = false;
+        channel.thresholdsCached = false;
+    }
+}
+
 void settleTapsLog(ChannelState& channel, nanoseconds now)
 {
     constexpr std::size_t greatestSize = 1000;
@@ -173,7 +183,7 @@ void settleProcesses(NodeState& node, ChannelState& channel)
     settleMimo(channel, now);
     settleSdc(channel.sdc, now);
     settleTapsLog(channel, now);
-    channel.farEndPmaxCached = channel.farEndPmaxCached && !channel.isConfigured();
+    settleFarEndPmax(node, channel);
 }
 
 } // namespace zyr_simulation
