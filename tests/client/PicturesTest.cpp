@@ -104,6 +104,80 @@ TEST(FramesPictureTest, ShowsALineForEachFrame)
     EXPECT_NE(text.find("none"), std::string::npos) << text;
 }
 
+TEST(LoopsPictureTest, ShowsALineForEachLoop)
+{
+    const Value answer{{"loops", Value::array({{{"loopName", "IfLoop1"}, {"closed", true}},
+                                               {{"loopName", "RfLoop1"}, {"closed", false}}})}};
+    EXPECT_EQ(joined(zyr_ctl::loopsPicture(answer)), R"(
+loop     state
+IfLoop1  closed
+RfLoop1  open
+)");
+}
+
+/// Of a channel that receives 64QAM and sends 4QAM.
+zyr_ctl::AcmAnswers acmAnswers(int snir)
+{
+    return {
+        .mode = {{"acmMode", 1}, {"acmModePosition", "External"}},
+        .status = {{"ActualTxModulation", "4QAM"}, {"ActualRxModulation", "64QAM"}, {"ActualSNIR", snir}},
+        .thresholds = {{"thresholds", Value::array({{{"modulationAndCoding", "4QAM"}, {"threshold", 70}},
+                                                    {{"modulationAndCoding", "64QAM"}, {"threshold", 190}},
+                                                    {{"modulationAndCoding", 81}, {"threshold", 250}}})}},
+        .modes = {{0, "Active"}, {1, "Passive"}},
+        .positions = {},
+        .modulations = kModulations};
+}
+
+TEST(AcmPictureTest, DrawsTheThresholdsAsALadderWithThePresentSnir)
+{
+    EXPECT_EQ(joined(zyr_ctl::acmPicture(2, acmAnswers(213))), R"(
+Radio channel 2
+ACM mode      Passive, External
+Transmit      4QAM
+Receive       64QAM
+SNIR          213
+Thresholds    SNIR below which the receiver leaves the modulation
+  256QAM                 250
+  ----                   213  SNIR now
+  64QAM                  190  received
+  4QAM                    70  sent
+)");
+}
+
+TEST(AcmPictureTest, DrawsAnSnirThatJustReachesAThresholdAboveIt)
+{
+    const auto text = joined(zyr_ctl::acmPicture(2, acmAnswers(190)));
+    EXPECT_NE(text.find("SNIR now\n  64QAM "), std::string::npos) << text;
+}
+
+TEST(AcmPictureTest, MarksAModulationOfBothDirectionsTwice)
+{
+    auto answers = acmAnswers(10);
+    answers.status["ActualTxModulation"] = "64QAM";
+    const auto text = joined(zyr_ctl::acmPicture(2, answers));
+    EXPECT_NE(text.find("190  received, sent\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("70\n  ----                    10  SNIR now\n"), std::string::npos) << text;
+}
+
+TEST(AcmPictureTest, SaysWhatTheNodeDoesNotTell)
+{
+    EXPECT_EQ(joined(zyr_ctl::acmPicture(1, {.mode = Value::object(),
+                                             .status = Value::object(),
+                                             .thresholds = {},
+                                             .modes = {},
+                                             .positions = {},
+                                             .modulations = {}})),
+              R"(
+Radio channel 1
+ACM mode      -, -
+Transmit      -
+Receive       -
+SNIR          -
+Thresholds    not told by this node
+)");
+}
+
 TEST(CapabilityPictureTest, DrawsABarForTheMaximumPowerOfEachModulation)
 {
     const Value answer{{"NumberOfChannels", 2},

@@ -4,7 +4,7 @@ import json
 import os
 import subprocess
 
-from node_process import PATIENCE, NodeTest
+from node_process import PATIENCE, NodeTest, wait_for_transmitter
 
 PROGRAM = os.environ["ZYRCTL"]
 
@@ -50,6 +50,26 @@ class ZyrctlTest(NodeTest):
         self.assertEqual(capability[0], "Radio channel 1 of 2")
         self.assertTrue(any(line.startswith("  4QAM_STRONG ") and line.endswith("#") for line in capability),
                         capability)
+
+    def test_loops_are_a_table_and_a_closed_one_cuts_the_far_end_off(self):
+        self.configure()
+        self.zyrctl("CRI.SetRFPower", "--yes", "RadioChannelID=1", "txRequestedStatus=On",
+                    "targetRfInputPowerFarEnd=-400", "minRfOutputPower=40", "maxRfOutputPower=40")
+        wait_for_transmitter(self.proxy, 1)
+        self.zyrctl("CI.ManageLoops", "--yes", "--data", '{"loops": [{"loopName": "RfLoop1", "closed": true}]}')
+        self.assertEqual(self.zyrctl("loops"), """\
+loop     state
+IfLoop1  open
+RfLoop1  closed
+IfLoop2  open
+RfLoop2  open
+""")
+        self.zyrctl("SIM.SetFarEndTransmits", "--yes", "value=false")
+        self.assertEqual(self.zyrctl("CRI.GetRadioChannelStatus", "RadioChannelID=1", "--get", "ActualRFInputPower"),
+                         "-460\n")
+        events = self.proxy.CI.GetEvents()["events"]
+        self.assertEqual({event["eventName"] for event in events if event["isActive"]},
+                         {"FarEndLinkDown", "LoopClosed"})
 
     def test_every_listed_command_can_be_explained(self):
         for command in self.proxy.system.listMethods():

@@ -1,5 +1,6 @@
-// status, frames and capability: commands of the node whose answers people would rather look at.
+// status, frames, capability, loops and acm: commands of the node whose answers people would rather look at.
 
+#include "Failure.h"
 #include "Pictures.h"
 #include "Subcommands.h"
 #include "Watch.h"
@@ -14,6 +15,9 @@ namespace
 
 constexpr const char* kStatus = "CRI.GetRadioChannelStatus";
 constexpr const char* kFrames = "CRI.GetAirInterfaceCapability";
+constexpr const char* kLoops = "CI.ManageLoops";
+constexpr const char* kAcmMode = "CRI.GetAcmMode";
+constexpr const char* kThresholds = "TI.GetAcmThresholds";
 constexpr const char* kCapability = "CRI.GetRadioChannelCapability";
 
 // Of the received level, as far as the line goes.
@@ -114,6 +118,41 @@ void runCapability(Session& session, const ChannelOptions& options)
     session.show(answer, capabilityPicture(options.channel, answer, textsOf(response, "first")));
 }
 
+void runLoops(Session& session)
+{
+    const Value answer = session.node().call(kLoops, {Value{{"loops", Value::array()}}});
+    session.show(answer, loopsPicture(answer));
+}
+
+// Nothing if the node has the test commands switched off.
+Value askThresholds(Session& session, const ChannelOptions& options)
+{
+    try {
+        return session.node().call(kThresholds, {Value{{"channelId", options.channel}}});
+    } catch (const Failure& failure) {
+        if (failure.status() != ExitStatus::Fault) {
+            throw;
+        }
+        return {};
+    }
+}
+
+void runAcm(Session& session, const ChannelOptions& options)
+{
+    const auto modeResponse = responseOf(session, kAcmMode);
+    AcmAnswers answers;
+    answers.modes = textsOf(modeResponse, "acmMode");
+    answers.positions = textsOf(modeResponse, "acmModePosition");
+    answers.mode = session.node().call(kAcmMode, {Value{{"channelId", options.channel}}});
+    answers.status = session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}});
+    answers.thresholds = askThresholds(session, options);
+    if (!answers.thresholds.empty()) {
+        answers.modulations = textsOf(responseOf(session, kThresholds), "modulationAndCoding");
+    }
+    session.show({{kAcmMode, answers.mode}, {kStatus, answers.status}, {kThresholds, answers.thresholds}},
+                 acmPicture(options.channel, answers));
+}
+
 } // namespace
 
 void addPictureCommands(CLI::App& app, Session& session)
@@ -134,6 +173,14 @@ void addPictureCommands(CLI::App& app, Session& session)
     capability->add_option("--frame", options->frame,
                            "Radio frame for which the power is asked (the channel's first)");
     capability->callback([&session, options] { runCapability(session, *options); });
+
+    CLI::App* const loops = app.add_subcommand("loops", "The node's test loops and which are closed");
+    loops->callback([&session] { runLoops(session); });
+
+    CLI::App* const acm =
+        app.add_subcommand("acm", "Mode, modulations and thresholds of a channel's adaptive modulation");
+    addChannel(*acm, *options);
+    acm->callback([&session, options] { runAcm(session, *options); });
 }
 
 } // namespace zyr_ctl

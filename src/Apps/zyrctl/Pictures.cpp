@@ -115,17 +115,78 @@ std::string capacityRange(const Value& modulations)
                : member(modulations.front(), "Capacity") + " to " + member(modulations.back(), "Capacity");
 }
 
+// "  256QAM                 250", in columns.
+std::string nameAndNumber(const std::string& name, std::int64_t number)
+{
+    std::string digits = std::to_string(number);
+    digits.insert(0, digits.size() < 6 ? 6 - digits.size() : 0, ' ');
+    std::string text = "  " + name;
+    text.resize(std::max<std::size_t>(text.size(), 22), ' ');
+    return text + digits;
+}
+
 void addPowers(std::vector<Line>& lines, const Value& powers, const std::vector<EnumText>& modulations)
 {
     constexpr std::int64_t kUnitsPerMark = 10;
     for (const Value& row : powers) {
         const std::int64_t power = row.value("second", std::int64_t{0});
         const auto marks = static_cast<std::size_t>(std::clamp<std::int64_t>(power / kUnitsPerMark, 0, 60));
-        std::string number = std::to_string(power);
-        number.insert(0, number.size() < 6 ? 6 - number.size() : 0, ' ');
-        std::string name = "  " + enumeration(row.value("first", Value()), modulations);
-        name.resize(std::max<std::size_t>(name.size(), 22), ' ');
-        lines.push_back({name + number + " " + std::string(marks, '#')});
+        lines.push_back({nameAndNumber(enumeration(row.value("first", Value()), modulations), power) + " " +
+                         std::string(marks, '#')});
+    }
+}
+
+std::vector<Line> tableLines(const std::vector<std::string>& headings,
+                             const std::vector<std::vector<std::string>>& rows)
+{
+    std::vector<Line> lines;
+    for (std::string& text : renderTable(headings, rows)) {
+        lines.push_back({std::move(text)});
+    }
+    return lines;
+}
+
+// A rung of the ladder of thresholds.
+struct Rung
+{
+    std::string name;
+    std::int64_t threshold;
+    std::string mark;
+};
+
+std::vector<Rung> rungsOf(const AcmAnswers& answers)
+{
+    const std::string received = member(answers.status, "ActualRxModulation");
+    const std::string sent = member(answers.status, "ActualTxModulation");
+    std::vector<Rung> rungs;
+    for (const Value& record : listOf(answers.thresholds, "thresholds")) {
+        std::string name = enumeration(record.value("modulationAndCoding", Value()), answers.modulations);
+        std::vector<std::string> marks;
+        if (name == received) {
+            marks.emplace_back("received");
+        }
+        if (name == sent) {
+            marks.emplace_back("sent");
+        }
+        rungs.push_back({std::move(name), record.value("threshold", std::int64_t{0}),
+                         marks.empty() ? "" : joined(marks)});
+    }
+    const auto snir = answers.status.find("ActualSNIR");
+    if (snir != answers.status.end() && snir->is_number_integer()) {
+        rungs.push_back({"----", snir->get<std::int64_t>(), "SNIR now"});
+    }
+    return rungs;
+}
+
+void addLadder(std::vector<Line>& lines, const AcmAnswers& answers)
+{
+    auto rungs = rungsOf(answers);
+    // The SNIR, which comes last, stands above the thresholds that it reaches.
+    std::ranges::reverse(rungs);
+    std::ranges::stable_sort(rungs, std::ranges::greater(), &Rung::threshold);
+    for (const Rung& rung : rungs) {
+        lines.push_back(
+            {nameAndNumber(rung.name, rung.threshold) + (rung.mark.empty() ? "" : "  " + rung.mark)});
     }
 }
 
@@ -182,12 +243,7 @@ std::vector<Line> framesPicture(const Value& answer, const std::vector<EnumText>
                         member(frame, "TelecomStd"), member(frame, "ChannelSpacing"),
                         modulationRange(available, modulations), capacityRange(available)});
     }
-    std::vector<Line> lines;
-    for (std::string& text :
-         renderTable({"frame", "type", "standard", "spacing", "modulations", "capacity"}, rows)) {
-        lines.push_back({std::move(text)});
-    }
-    return lines;
+    return tableLines({"frame", "type", "standard", "spacing", "modulations", "capacity"}, rows);
 }
 
 std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer,
@@ -206,6 +262,35 @@ std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer,
         labelled("Power", "from " + member(answer, "AvailableMinRFOutputPower") + ", up to"),
     };
     addPowers(lines, listOf(answer, "AvailableMaxRFOutputPower"), modulations);
+    return lines;
+}
+
+std::vector<Line> loopsPicture(const Value& answer)
+{
+    std::vector<std::vector<std::string>> rows;
+    for (const Value& loop : listOf(answer, "loops")) {
+        rows.push_back({member(loop, "loopName"), flag(loop, "closed") ? "closed" : "open"});
+    }
+    return tableLines({"loop", "state"}, rows);
+}
+
+std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers)
+{
+    std::vector<Line> lines{
+        {"Radio channel " + std::to_string(channel)},
+        labelled("ACM mode",
+                 enumeration(answers.mode.value("acmMode", Value("-")), answers.modes) + ", " +
+                     enumeration(answers.mode.value("acmModePosition", Value("-")), answers.positions)),
+        labelled("Transmit", member(answers.status, "ActualTxModulation")),
+        labelled("Receive", member(answers.status, "ActualRxModulation")),
+        labelled("SNIR", member(answers.status, "ActualSNIR")),
+    };
+    if (answers.thresholds.empty()) {
+        lines.push_back(labelled("Thresholds", "not told by this node"));
+    } else {
+        lines.push_back(labelled("Thresholds", "SNIR below which the receiver leaves the modulation"));
+        addLadder(lines, answers);
+    }
     return lines;
 }
 

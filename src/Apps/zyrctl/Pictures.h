@@ -29,4 +29,22 @@ std::vector<Line> framesPicture(const Value& answer, const std::vector<EnumText>
 std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer,
                                     const std::vector<EnumText>& modulations);
 
+/// The loops of a node, one line each.
+std::vector<Line> loopsPicture(const Value& answer);
+
+/// How ACM of a channel stands.
+struct AcmAnswers
+{
+    Value mode;
+    Value status;
+    Value thresholds; ///< empty: the node doesn't tell them
+    std::vector<EnumText> modes;
+    std::vector<EnumText> positions;
+    std::vector<EnumText> modulations; ///< of the thresholds
+};
+
+/// The mode, the modulation of each direction, and the thresholds as a ladder, the highest first, with the
+/// present SNIR between the rungs.
+std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers);
+
 } // namespace zyr_ctl

@@ -18,7 +18,7 @@ void addHelpCommand(CLI::App& app, Session& session);
 /// `call COMMAND field=value ...`, which is also meant when no subcommand is named
 void addCallCommand(CLI::App& app, Session& session);
 
-/// `status [CHANNEL]`, `frames [CHANNEL]`, `capability [CHANNEL]`
+/// `status [CHANNEL]`, `frames [CHANNEL]`, `capability [CHANNEL]`, `loops`, `acm [CHANNEL]`
 void addPictureCommands(CLI::App& app, Session& session);
 
 /// `taps [CHANNEL]`
