@@ -74,6 +74,9 @@ void addOptions(CLI::App& app, Options& options)
     app.add_option("--radio-type", options.node.radioType,
                    "Radio units: 1 of the 15 GHz band, 2 of the 23 GHz band, 3 of the 6 GHz band. Default 1")
         ->check(CLI::Range(1, 3));
+    app.add_option("--fading", options.node.fading_dBTenths,
+                   "Amplitude of the hop's slow fading, 0.1 dB, 0 for none. Default 5")
+        ->check(CLI::Range(0, 1000));
     app.add_option("--seed", options.node.seed, "What is left to chance follows from it. Default 1");
     app.add_flag("--enable-ti", options.enableTi, "Open the test commands");
     app.add_flag("--host-clock", options.node.hostClock,
