@@ -60,7 +60,7 @@ BENCHMARK(collaboratorCallUnderLock);
 void dispatch(benchmark::State& state, TylTraceLevel level)
 {
     zyr_platform::TraceService::get().setLevelForAll(level);
-    benchmark_table::fill(static_cast<std::size_t>(state.range(0)), handler);
+    benchmark_table::fill(static_cast<std::size_t>(state.range(0)), benchmark_table::kBarLength, handler);
     CriEnableAcm::Command command;
     command.enable = true;
     criEnableAcm(command); // the first traced call makes its thread's buffer

@@ -19,9 +19,17 @@ using namespace zyr_top_api;
 benchmark_table::QuietAcmHandler handler;
 std::mutex mutex;
 
-void dispatchFrom(std::size_t place, long calls)
+enum class Place
 {
-    benchmark_table::fill(place, handler);
+    First,
+    Middle,
+    Last,
+};
+
+void dispatchFrom(Place place, std::size_t length, long calls)
+{
+    const std::size_t others = place == Place::First ? 0 : place == Place::Middle ? length / 2 : length - 1;
+    benchmark_table::fill(others, length, handler);
     CriEnableAcm::Command command;
     command.enable = true;
     for (long call = 0; call < calls; ++call) {
@@ -57,20 +65,29 @@ void response(long calls)
 
 int main(int argc, char** argv)
 {
+    using benchmark_table::kBarLength;
+    using benchmark_table::listedLength;
+    if (argc == 2 && std::string(argv[1]) == "listed-length") {
+        std::cout << listedLength() << "\n";
+        return 0;
+    }
     const std::map<std::string, std::function<void(long)>> kinds{
         {"lock", lock},
         {"response", response},
         {"collaborator", collaboratorCall},
-        {"quiet-first", [](long calls) { dispatchFrom(0, calls); }},
-        {"quiet-middle", [](long calls) { dispatchFrom(26, calls); }},
-        {"quiet-last", [](long calls) { dispatchFrom(51, calls); }},
+        {"quiet-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
+        {"quiet-middle", [](long calls) { dispatchFrom(Place::Middle, kBarLength, calls); }},
+        {"quiet-last", [](long calls) { dispatchFrom(Place::Last, kBarLength, calls); }},
+        {"listed-first", [](long calls) { dispatchFrom(Place::First, listedLength(), calls); }},
+        {"listed-middle", [](long calls) { dispatchFrom(Place::Middle, listedLength(), calls); }},
+        {"listed-last", [](long calls) { dispatchFrom(Place::Last, listedLength(), calls); }},
         {"status-collaborators", benchmark_status::collaboratorsAlone},
         {"status-dispatched", benchmark_status::dispatched},
-        {"traced-first", [](long calls) { dispatchFrom(0, calls); }},
-        {"traced-all-levels-first", [](long calls) { dispatchFrom(0, calls); }},
+        {"traced-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
+        {"traced-all-levels-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
     };
     if (argc != 3 || !kinds.contains(argv[1])) {
-        std::cerr << "usage: DispatchCalls KIND CALLS, KIND being one of";
+        std::cerr << "usage: DispatchCalls KIND CALLS | DispatchCalls listed-length, KIND being one of";
         for (const auto& kind : kinds) {
             std::cerr << " " << kind.first;
         }

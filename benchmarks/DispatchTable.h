@@ -1,75 +1,42 @@
 #pragma once
 
 #include "CmdWrapper.h"
+#include "CommandEntry.h"
 #include "CriEnableAcmImpl.h"
 #include "IAcmHandler.h"
 #include "InterfaceBroker.h"
 #include "ZyrApiHandler.h"
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <string_view>
+#include <vector>
 
-/// A command table of full length, with "CRI.EnableAcm" at a chosen place and entries of other commands'
+/// A command table, with "CRI.EnableAcm" at a chosen place and entries of other commands'
 /// names elsewhere.
 namespace benchmark_table
 {
 
-inline constexpr std::array<std::string_view, 51> kOtherNames{
-    "CI.GetEvents",
-    "CI.GetFastEvents",
-    "CI.ManageLoops",
-    "CI.ReleaseFastEventsRequests",
-    "CRI.CalibrateDspPps",
-    "CRI.CriGetIsRau2T2R",
-    "CRI.CriGetRauPowerMode",
-    "CRI.CriSetBasebandSdcDadeResetCalibration",
-    "CRI.CriSetRauPowerMode",
-    "CRI.CriSetSdcBasebandDadeCalibration",
-    "CRI.DisableModulation",
-    "CRI.GetAcmMode",
-    "CRI.GetAirInterfaceCapability",
-    "CRI.GetCalibrationStatusDspPps",
-    "CRI.GetHopLengthTimeDspPps",
-    "CRI.GetRadioChannelCapability",
-    "CRI.GetRadioChannelStatus",
-    "CRI.GetRauPowerSupplied",
-    "CRI.GetSdcStatus",
-    "CRI.GetSpectrumDiagnostics",
-    "CRI.ManagePathLatency",
-    "CRI.MimoSpatialMute",
-    "CRI.RestartRadio",
-    "CRI.SetAcmMode",
-    "CRI.SetAcmRlpControl",
-    "CRI.SetActiveSubBand",
-    "CRI.SetBasebandSdcChannel",
-    "CRI.SetBasebandSdcDadeParams",
-    "CRI.SetBasebandSdcEnable",
-    "CRI.SetBoosterPresence",
-    "CRI.SetFarEndPmaxCapability",
-    "CRI.SetOutputModeDspPps",
-    "CRI.SetRFPower",
-    "CRI.SetRadioChannelNearEnd",
-    "CRI.SetRadioLinkEncryption",
-    "CRI.SetRauCarrierAggregation",
-    "CRI.SetRauPowerSupplied",
-    "CRI.SetRouting",
-    "CRI.SetSdcDadeCalibration",
-    "CRI.SetSdcEnable",
-    "CRI.SetSdcPathControl",
-    "CRI.SetSdcRlConfiguration",
-    "CRI.SetSourceDspPps",
-    "CRI.StartRecovery",
-    "CRI.WarmInitCompleted",
-    "CRI.XpicSlaveMute",
-    "TI.GetRxXcStatusLevel",
-    "TI.ManageMimo",
-    "TI.ManagePathLatencyCompensation",
-    "TI.ManageRealTimeClock",
-    "TI.ManageXPIC",
-};
+/// Length of the table that the bars are for.
+inline constexpr std::size_t kBarLength = 52;
+
+/// The names of the commands that are dispatched, the measured one left out.
+inline std::vector<std::string> otherNames()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : zyr_registration::allCommands()) {
+        if (!entry.isDirect() && entry.name() != "CRI.EnableAcm") {
+            names.emplace_back(entry.name());
+        }
+    }
+    return names;
+}
+
+/// Length of the table as the list of commands stands.
+inline std::size_t listedLength()
+{
+    return otherNames().size() + 1;
+}
 
 /// The collaborator that the measured command calls: it does next to nothing.
 class QuietAcmHandler final : public IAcmHandler
@@ -88,25 +55,23 @@ class QuietAcmHandler final : public IAcmHandler
 struct OtherCommand
 {};
 
-/// Fills the table, with the measured command behind so many others, and initialises it on the handler.
-inline void fill(std::size_t place, IAcmHandler& handler)
+/// Fills the table up to a length, with the measured command behind so many others, and initialises it on the
+/// handler. Names run out or are left out where the list of commands has another length.
+inline void fill(std::size_t place, std::size_t length, IAcmHandler& handler)
 {
     using namespace zyr_top_api;
     InterfaceBroker::getInstance().unregisterInterface("IAcmHandler_1");
     InterfaceBroker::getInstance().registerInterface("IAcmHandler_1", &handler);
     auto measured = std::make_shared<CmdWrapper<CriEnableAcmImpl>>("CRI.EnableAcm");
     measured->impl().initialize(1);
+    auto names = otherNames();
+    names.resize(length - 1, "CRI.NotListedSoFar");
     auto& table = ZyrApiHandler::m_cmds;
     table.clear();
-    for (const std::string_view name : kOtherNames) {
-        if (table.size() == place) {
-            table.push_back(measured);
-        }
-        table.push_back(std::make_shared<CmdWrapper<OtherCommand>>(std::string(name)));
+    for (const std::string& name : names) {
+        table.push_back(std::make_shared<CmdWrapper<OtherCommand>>(name));
     }
-    if (table.size() == place) {
-        table.push_back(measured);
-    }
+    table.insert(table.begin() + static_cast<std::ptrdiff_t>(place), measured);
 }
 
 } // namespace benchmark_table

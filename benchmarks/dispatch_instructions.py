@@ -26,6 +26,9 @@ KINDS = {
     "quiet-first": "quiet call, first of 52 entries",
     "quiet-middle": "quiet call, middle entry",
     "quiet-last": "quiet call, last entry",
+    "listed-first": "quiet call, first of the {listed} entries listed",
+    "listed-middle": "quiet call, middle entry of those",
+    "listed-last": "quiet call, last entry of those",
     "traced-first": "traced at level 3 to no sink, first entry",
     "traced-all-levels-first": "traced at level 7 to no sink, first entry",
     "status-collaborators": "the status command's collaborator calls alone",
@@ -64,6 +67,7 @@ def code_bytes(library, command):
 
 def main():
     program, library = sys.argv[1:3]
+    listed = subprocess.run([program, "listed-length"], check=True, capture_output=True, text=True).stdout.strip()
     failures = 0
     costs = {}
     print(f"{'what':45} {'instructions a call':>20} {'bar':>8}")
@@ -72,7 +76,7 @@ def main():
         bar = BARS.get(kind)
         costs[kind] = cost
         failures += bar is not None and cost > bar
-        print(f"{text:45} {cost:20.1f} {bar if bar is not None else '':>8}")
+        print(f"{text.format(listed=listed):45} {cost:20.1f} {bar if bar is not None else '':>8}")
     own = costs["status-dispatched"] - costs["status-collaborators"] - costs["quiet-first"]
     print(f"{'the status command beyond those and the frame':45} {own:20.1f} "
           f"{own / costs['status-collaborators']:8.1%} of the calls")
