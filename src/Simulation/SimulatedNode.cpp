@@ -1,5 +1,6 @@
 #include "SimulatedNode.h"
 
+#include "Drivers.h"
 #include "ModuleManager.h"
 #include "SimulatedAcmHandler.h"
 #include "SimulatedAtpcController.h"
@@ -32,6 +33,8 @@
 #include "SimulatedZyrRleHandler.h"
 
 #include <array>
+#include <cstddef>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -45,6 +48,11 @@ namespace
 constexpr std::uint32_t kClosingGroup = 5;
 constexpr std::string_view kClosingPhaseOwner = "CModuleManager";
 constexpr std::array<std::string_view, 1> kClosingPhaseOperations{"RunGroup"};
+
+/// The drivers of cross-polar cancelling, as they are called among the faults.
+constexpr std::string_view kCableDriver = "XpicConnectedDriver";
+constexpr std::string_view kTxEnableDriver = "XpicTxEnableDriver";
+constexpr std::array<std::string_view, 2> kDriverOperations{"read", "write"};
 
 /// All orders to fail, those of people and those of test commands. Called with the mutex held.
 std::vector<Fault> allFaults(const NodeState& node)
@@ -96,6 +104,7 @@ void SimulatedNode::addCollaborators()
     add<SimulatedOutputPowerHandler>("IOutputPowerHandler.1", 1);
     for (const auto& channel : m_state->channels) {
         addChannel(channel.number);
+        addDrivers(channel.number);
     }
 }
 
@@ -128,6 +137,43 @@ void SimulatedNode::addChannel(unsigned number)
     add<SimulatedPpsController>("IPpsController" + std::to_string(number), number);
     auto& rauHandler = add<SimulatedRauHandler>(name("IRauHandler"), number);
     m_publications.emplace_back(name("IRadio"), rauHandler);
+}
+
+void SimulatedNode::addDrivers(unsigned number)
+{
+    auto& faults = m_state->faults;
+    faults.registerCollaborator(kCableDriver, std::span(kDriverOperations).first(1), true);
+    faults.registerCollaborator(kTxEnableDriver, kDriverOperations, true);
+    // Answers the fault that was ordered, else lets `work` use the state.
+    const auto operation = [state = m_state.get(), number](std::string_view driver, std::size_t index,
+                                                           auto work) -> std::uint32_t {
+        if (const auto code = state->faults.take(driver, kDriverOperations[index], number)) {
+            return *code;
+        }
+        const std::scoped_lock lock(state->mutex);
+        work(state->channel(number).xpic);
+        return 0;
+    };
+    const std::string start = "channel." + std::to_string(number) + ".xpic.";
+    auto& drivers = zyr_platform::Drivers::get();
+    m_drivers.push_back(drivers.add(start + "connected", {.read = [operation](std::uint32_t& value) {
+                                        return operation(kCableDriver, 0, [&](const XpicState& xpic) {
+                                            value = xpic.isCableConnected;
+                                        });
+                                    }}));
+    m_drivers.push_back(drivers.add(start + "tx.enable",
+                                    {.read =
+                                         [operation](std::uint32_t& value) {
+                                             return operation(kTxEnableDriver, 0, [&](const XpicState& xpic) {
+                                                 value = xpic.isTxEnabled;
+                                             });
+                                         },
+                                     .write =
+                                         [operation](std::uint32_t value) {
+                                             return operation(kTxEnableDriver, 1, [&](XpicState& xpic) {
+                                                 xpic.isTxEnabled = value != 0;
+                                             });
+                                         }}));
 }
 
 template <class Collaborator>
@@ -231,6 +277,23 @@ void SimulatedNode::setRadioAvailable(unsigned channel, bool available)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).radio.isAvailable = available;
+    m_state->settle();
+}
+
+void SimulatedNode::setFarEndKey(unsigned channel, const std::string& key)
+{
+    const auto print = key.empty() ? std::nullopt : std::optional<KeyPrint>(key);
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->channel(channel).encryption.farEndKey = print;
+    m_state->settle();
+}
+
+void SimulatedNode::setXpicCableConnected(unsigned channel, bool connected)
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->channel(channel).xpic.isCableConnected = connected;
     m_state->settle();
 }
 

@@ -93,9 +93,21 @@ class SimulatedNode
     /// @throws std::out_of_range if the node has no such channel
     void setRadioAvailable(unsigned channel, bool available);
 
+    /// Gives the far end of a channel's encryption a key of its own. With another key than this end has the
+    /// link stays up and carries nothing. Without a key the far end does as this end does, as at the start.
+    /// The key isn't kept.
+    /// @throws std::out_of_range if the node has no such channel
+    /// @throws std::invalid_argument if the key is longer than 64 bytes
+    void setFarEndKey(unsigned channel, const std::string& key);
+
+    /// Plugs a channel's cable to the other polarisation in or out.
+    /// @throws std::out_of_range if the node has no such channel
+    void setXpicCableConnected(unsigned channel, bool connected);
+
   private:
     void addCollaborators();
     void addChannel(unsigned number);
+    void addDrivers(unsigned number);
     void addClosingPhase();
     template <class Collaborator>
     Collaborator& add(const std::string& name, unsigned channel = 0);
@@ -106,6 +118,7 @@ class SimulatedNode
     std::vector<std::unique_ptr<IInterface>> m_collaborators;
     // Withdrawn before the collaborators go.
     std::list<zyr_platform::Publication> m_publications;
+    std::vector<zyr_platform::Registration> m_drivers;
     zyr_platform::Registration m_closingPhase;
     std::optional<HardwareVariables> m_hardwareVariables;
     std::optional<SimulatedClocks> m_clocks;

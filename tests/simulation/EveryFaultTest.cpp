@@ -1,4 +1,5 @@
 #include "DDevIo.h"
+#include "DriverCalls.h"
 #include "IBasebandSdcController.h"
 #include "ICcdpController.h"
 #include "IIfLoopDriver.h"
@@ -479,6 +480,10 @@ class EveryFaultTest : public SimulationFixture
                    return flag(
                        of<zyr::IZyrRleHandler>("IZyrRleHandler").setRadioLinkEncryption("", 0, 0, false));
                }}}},
+            {"XpicConnectedDriver", {{"read", [] { return readDriver("channel.1.xpic.connected"); }}}},
+            {"XpicTxEnableDriver",
+             {{"read", [] { return readDriver("channel.1.xpic.tx.enable"); }},
+              {"write", [] { return writeDriver("channel.1.xpic.tx.enable", 1); }}}},
             {"RecoveryController",
              {{"startDspRecovery",
                [] {

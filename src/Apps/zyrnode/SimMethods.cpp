@@ -82,6 +82,13 @@ struct ChannelSetting
     T value{};
 };
 
+// Not named like the settings: what shows requests tells secrets by their names too.
+struct FarEndKey
+{
+    zyr_top_api::RadioChannel channel;
+    std::string key;
+};
+
 // A setting that is a number says what it counts; there is one of each type.
 template <class T>
 constexpr FieldNotes kSettingNotes{};
@@ -100,6 +107,12 @@ template <class T>
 constexpr std::array kChannelSetting{
     field<&ChannelSetting<T>::channel>("radio channel"),
     field<&ChannelSetting<T>::value>("the new setting", kSettingNotes<T>),
+};
+
+constexpr std::array kFarEndKey{
+    field<&FarEndKey::channel>("radio channel"),
+    field<&FarEndKey::key>("key of up to 64 bytes; empty lets the far end do as this end does",
+                           {.hasDefault = true, .isSecret = true}),
 };
 
 constexpr Range kLevels{TraceService::kSilent, TraceService::kHighestLevel};
@@ -167,6 +180,16 @@ std::vector<SimMethod> nodeMethods()
                             const NodeReport report = reportOf(node);
                             return valueOf(reportFields(), &report);
                         }),
+        method<FarEndKey>({.name = "SIM.SetFarEndKey",
+                           .help =
+                               "Gives the far end of an encrypted link a key of its own; the link carries "
+                               "nothing until both ends have the same.",
+                           .effect = Effect::DisturbsTraffic,
+                           .request = kFarEndKey},
+                          [](SimulatedNode& node, const FarEndKey& request) {
+                              node.setFarEndKey(request.channel, request.key);
+                              return Value::object();
+                          }),
         method<Fault>({.name = "SIM.InjectFault",
                        .help = "Lets an operation of a collaborator fail.",
                        .effect = Effect::DisturbsTraffic,
@@ -254,6 +277,8 @@ std::vector<SimMethod> setters()
         row("SIM.SetPathLoss", "Sets the path loss of the hop.", &SimulatedNode::setPathLoss_dBTenths),
         row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
             &SimulatedNode::setRadioAvailable),
+        row("SIM.SetXpicCableConnected", "Plugs a channel's cable to the other polarisation in or out.",
+            &SimulatedNode::setXpicCableConnected),
         row("SIM.SetTwoTransmitters", "Makes the radio units such with two transmitters, or with one.",
             &SimulatedNode::setTwoTransmitters),
     };

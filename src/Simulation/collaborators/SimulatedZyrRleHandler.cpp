@@ -27,10 +27,14 @@ bool SimulatedZyrRleHandler::setRadioLinkEncryption(const std::string& masterKey
                                                     std::uint32_t rxFrequency_kHz, bool enableRle)
 {
     return perform<bool>("setRadioLinkEncryption", [&] {
-        if (enableRle && masterKey.empty()) {
+        if (enableRle && (masterKey.empty() || masterKey.size() > KeyPrint::kLongestKey)) {
             return false;
         }
-        channel().encryption = {enableRle, txFrequency_kHz, rxFrequency_kHz};
+        auto& encryption = channel().encryption;
+        encryption.isEnabled = enableRle;
+        encryption.key = enableRle ? KeyPrint(masterKey) : KeyPrint();
+        encryption.txFrequency_kHz = txFrequency_kHz;
+        encryption.rxFrequency_kHz = rxFrequency_kHz;
         return true;
     });
 }

@@ -11,7 +11,7 @@ namespace zyr_simulation
 
 inline constexpr CollaboratorOperations kZyrRleHandlerOperations{"IZyrRleHandler", "setRadioLinkEncryption"};
 
-/// The encryption of a channel's radio link. The key is looked at and forgotten.
+/// The encryption of a channel's radio link. Of the key a salted hash is kept alone.
 class SimulatedZyrRleHandler final
     : public SimulatedCollaborator<zyr::IZyrRleHandler, kZyrRleHandlerOperations>
 {
@@ -21,7 +21,7 @@ class SimulatedZyrRleHandler final
     /// 0 not encrypted, 1 encrypted and the link is up, 2 encrypted and the link is down.
     std::int32_t getRleStatus() override;
 
-    /// Refuses to encrypt without a key.
+    /// Refuses to encrypt without a key, and with one that is longer than `KeyPrint` takes.
     bool setRadioLinkEncryption(const std::string& masterKey, std::uint32_t txFrequency_kHz,
                                 std::uint32_t rxFrequency_kHz, bool enableRle) override;
 };

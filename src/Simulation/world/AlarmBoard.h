@@ -23,6 +23,8 @@ inline constexpr std::string_view kLinkDown = "LinkDown";       ///< The channel
 inline constexpr std::string_view kFarEndLinkDown =
     "FarEndLinkDown"; ///< The far end's receiver can't lock to what the channel sends.
 inline constexpr std::string_view kLoopClosed = "LoopClosed"; ///< The channel gets its own signal back.
+inline constexpr std::string_view kEncryptionKeyMismatch =
+    "EncryptionKeyMismatch"; ///< The channel's link is up, but its ends have different keys.
 inline constexpr std::string_view kDspRecovery =
     "DspRecovery"; ///< The DSP restarts; channel 0, the whole node.
 

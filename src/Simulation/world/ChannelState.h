@@ -8,6 +8,7 @@
 #include "ETxPowerOverrideState.h"
 #include "ForceLoopMode.h"
 #include "InjectedFailure.h"
+#include "KeyPrint.h"
 #include "LinkType.h"
 #include "MimoCalibrationStatus.h"
 #include "ModemChain.h"
@@ -225,8 +226,11 @@ struct XpicState
     bool isMuted = false;
     zyr_top_api::XpicMimoPreamble preamble = zyr_top_api::XpicMimoPreamble::Preamble_A;
     std::chrono::nanoseconds sweepsUntil{0};
+    bool isCableConnected = true; ///< The cable to the other polarisation; set from outside.
+    bool isTxEnabled = true;
 
     bool isStarted() const { return linkType != zyr_top_api::LinkType::Disable; }
+    bool hearsOtherPolarisation() const { return isCableConnected && isTxEnabled; }
 };
 
 /// MIMO.
@@ -300,12 +304,17 @@ struct DspChannelState
     InjectedFailure acmThresholdFailure;
 };
 
-/// The encryption of the radio link. The key itself is kept nowhere.
+/// The encryption of the radio link, at this end and at the far one. The keys themselves are kept nowhere.
 struct EncryptionState
 {
     bool isEnabled = false;
+    KeyPrint key = {};                      ///< No key while encryption is off.
+    std::optional<KeyPrint> farEndKey = {}; ///< Without one the far end does as this end does.
     std::uint32_t txFrequency_kHz = 0;
     std::uint32_t rxFrequency_kHz = 0;
+
+    /// Whether both ends understand each other.
+    bool keysAgree() const { return !farEndKey || (isEnabled && key == *farEndKey); }
 };
 
 /// Everything that the node knows about one radio channel: what commands have set, and what follows from it.

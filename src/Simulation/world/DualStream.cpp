@@ -43,7 +43,8 @@ MimoLockStatus xpicLock(const NodeState& node, const ChannelState& channel)
         return MimoLockStatus::Mute;
     }
     const bool isStarted = channel.xpic.isStarted() || channel.mimo.isStarted();
-    const bool isLocked = isStarted && channel.receiver.isLinkUp && node.now() >= channel.xpic.sweepsUntil;
+    const bool isLocked = isStarted && channel.xpic.hearsOtherPolarisation() && channel.receiver.isLinkUp &&
+                          node.now() >= channel.xpic.sweepsUntil;
     return isLocked ? MimoLockStatus::Locked : MimoLockStatus::Unlocked;
 }
 

@@ -208,6 +208,9 @@ std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, d
 
 double errorShare(const NodeState& node, const ChannelState& channel)
 {
+    if (!channel.encryption.keysAgree()) {
+        return 1.0;
+    }
     const auto& receiver = channel.receiver;
     const auto margin = receiver.snir - rxThreshold(channel, receiver.rxModulation);
     const auto scarcity = std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0);
@@ -299,6 +302,8 @@ void settleHop(NodeState& node, ChannelState& channel)
     node.alarms.set(alarm::kFarEndLinkDown, channel.number,
                     isOnAir(node, channel) && (!sends || receiver.farEndSnir < txThreshold(channel, tx)));
     keepLowest(node, channel, receiver);
+    node.alarms.set(alarm::kEncryptionKeyMismatch, channel.number,
+                    receiver.isLinkUp && !channel.encryption.keysAgree());
 }
 
 std::vector<AcmThreshold> acmThresholds(const ChannelState& channel)
