@@ -166,10 +166,23 @@ TEST(CommandLine, HidesAPassword)
     std::array<char, 15> joined{"--user=bob:xyz"};
     std::array<char, 8> other{"a:b=c:d"};
     std::array<char*, 5> words{program.data(), option.data(), value.data(), joined.data(), other.data()};
-    hidePassword(5, words.data());
+    hideSecrets(5, words.data());
     EXPECT_STREQ(value.data(), "ann:***");
     EXPECT_STREQ(joined.data(), "--user=bob:***");
     EXPECT_STREQ(other.data(), "a:b=c:d");
+}
+
+TEST(CommandLine, HidesWhatIsAssignedToASecretField)
+{
+    std::array<char, 7> program{"zyrctl"};
+    std::array<char, 14> secret{"masterKey=a=b"};
+    std::array<char, 12> empty{"inner.key= "};
+    std::array<char, 7> open{"id=123"};
+    std::array<char*, 4> words{program.data(), secret.data(), empty.data(), open.data()};
+    hideSecrets(4, words.data());
+    EXPECT_STREQ(secret.data(), "masterKey=***");
+    EXPECT_STREQ(empty.data(), "inner.key=*");
+    EXPECT_STREQ(open.data(), "id=123");
 }
 
 } // namespace

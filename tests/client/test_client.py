@@ -43,8 +43,12 @@ def run(*words, url=None, stdin="", **more):
     return done.returncode, done.stdout, done.stderr
 
 
-def run_on_terminal(*words, url=None, typed="", wait_for=None, **more):
-    """Runs the program on a terminal; types when it has written `wait_for`. Gives status and all it wrote."""
+def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), **more):
+    """Runs the program on a terminal; types when it has written `wait_for`. Gives status and all it wrote.
+
+    Goes on with the pairs in `then`: what to wait for, and what to type.
+    """
+    dialogue = [(wait_for, typed), *then] if wait_for else []
     master, slave = pty.openpty()
     with subprocess.Popen([ZYRCTL, *words], stdin=slave, stdout=slave, stderr=slave,
                           env=environment(url, **more)) as process:
@@ -62,9 +66,8 @@ def run_on_terminal(*words, url=None, typed="", wait_for=None, **more):
             if not piece:
                 break
             written += piece
-            if wait_for and wait_for.encode() in written:
-                os.write(master, typed.encode())
-                wait_for = None
+            if dialogue and dialogue[0][0].encode() in written:
+                os.write(master, dialogue.pop(0)[1].encode())
         status = process.wait(DEADLINE)
     os.close(master)
     return status, written.decode().replace("\r\n", "\n")
@@ -391,6 +394,86 @@ class Secrets(NodeTest):
             self.assertNotIn("verysecret", out + err)
             self.assertIn("(hidden)", out + err)
         self.assertEqual(self.node.calls, [("CRI.SetKey", [{"masterKey": "verysecret"}])] * 4)
+
+    def test_on_the_line_are_warned_of(self):
+        warning = ("zyrctl: the shell's history keeps masterKey; --data @FILE and --data @- leave no trace there\n")
+        self.assertEqual(self.run_with_node("CRI.SetKey", "masterKey=verysecret")[2], warning)
+        self.assertEqual(self.run_with_node("CRI.SetKey", "masterKey=")[2], "")
+        self.assertEqual(self.run_with_node("CRI.SetKey", "--json", "masterKey=verysecret")[2], "")
+        self.assertEqual(self.run_with_node("CRI.SetKey", "--data", '{"masterKey": "verysecret"}')[2], "")
+
+
+class Encrypt(NodeTest):
+    KEY = "a key of this length"
+
+    def setUp(self):
+        super().setUp()
+        self.node.answers["CRI.GetRadioChannelStatus"] = [{"tiResult": 0, "TxFrequency": 18700000,
+                                                           "RxFrequency": 19710000}]
+        self.node.answers["CRI.SetRadioLinkEncryption"] = [{"tiResult": 0}]
+        self.file = os.path.join(self.enterContext(tempfile.TemporaryDirectory()), "key")
+
+    def write(self, content, mode=0o600):
+        with open(self.file, "w", encoding="utf-8", newline="") as file:
+            file.write(content)
+        os.chmod(self.file, mode)
+
+    def assert_called(self, channel, key, enable):
+        self.assertEqual(self.node.calls,
+                         [("CRI.GetRadioChannelStatus", [{"RadioChannelID": channel}]),
+                          ("CRI.SetRadioLinkEncryption",
+                           [{"channelId": channel, "masterKey": key, "txFrequency_kHz": 18700000,
+                             "rxFrequency_kHz": 19710000, "enableRle": enable}])])
+
+    def test_takes_the_key_of_a_file_without_its_line_end(self):
+        for content, key in ((self.KEY, self.KEY), (self.KEY + "\n", self.KEY), (self.KEY + "\r\n", self.KEY),
+                             (" " + self.KEY + "\n\n", " " + self.KEY + "\n")):
+            self.node.calls.clear()
+            self.write(content)
+            self.assertEqual(self.run_with_node("encrypt", "2", "--key-file", self.file, "--yes"),
+                             (0, "Radio channel 2 is encrypted\n", ""))
+            self.assert_called(2, key, True)
+
+    def test_refuses_a_file_that_others_can_read(self):
+        self.write(self.KEY, 0o644)
+        status, out, err = self.run_with_node("encrypt", "--key-file", self.file, "--yes")
+        self.assertEqual((status, out), (2, ""))
+        self.assertIn("chmod 600", err)
+        self.assertEqual(self.node.calls, [])
+
+    def test_asks_for_the_key_twice_on_a_terminal_unseen(self):
+        status, written = run_on_terminal("encrypt", "1", "--key-prompt", "--yes", url=self.node.url,
+                                          wait_for="Key of the link:", typed=f"{self.KEY}\n",
+                                          then=[("The same key again:", f"{self.KEY}\n")])
+        self.assertEqual(status, 0, written)
+        self.assertNotIn(self.KEY, written)
+        self.assert_called(1, self.KEY, True)
+
+    def test_calls_nothing_when_the_two_keys_differ(self):
+        status, written = run_on_terminal("encrypt", "1", "--key-prompt", "--yes", url=self.node.url,
+                                          wait_for="Key of the link:", typed=f"{self.KEY}\n",
+                                          then=[("The same key again:", f"{self.KEY} \n")])
+        self.assertEqual((status, self.node.calls), (2, []))
+        self.assertIn("the two keys differ", written)
+        self.assertNotIn(self.KEY, written)
+
+    def test_cannot_ask_without_a_terminal(self):
+        status, _, err = self.run_with_node("encrypt", "--key-prompt", "--yes")
+        self.assertEqual(status, 2)
+        self.assertIn("there is no terminal to ask for the key on", err)
+
+    def test_is_switched_off_without_a_key(self):
+        self.assertEqual(self.run_with_node("encrypt", "--off", "--yes")[:2], (0, "Radio channel 1 is not encrypted\n"))
+        self.assert_called(1, "", False)
+
+    def test_wants_one_source_of_the_key_and_a_confirmation(self):
+        self.write(self.KEY)
+        for words in ([], ["--off", "--key-prompt"], ["--off", "--key-file", self.file], [self.KEY, "--off"]):
+            self.assertEqual(self.run_with_node("encrypt", "--yes", *words)[0], 2, words)
+        status, _, err = self.run_with_node("encrypt", "--key-file", self.file)
+        self.assertEqual(status, 2)
+        self.assertIn("CRI.SetRadioLinkEncryption can disturb traffic", err)
+        self.assertEqual(self.node.calls, [])
 
 
 class Wire(NodeTest):

@@ -85,17 +85,18 @@ void showRequest(Session& session, const PreparedCall& call)
     }
 }
 
-void confirm(Session& session, const PreparedCall& call)
+// What is typed stays in the shell's history.
+void warnOfSecrets(Session& session, const CallOptions& options)
 {
-    if (!call.description || !call.description->disturbsTraffic) {
-        return;
-    }
-    if (!session.console.canAsk()) {
-        throw usageFailure(call.method +
-                           " can disturb traffic and there is no terminal to ask on; give --yes");
-    }
-    if (!session.console.isConfirmed(call.method + " can disturb traffic. Go on?")) {
-        throw usageFailure(call.method + " was not called");
+    for (const std::string& assignment : options.assignments) {
+        const std::size_t equals = assignment.find('=');
+        const std::string name = assignment.substr(0, equals);
+        const bool isGiven = equals != std::string::npos && equals + 1 < assignment.size();
+        if (isGiven && isSecretName(name) && !session.settings.json) {
+            session.console.remark("zyrctl: the shell's history keeps " + printable(name) +
+                                   "; --data @FILE and --data @- leave no trace there" +
+                                   (options.command == kEncryptMethod ? ", nor does zyrctl encrypt" : ""));
+        }
     }
 }
 
@@ -114,8 +115,9 @@ void runCall(Session& session, const CallOptions& options)
         showRequest(session, call);
         return;
     }
-    if (!options.yes) {
-        confirm(session, call);
+    warnOfSecrets(session, options);
+    if (!options.yes && call.description && call.description->disturbsTraffic) {
+        session.confirm(call.method);
     }
     waitForLongPoll(session, call);
     const auto fields = call.description ? call.description->response : std::vector<FieldDescription>();

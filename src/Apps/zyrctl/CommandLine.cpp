@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "Secrets.h"
+
 #include <algorithm>
 #include <cstring>
 #include <string_view>
@@ -52,12 +54,16 @@ bool asksForJson(const std::vector<std::string>& words)
     return std::ranges::find(words, "--json") != words.end();
 }
 
-void hidePassword(int argc, char** argv)
+void hideSecrets(int argc, char** argv)
 {
     constexpr std::string_view joined = "--user=";
     for (int index = 1; index < argc; ++index) {
         const std::string_view word = argv[index];
         const bool isBehind = index > 1 && std::string_view(argv[index - 1]) == "--user";
+        char* const equals = std::strchr(argv[index], '=');
+        if (equals != nullptr && !word.starts_with('-') && isSecretName(word.substr(0, word.find('=')))) {
+            std::memset(equals + 1, '*', std::strlen(equals + 1));
+        }
         char* const colon = std::strchr(argv[index], ':');
         if (colon != nullptr && (isBehind || word.starts_with(joined))) {
             std::memset(colon + 1, '*', std::strlen(colon + 1));

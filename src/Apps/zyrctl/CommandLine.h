@@ -16,7 +16,8 @@ std::vector<std::string> withCallSubcommand(const CLI::App& app, std::vector<std
 /// Whether --json is among the words; asked when they could not be parsed.
 bool asksForJson(const std::vector<std::string>& words);
 
-/// Blots out a password behind --user, which others could read in the list of processes.
-void hidePassword(int argc, char** argv);
+/// Blots out a password behind --user, and what is assigned to a secret field: others could read it in the
+/// list of processes.
+void hideSecrets(int argc, char** argv);
 
 } // namespace zyr_ctl

@@ -15,27 +15,9 @@ namespace
 
 using std::filesystem::perms;
 
-std::string contentOf(const std::string& path)
-{
-    std::error_code error;
-    const auto status = std::filesystem::status(path, error);
-    if (error || !std::filesystem::is_regular_file(status)) {
-        throw usageFailure("the credentials file " + path + " is not a regular file that can be read");
-    }
-    if ((status.permissions() & (perms::group_all | perms::others_all)) != perms::none) {
-        throw usageFailure("the credentials file " + path +
-                           " can be read or written by others than its owner; run: chmod 600 " + path);
-    }
-    std::ifstream file(path);
-    if (!file) {
-        throw usageFailure("cannot read the credentials file " + path);
-    }
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 Login loginFrom(const std::string& path, const std::string& user)
 {
-    if (const auto login = loginIn(contentOf(path), user)) {
+    if (const auto login = loginIn(contentOfPrivateFile("credentials file", path), user)) {
         return *login;
     }
     throw usageFailure("the credentials file " + path + " has no line of the form " +
@@ -43,6 +25,24 @@ Login loginFrom(const std::string& path, const std::string& user)
 }
 
 } // namespace
+
+std::string contentOfPrivateFile(const std::string& what, const std::string& path)
+{
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (error || !std::filesystem::is_regular_file(status)) {
+        throw usageFailure("the " + what + " " + path + " is not a regular file that can be read");
+    }
+    if ((status.permissions() & (perms::group_all | perms::others_all)) != perms::none) {
+        throw usageFailure("the " + what + " " + path +
+                           " can be read or written by others than its owner; run: chmod 600 " + path);
+    }
+    std::ifstream file(path);
+    if (!file) {
+        throw usageFailure("cannot read the " + what + " " + path);
+    }
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 std::optional<Login> loginIn(const std::string& content, const std::string& user)
 {

@@ -9,6 +9,11 @@
 namespace zyr_ctl
 {
 
+/// The content of a file that nobody but its owner may read or write.
+/// @param what  what the file is, for the text of a failure: "credentials file"
+/// @throws Failure (usage) if it can't be read, isn't a regular file, or is open to others
+std::string contentOfPrivateFile(const std::string& what, const std::string& path);
+
 using Login = zyr_gateway::ClientOptions::Login;
 
 /// Takes a user's line out of a credentials file: lines of the form user:password, blank ones and those that

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include <string.h>
+
 namespace zyr_ctl
 {
 
@@ -63,6 +65,12 @@ Value withoutSecrets(const Value& value)
         }
     }
     return shown;
+}
+
+void wipe(std::string& text)
+{
+    explicit_bzero(text.data(), text.size());
+    text.clear();
 }
 
 std::string withoutSecretsInXml(std::string_view xml)

@@ -1,5 +1,6 @@
 #include "Session.h"
 
+#include "Failure.h"
 #include "Login.h"
 #include "Text.h"
 
@@ -38,6 +39,16 @@ Node& Session::node()
         m_node = std::make_unique<Node>(std::move(options), std::move(watch));
     }
     return *m_node;
+}
+
+void Session::confirm(const std::string& method)
+{
+    if (!console.canAsk()) {
+        throw usageFailure(method + " can disturb traffic and there is no terminal to ask on; give --yes");
+    }
+    if (!console.isConfirmed(method + " can disturb traffic. Go on?")) {
+        throw usageFailure(method + " was not called");
+    }
 }
 
 void Session::show(const Value& value, const std::vector<Line>& lines)

@@ -32,6 +32,10 @@ class Session
     /// Writes an answer as data: as JSON if that is asked for, else in lines.
     void show(const Value& value, const std::vector<Line>& lines);
 
+    /// Asks whether a command that can disturb traffic shall be called.
+    /// @throws Failure (usage) if it shall not, or if there is nobody to ask
+    void confirm(const std::string& method);
+
     Settings settings;
     Console console;
 

@@ -24,6 +24,12 @@ void addPictureCommands(CLI::App& app, Session& session);
 /// `taps [CHANNEL]`
 void addTapsCommand(CLI::App& app, Session& session);
 
+/// The command behind `encrypt`.
+inline constexpr const char* kEncryptMethod = "CRI.SetRadioLinkEncryption";
+
+/// `encrypt [CHANNEL]`
+void addEncryptCommand(CLI::App& app, Session& session);
+
 /// `completion bash`, and the hidden `__complete LINE` that its script calls
 void addCompletionCommand(CLI::App& app, Session& session);
 

@@ -30,7 +30,7 @@ void addSettings(CLI::App& app, Settings& settings)
 ExitStatus run(CLI::App& app, Session& session, int argc, char** argv)
 {
     const std::vector<std::string> words = withCallSubcommand(app, {argv + 1, argv + argc});
-    hidePassword(argc, argv);
+    hideSecrets(argc, argv);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
         session.console.flush();
@@ -60,6 +60,7 @@ int main(int argc, char** argv)
         addListCommand(app, session);
         addPictureCommands(app, session);
         addTapsCommand(app, session);
+        addEncryptCommand(app, session);
         addCompletionCommand(app, session);
         app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.");
         return static_cast<int>(run(app, session, argc, argv));
