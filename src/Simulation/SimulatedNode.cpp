@@ -156,11 +156,10 @@ void SimulatedNode::addDrivers(unsigned number)
     };
     const std::string start = "channel." + std::to_string(number) + ".xpic.";
     auto& drivers = zyr_platform::Drivers::get();
-    m_drivers.push_back(drivers.add(start + "connected", {.read = [operation](std::uint32_t& value) {
-                                        return operation(kCableDriver, 0, [&](const XpicState& xpic) {
-                                            value = xpic.isCableConnected;
-                                        });
-                                    }}));
+    const auto readCable = [operation](std::uint32_t& value) {
+        return operation(kCableDriver, 0, [&](const XpicState& xpic) { value = xpic.isCableConnected; });
+    };
+    m_drivers.push_back(drivers.add(start + "connected", {.read = readCable, .write = {}}));
     m_drivers.push_back(drivers.add(start + "tx.enable",
                                     {.read =
                                          [operation](std::uint32_t& value) {

@@ -41,28 +41,28 @@ constexpr std::array kPlaces{
     Place{Element::MethodResponse, "params", Element::Params, 0},
     Place{Element::MethodResponse, "fault", Element::Fault, 0},
     Place{Element::Params, "param", Element::Param, kAnywhere},
-    Place{Element::Param, "value", Element::Value, 0},
-    Place{Element::Fault, "value", Element::Value, 0},
-    Place{Element::Data, "value", Element::Value, kAnywhere},
+    Place{Element::Param, "value", Element::AnyValue, 0},
+    Place{Element::Fault, "value", Element::AnyValue, 0},
+    Place{Element::Data, "value", Element::AnyValue, kAnywhere},
     Place{Element::Array, "data", Element::Data, 0},
     Place{Element::Structure, "member", Element::Member, kAnywhere},
     Place{Element::Member, "name", Element::Name, 0},
-    Place{Element::Member, "value", Element::Value, 1},
-    Place{Element::Value, "int", Element::Integer, 0},
-    Place{Element::Value, "i4", Element::Integer, 0},
-    Place{Element::Value, "i8", Element::Integer, 0},
-    Place{Element::Value, "i2", Element::Integer, 0},
-    Place{Element::Value, "i1", Element::Integer, 0},
-    Place{Element::Value, "ex:i8", Element::Integer, 0},
-    Place{Element::Value, "boolean", Element::Boolean, 0},
-    Place{Element::Value, "string", Element::String, 0},
-    Place{Element::Value, "double", Element::Real, 0},
-    Place{Element::Value, "dateTime.iso8601", Element::Date, 0},
-    Place{Element::Value, "base64", Element::Base64, 0},
-    Place{Element::Value, "nil", Element::Nil, 0},
-    Place{Element::Value, "ex:nil", Element::Nil, 0},
-    Place{Element::Value, "array", Element::Array, 0},
-    Place{Element::Value, "struct", Element::Structure, 0},
+    Place{Element::Member, "value", Element::AnyValue, 1},
+    Place{Element::AnyValue, "int", Element::Integer, 0},
+    Place{Element::AnyValue, "i4", Element::Integer, 0},
+    Place{Element::AnyValue, "i8", Element::Integer, 0},
+    Place{Element::AnyValue, "i2", Element::Integer, 0},
+    Place{Element::AnyValue, "i1", Element::Integer, 0},
+    Place{Element::AnyValue, "ex:i8", Element::Integer, 0},
+    Place{Element::AnyValue, "boolean", Element::Boolean, 0},
+    Place{Element::AnyValue, "string", Element::String, 0},
+    Place{Element::AnyValue, "double", Element::Real, 0},
+    Place{Element::AnyValue, "dateTime.iso8601", Element::Date, 0},
+    Place{Element::AnyValue, "base64", Element::Base64, 0},
+    Place{Element::AnyValue, "nil", Element::Nil, 0},
+    Place{Element::AnyValue, "ex:nil", Element::Nil, 0},
+    Place{Element::AnyValue, "array", Element::Array, 0},
+    Place{Element::AnyValue, "struct", Element::Structure, 0},
 };
 
 /// What an element is called in messages, and what it must hold at its end.
@@ -241,7 +241,7 @@ void DocumentReader::started(const char* tag)
         fail(Kind::Malformed, "<" + std::string(place->tag) + "> stands twice or in the wrong place in <" +
                                   std::string(traitOf(parent.element).tag) + ">");
     }
-    if (parent.element == Element::Value && !isBlank(parent.text)) {
+    if (parent.element == Element::AnyValue && !isBlank(parent.text)) {
         fail(Kind::Malformed, "<value> holds both text and <" + std::string(place->tag) + ">");
     }
     ++parent.children;
@@ -250,7 +250,7 @@ void DocumentReader::started(const char* tag)
 
 void DocumentReader::open(Element element)
 {
-    if (element == Element::Value) {
+    if (element == Element::AnyValue) {
         if (++m_depth > kMaxValueDepth) {
             fail(Kind::TooDeep,
                  "values are nested deeper than " + std::to_string(kMaxValueDepth) + " levels");
@@ -271,7 +271,7 @@ void DocumentReader::open(Element element)
 void DocumentReader::characters(std::string_view text)
 {
     Frame& frame = m_open.back();
-    const bool typedValue = frame.element == Element::Value && frame.children > 0;
+    const bool typedValue = frame.element == Element::AnyValue && frame.children > 0;
     if (traitOf(frame.element).takesText && !typedValue) {
         frame.text += text;
     } else if (!isBlank(text)) {
@@ -304,7 +304,7 @@ void DocumentReader::ended()
     case Element::Fault:
         endedFault(frame);
         break;
-    case Element::Value:
+    case Element::AnyValue:
         endedValue(frame, parent);
         break;
     case Element::Data:

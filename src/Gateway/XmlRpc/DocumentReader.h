@@ -23,7 +23,7 @@ namespace zyr_gateway
 class DocumentReader
 {
   public:
-    /// The elements of the grammar. `document` is what holds the root.
+    /// The elements of the grammar. `Document` is what holds the root.
     enum class Element : unsigned char
     {
         Document,
@@ -33,7 +33,7 @@ class DocumentReader
         Params,
         Param,
         Fault,
-        Value,
+        AnyValue,
         Array,
         Data,
         Structure,
