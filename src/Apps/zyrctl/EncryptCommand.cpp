@@ -74,7 +74,7 @@ void runEncrypt(Session& session, const EncryptOptions& options)
     const Value answer = session.node().call(kEncryptMethod, params);
     const std::string channel = std::to_string(options.channel);
     session.show(answer,
-                 {{"Radio channel " + channel + (options.off ? " is not encrypted" : " is encrypted")}});
+                 {Line{"Radio channel " + channel + (options.off ? " is not encrypted" : " is encrypted")}});
 }
 
 } // namespace
