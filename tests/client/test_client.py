@@ -408,6 +408,8 @@ class Encrypt(NodeTest):
 
     def setUp(self):
         super().setUp()
+        for name in ("CRI.GetRadioChannelStatus", "CRI.SetRadioLinkEncryption"):
+            self.node.add_command(name)
         self.node.answers["CRI.GetRadioChannelStatus"] = [{"tiResult": 0, "TxFrequency": 18700000,
                                                            "RxFrequency": 19710000}]
         self.node.answers["CRI.SetRadioLinkEncryption"] = [{"tiResult": 0}]

@@ -108,12 +108,14 @@ TEST_F(TiGetRxXcStatusLevelTest, DispatcherAnswersWithTheGateOpenOnly)
     enrol<TiGetRxXcStatusLevelImpl>();
     setTraceLevel("ZYR.COMM", 5);
     tell(tiGetRxXcStatusLevel({2}));
-    openTestGate();
-    tell(tiGetRxXcStatusLevel({2}));
     EXPECT_EQ(transcript.text(), R"(
 1 ZYR.ZyrTopApi: Error: Command TI.GetRxXcStatusLevel not available
 result 0x8003 4 "Error: Command not available"
 prints tiResult: eTI_E_OPERATION_NOT_ALLOWED, faultCode: 4, faultString: Error: Command not available
+)");
+    openTestGate();
+    tell(tiGetRxXcStatusLevel({2}));
+    EXPECT_EQ(transcript.text(), R"(
 5 ZYR.COMM: TI.GetRxXcStatusLevel Request: RadioChannelId: 2
 IDspStatusApi_2.getRxXcStatusLevel()
 5 ZYR.COMM: TI.GetRxXcStatusLevel Response: RslCh0: 32767, RslCh1: 12\n----------------------------------------------------\n
