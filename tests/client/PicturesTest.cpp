@@ -209,4 +209,39 @@ Power         from -50, up to
 )");
 }
 
+TEST(CombinerPictureTest, DrawsABarForTheLevelOfEachInput)
+{
+    const Value answer{{"sdcOperStatus", "enabled"},
+                       {"sdcDadeStatus", "calibrated"},
+                       {"actualPath", "auto"},
+                       {"hwErrorSdcMain", 48},
+                       {"hwErrorSdcDiversity", 0},
+                       {"sdcInputPowerMain", -790},
+                       {"sdcInputPowerDiversity", -850},
+                       {"sdcGain", 12},
+                       {"sdcDadeDelay", 7}};
+    EXPECT_EQ(joined(zyr_ctl::combinerPicture(2, answer)), R"(
+Radio channel 2, combiner enabled
+Calibration   calibrated, delay 7
+Path in use   auto
+Gain          12
+path       level  error
+main        -790      0  ##########
+diversity   -850      0  #######
+)");
+}
+
+TEST(CombinerPictureTest, ShowsWhatIsMissingAndNoBarForIt)
+{
+    EXPECT_EQ(joined(zyr_ctl::combinerPicture(1, {{"sdcInputPowerMain", -1200}, {"hwErrorSdcMain", 69}})), R"(
+Radio channel 1, combiner -
+Calibration   -, delay -
+Path in use   -
+Gain          -
+path       level  error
+main       -1200  E
+diversity      -  -
+)");
+}
+
 } // namespace

@@ -1,4 +1,5 @@
-// status, frames, capability, loops and acm: commands of the node whose answers people would rather look at.
+// status, frames, capability, loops, acm and sdc: commands of the node whose answers people would rather
+// look at.
 
 #include "Failure.h"
 #include "Pictures.h"
@@ -19,6 +20,7 @@ constexpr const char* kLoops = "CI.ManageLoops";
 constexpr const char* kAcmMode = "CRI.GetAcmMode";
 constexpr const char* kThresholds = "TI.GetAcmThresholds";
 constexpr const char* kCapability = "CRI.GetRadioChannelCapability";
+constexpr const char* kCombiner = "CRI.GetSdcStatus";
 
 // Of the received level, as far as the line goes.
 constexpr std::size_t kLevels = 60;
@@ -153,6 +155,12 @@ void runAcm(Session& session, const ChannelOptions& options)
                  acmPicture(options.channel, answers));
 }
 
+void runCombiner(Session& session, const ChannelOptions& options)
+{
+    const Value answer = session.node().call(kCombiner, {Value{{"channelId", options.channel}}});
+    session.show(answer, combinerPicture(options.channel, answer));
+}
+
 } // namespace
 
 void addPictureCommands(CLI::App& app, Session& session)
@@ -181,6 +189,10 @@ void addPictureCommands(CLI::App& app, Session& session)
         app.add_subcommand("acm", "Mode, modulations and thresholds of a channel's adaptive modulation");
     addChannel(*acm, *options);
     acm->callback([&session, options] { runAcm(session, *options); });
+
+    CLI::App* const combiner = app.add_subcommand("sdc", "The space diversity combiner of a radio channel");
+    addChannel(*combiner, *options);
+    combiner->callback([&session, options] { runCombiner(session, *options); });
 }
 
 } // namespace zyr_ctl

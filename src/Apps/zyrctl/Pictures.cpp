@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace zyr_ctl
 {
@@ -190,6 +191,26 @@ void addLadder(std::vector<Line>& lines, const AcmAnswers& answers)
     }
 }
 
+// The character that a number stands for, the number itself if that can't be shown.
+std::string character(const Value& record, const char* name)
+{
+    const auto found = record.find(name);
+    const bool isNumber = found != record.end() && found->is_number_integer();
+    const std::int64_t code = isNumber ? found->get<std::int64_t>() : 0;
+    return code > ' ' && code < '\x7f' ? std::string(1, static_cast<char>(code)) : member(record, name);
+}
+
+// A mark for every 2 dB above the level of a receiver that hears nothing.
+std::string levelBar(const Value& record, const char* name)
+{
+    constexpr std::int64_t kNoLevel = -990;
+    constexpr std::int64_t kUnitsPerMark = 20;
+    const auto found = record.find(name);
+    const bool isNumber = found != record.end() && found->is_number_integer();
+    const std::int64_t above = isNumber ? found->get<std::int64_t>() - kNoLevel : 0;
+    return std::string(static_cast<std::size_t>(std::clamp<std::int64_t>(above / kUnitsPerMark, 0, 60)), '#');
+}
+
 } // namespace
 
 std::string sparkline(std::span<const std::int64_t> numbers)
@@ -290,6 +311,27 @@ std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers)
     } else {
         lines.push_back(labelled("Thresholds", "SNIR below which the receiver leaves the modulation"));
         addLadder(lines, answers);
+    }
+    return lines;
+}
+
+std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer)
+{
+    std::vector<Line> lines{
+        {"Radio channel " + std::to_string(channel) + ", combiner " + member(answer, "sdcOperStatus")},
+        labelled("Calibration",
+                 member(answer, "sdcDadeStatus") + ", delay " + member(answer, "sdcDadeDelay")),
+        labelled("Path in use", member(answer, "actualPath")),
+        labelled("Gain", member(answer, "sdcGain")),
+    };
+    const std::vector<std::vector<std::string>> rows{
+        {"main", member(answer, "sdcInputPowerMain"), character(answer, "hwErrorSdcMain"),
+         levelBar(answer, "sdcInputPowerMain")},
+        {"diversity", member(answer, "sdcInputPowerDiversity"), character(answer, "hwErrorSdcDiversity"),
+         levelBar(answer, "sdcInputPowerDiversity")},
+    };
+    for (std::string& text : renderTable({"path", "level", "error", ""}, rows)) {
+        lines.push_back({std::move(text)});
     }
     return lines;
 }

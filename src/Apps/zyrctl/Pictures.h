@@ -47,4 +47,7 @@ struct AcmAnswers
 /// present SNIR between the rungs.
 std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers);
 
+/// The space diversity combiner of a channel, with the levels of its two inputs as bars.
+std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer);
+
 } // namespace zyr_ctl
