@@ -266,6 +266,11 @@ void SimulatedNode::setPathLoss_dBTenths(std::int32_t pathLoss)
     set(&SimulatedNodeOptions::pathLoss_dBTenths, pathLoss);
 }
 
+void SimulatedNode::setDiversityPathLoss_dBTenths(std::int32_t pathLoss)
+{
+    set(&SimulatedNodeOptions::diversityPathLoss_dBTenths, pathLoss);
+}
+
 void SimulatedNode::setFarEndTransmits(bool transmits)
 {
     set(&SimulatedNodeOptions::farEndTransmits, transmits);

@@ -86,6 +86,10 @@ class SimulatedNode
     /// Sets the path loss between the ends, in tenths of a dB.
     void setPathLoss_dBTenths(std::int32_t pathLoss);
 
+    /// Sets the path loss to the receivers' second antennas, in tenths of a dB. It shows where a combiner
+    /// runs.
+    void setDiversityPathLoss_dBTenths(std::int32_t pathLoss);
+
     /// Switches the far end's transmitters on or off.
     void setFarEndTransmits(bool transmits);
 

@@ -184,6 +184,10 @@ TEST_F(ControllersTest, combinerCalibratesWhenItIsStartedSo)
     EXPECT_FALSE(sdc().isStarted());
     EXPECT_EQ(sdc().startDadeCalibration(), 0x8000U) << "not started";
     EXPECT_EQ(sdc().start(true), 0U);
+    time().advance(399ms);
+    EXPECT_FALSE(sdc().isStarted());
+    EXPECT_EQ(sdc().startDadeCalibration(), 0x8000U) << "still starting";
+    time().advance(1ms);
     EXPECT_TRUE(sdc().isStarted());
     EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::CalibrationOngoing);
     EXPECT_EQ(sdc().resetDadeCalibration(), 0x1003U);
@@ -200,23 +204,50 @@ TEST_F(ControllersTest, combinerCalibratesWhenItIsStartedSo)
 TEST_F(ControllersTest, combinerCalibrationStopsAWhileAfterItIsAborted)
 {
     EXPECT_EQ(sdc().start(true), 0U);
+    time().advance(400ms);
     EXPECT_EQ(sdc().abortDadeCalibration(), 0U);
     EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::CalibrationStopping);
+    EXPECT_EQ(sdc().resetDadeCalibration(), 0x1003U);
     time().advance(200ms);
     EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::CalibrationNotStarted);
     EXPECT_EQ(sdc().abortDadeCalibration(), 0U);
     EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::CalibrationNotStarted);
     EXPECT_EQ(sdc().stop(), 0U);
+    time().advance(399ms);
+    EXPECT_TRUE(sdc().isStarted());
+    time().advance(1ms);
     EXPECT_FALSE(sdc().isStarted());
+}
+
+TEST_F(ControllersTest, combinerKeepsAnOlderCalibrationWhenANewOneIsAborted)
+{
+    EXPECT_EQ(sdc().start(true), 0U);
+    time().advance(2400ms);
+    EXPECT_EQ(sdc().setDadeParams(30, 10), 0U);
+    EXPECT_EQ(sdc().startDadeCalibration(), 0U);
+    EXPECT_EQ(sdc().abortDadeCalibration(), 0U);
+    time().advance(200ms);
+    EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::Calibrated);
+    EXPECT_EQ(sdc().getDadeDelay(), 20);
+    EXPECT_EQ(sdc().stop(), 0U);
+    time().advance(400ms);
+    EXPECT_EQ(sdc().getDadeStatus(), BasebandSdcDadeStatus::CalibrationNotStarted);
+    EXPECT_EQ(sdc().getDadeDelay(), 0);
 }
 
 TEST_F(ControllersTest, combinerMeasuresThePathsThatAreOn)
 {
-    startNode({.pathLoss_dBTenths = 905, .fading_dBTenths = 0});
+    startNode({.pathLoss_dBTenths = 905, .diversityPathLoss_dBTenths = 920, .fading_dBTenths = 0});
     configure(1);
+    EXPECT_EQ(sdc().start(false), 0U);
+    EXPECT_EQ(sdc().getStatus().gain, 0) << "still starting";
+    time().advance(400ms);
     EXPECT_EQ(sdc().getStatus().snirMain, -200);
     EXPECT_EQ(sdc().getStatus().snirDiversity, -185);
-    EXPECT_EQ(sdc().getStatus().gain, 25);
+    EXPECT_EQ(sdc().getStatus().gain, 6) << "not calibrated";
+    EXPECT_EQ(sdc().startDadeCalibration(), 0U);
+    time().advance(2s);
+    EXPECT_EQ(sdc().getStatus().gain, 18);
     EXPECT_EQ(sdc().setChannels(true, false), 0U);
     EXPECT_EQ(sdc().getStatus().snirMain, -200);
     EXPECT_EQ(sdc().getStatus().snirDiversity, 0);

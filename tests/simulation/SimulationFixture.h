@@ -76,17 +76,18 @@ class SimulationFixture : public testing::Test
         return require<IHardwareConfigurationHandler>("IHardwareConfigurationHandler");
     }
 
-    /// Configures a channel of a node with radio type 1 as the near-end command does, the transmitter left
-    /// aside.
+    /// Configures a channel as the near-end command does, the transmitter left aside. The frequencies are
+    /// those of a node with radio type 1 if no others are given.
     static void configure(unsigned channel, unsigned radioFrameId = 103,
                           ModulationAndCoding min = ModulationAndCoding::QAM_4_STRONG,
-                          ModulationAndCoding max = ModulationAndCoding::QAM_4096_LIGHT)
+                          ModulationAndCoding max = ModulationAndCoding::QAM_4096_LIGHT,
+                          unsigned txFrequency_kHz = 14'560'000, unsigned rxFrequency_kHz = 14'980'000)
     {
         EXPECT_EQ(acm(channel).muteAcm(), 0U);
         EXPECT_EQ(acm(channel).setMinMaxModulationAndCode(min, max), 0U);
         EXPECT_EQ(hardware().setRadioFrameId(zyr_top_api::RadioChannel(channel), radioFrameId, 1), 0U);
-        EXPECT_EQ(frequencies(channel).setTxFrequency(14'560'000, 1), 0U);
-        EXPECT_EQ(frequencies(channel).setRxFrequency(14'980'000, 1), 0U);
+        EXPECT_EQ(frequencies(channel).setTxFrequency(txFrequency_kHz, 1), 0U);
+        EXPECT_EQ(frequencies(channel).setRxFrequency(rxFrequency_kHz, 1), 0U);
         EXPECT_EQ(acm(channel).enableAcm(true), 0U);
         EXPECT_EQ(CModuleManager_RunGroup(5, channel), 0U);
     }

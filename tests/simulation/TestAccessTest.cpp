@@ -277,15 +277,32 @@ TEST_F(TestAccessTest, combinerTakesItsTime)
     time().advance(2s);
     EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Active);
     EXPECT_EQ(combiner().getSdcDadeDelay(), 12);
-    EXPECT_EQ(combiner().setDadeCalibration(false), 0U);
-    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Inactive);
     EXPECT_EQ(combiner().setSdcEnable(false), 0U);
     EXPECT_EQ(combiner().getSdcOperStatus(), SdcStatus::Inactive);
 }
 
-TEST_F(TestAccessTest, combinerGainsOnTheAutomaticPathOnly)
+TEST_F(TestAccessTest, combinerKeepsAnOlderCalibrationWhenANewOneIsAborted)
 {
     startNode({.radioType = 3});
+    EXPECT_EQ(combiner().setDadeCalibration(true), 0U);
+    EXPECT_EQ(combiner().setDadeCalibration(false), 0U);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Inactive);
+    time().advance(2s);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Inactive);
+    EXPECT_EQ(combiner().setDadeCalibration(true), 0U);
+    time().advance(2s);
+    EXPECT_EQ(combiner().setDadeCalibration(true), 0U);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::InProgress);
+    EXPECT_EQ(combiner().setDadeCalibration(false), 0U);
+    EXPECT_EQ(combiner().getSdcDadeStatus(), SdcStatus::Active);
+    EXPECT_EQ(combiner().getSdcDadeDelay(), 12);
+}
+
+TEST_F(TestAccessTest, combinerGainsOnTheAutomaticPathOnly)
+{
+    startNode({.radioType = 3, .fading_dBTenths = 0});
+    configure(1, 103, ModulationAndCoding::QAM_4_STRONG, ModulationAndCoding::QAM_4096_LIGHT, 5'930'000,
+              6'182'000);
     const auto gain = [] {
         char main = 'x';
         char diversity = 'x';
@@ -303,7 +320,10 @@ TEST_F(TestAccessTest, combinerGainsOnTheAutomaticPathOnly)
     EXPECT_EQ(gain(), 0);
     EXPECT_EQ(combiner().setSdcPath(SdcPath::Auto), 0U);
     EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Auto);
-    EXPECT_EQ(gain(), 25);
+    EXPECT_EQ(gain(), 6) << "not calibrated";
+    EXPECT_EQ(combiner().setDadeCalibration(true), 0U);
+    time().advance(2s);
+    EXPECT_EQ(gain(), 18);
     EXPECT_EQ(combiner().setSdcPath(SdcPath::Invalid), 0x8000U);
     EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Auto);
     EXPECT_EQ(combiner().setRlConfiguration(zyr_top_api::Modulation::QAM_256, 28, true), 0U);

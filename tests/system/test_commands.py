@@ -84,8 +84,8 @@ class SettersTest(NodeTest):
                          "1 to 2")
 
     def test_every_setter_takes_its_value(self):
-        values = {"SetCarrierAggregation": True, "SetConfigurationBypassed": False, "SetDuplexType": 1,
-                  "SetFarEndTransmits": False, "SetLongHaul": True, "SetPathLoss": 700, "SetTwoTransmitters": True}
+        values = {"SetCarrierAggregation": True, "SetConfigurationBypassed": False, "SetDiversityPathLoss": 720,
+                  "SetDuplexType": 1,                  "SetFarEndTransmits": False, "SetLongHaul": True, "SetPathLoss": 700, "SetTwoTransmitters": True}
         for name, value in values.items():
             with self.subTest(name):
                 self.assertEqual(getattr(self.proxy.SIM, name)({"value": value}), {})

@@ -93,7 +93,7 @@ struct FarEndKey
 template <class T>
 constexpr FieldNotes kSettingNotes{};
 template <>
-constexpr FieldNotes kSettingNotes<std::int32_t>{.unit = "0.1 dB"}; // the path loss
+constexpr FieldNotes kSettingNotes<std::int32_t>{.unit = "0.1 dB"}; // the path losses
 template <>
 constexpr FieldNotes kSettingNotes<unsigned>{
     .texts = zyr_registration::oneOf<"variable", "fixed">}; // the duplex type
@@ -267,6 +267,8 @@ std::vector<SimMethod> setters()
             &SimulatedNode::setCarrierAggregation),
         row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
             &SimulatedNode::setConfigurationBypassed),
+        row("SIM.SetDiversityPathLoss", "Sets the path loss to the second antennas of the receivers.",
+            &SimulatedNode::setDiversityPathLoss_dBTenths),
         row("SIM.SetDuplexType",
             "Sets the duplex type: a variable or a fixed distance between the two directions.",
             &SimulatedNode::setDuplexType),

@@ -1,7 +1,6 @@
 #include "SimulatedBasebandSdcController.h"
 
 #include "DualStream.h"
-#include "Hop.h"
 #include "Processes.h"
 
 namespace zyr_simulation
@@ -10,29 +9,36 @@ namespace zyr_simulation
 using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::BasebandSdcStatusData;
 using zyr_top_api::ETIResult;
+using zyr_top_api::SdcStatus;
 
-void SimulatedBasebandSdcController::beginCalibration() const
+namespace
 {
-    sdc().dade = BasebandSdcDadeStatus::CalibrationOngoing;
-    sdc().dadeEndsAt = node().settleAfter(kDadeCalibrationTime);
+
+/// What the second antenna's isolation lies below the first one's.
+constexpr std::int32_t kDiversityXpiLoss_dBTenths = 15;
+
+} // namespace
+
+void SimulatedBasebandSdcController::switchTo(bool isStarted, bool calibrates) const
+{
+    sdc().isWanted = isStarted;
+    sdc().calibratesWhenStarted = calibrates;
+    sdc().switchesAt = node().settleAfter(kBasebandSdcSwitchTime);
 }
 
 ETIResult SimulatedBasebandSdcController::start(bool isCalibrationRequired)
 {
     return perform<ETIResult>("start", [&] {
-        sdc().isStarted = true;
-        if (isCalibrationRequired) {
-            beginCalibration();
+        if (sdc().isStarted && isCalibrationRequired) {
+            beginCalibration(node(), sdc());
         }
+        switchTo(true, isCalibrationRequired);
     });
 }
 
 ETIResult SimulatedBasebandSdcController::stop()
 {
-    return perform<ETIResult>("stop", [&] {
-        sdc().isStarted = false;
-        sdc().dade = BasebandSdcDadeStatus::CalibrationNotStarted;
-    });
+    return perform<ETIResult>("stop", [&] { switchTo(false, false); });
 }
 
 ETIResult SimulatedBasebandSdcController::startDadeCalibration()
@@ -41,7 +47,7 @@ ETIResult SimulatedBasebandSdcController::startDadeCalibration()
         if (!sdc().isStarted) {
             return zyr_top_api::eTI_E_FAILED;
         }
-        beginCalibration();
+        beginCalibration(node(), sdc());
         return zyr_top_api::eTI_S_OK;
     });
 }
@@ -59,9 +65,11 @@ ETIResult SimulatedBasebandSdcController::abortDadeCalibration()
 ETIResult SimulatedBasebandSdcController::resetDadeCalibration()
 {
     return perform<ETIResult>("resetDadeCalibration", [&] {
-        if (sdc().dade == BasebandSdcDadeStatus::CalibrationOngoing) {
+        if (sdc().dade == BasebandSdcDadeStatus::CalibrationOngoing ||
+            sdc().dade == BasebandSdcDadeStatus::CalibrationStopping) {
             return zyr_top_api::eTI_W_ALREADY_STARTED;
         }
+        sdc().isCalibrated = false;
         sdc().dade = BasebandSdcDadeStatus::CalibrationNotStarted;
         return zyr_top_api::eTI_S_OK;
     });
@@ -91,18 +99,19 @@ bool SimulatedBasebandSdcController::isStarted()
 BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
 {
     return locked([&] {
-        const auto snir = channel().receiver.snir;
+        const auto& paths = channel().receiver.diversity;
         const auto xpi = crossPolarIsolation(node(), channel());
         BasebandSdcStatusData data;
         if (sdc().mainEnabled) {
-            data.snirMain = -snir;
+            data.snirMain = -paths.mainSnir;
             data.xpiMain = xpi;
         }
         if (sdc().diversityEnabled) {
-            data.snirDiversity = -(snir - kDiversityLoss_dBTenths);
-            data.xpiDiversity = xpi - kDiversityLoss_dBTenths;
+            data.snirDiversity = -paths.snir;
+            data.xpiDiversity = xpi - kDiversityXpiLoss_dBTenths;
         }
-        data.gain = sdc().mainEnabled && sdc().diversityEnabled ? kCombiningGain_dBTenths : 0;
+        const bool combines = sdc().isStarted && channel().sdc.operation != SdcStatus::Active;
+        data.gain = combines ? paths.gain : 0;
         return data;
     });
 }
@@ -114,9 +123,7 @@ BasebandSdcDadeStatus SimulatedBasebandSdcController::getDadeStatus()
 
 std::int32_t SimulatedBasebandSdcController::getDadeDelay()
 {
-    return locked([&] {
-        return sdc().dade == BasebandSdcDadeStatus::Calibrated ? sdc().mainData - sdc().diversityData : 0;
-    });
+    return locked([&] { return sdc().isCalibrated ? sdc().mainData - sdc().diversityData : 0; });
 }
 
 std::uint32_t SimulatedBasebandSdcController::getCalibrationData()

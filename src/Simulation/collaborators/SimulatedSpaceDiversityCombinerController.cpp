@@ -1,6 +1,5 @@
 #include "SimulatedSpaceDiversityCombinerController.h"
 
-#include "Hop.h"
 #include "Processes.h"
 #include "RadioType.h"
 
@@ -45,7 +44,8 @@ SdcStatus SimulatedSpaceDiversityCombinerController::getSdcOperStatus()
 ETIResult SimulatedSpaceDiversityCombinerController::setDadeCalibration(bool start)
 {
     return change("setDadeCalibration", [&] {
-        sdc().dade = start ? SdcStatus::InProgress : SdcStatus::Inactive;
+        const auto standing = sdc().isCalibrated ? SdcStatus::Active : SdcStatus::Inactive;
+        sdc().dade = start ? SdcStatus::InProgress : standing;
         sdc().dadeEndsAt = node().settleAfter(kDadeCalibrationTime);
         return eTI_S_OK;
     });
@@ -69,7 +69,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setSdcPath(SdcPath path)
 
 SdcPath SimulatedSpaceDiversityCombinerController::getSdcActualPath()
 {
-    return locked([&] { return isThere() ? sdc().path : SdcPath::Invalid; });
+    return locked([&] { return isThere() ? channel().receiver.diversity.path : SdcPath::Invalid; });
 }
 
 void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwErrorSdcMain,
@@ -81,10 +81,9 @@ void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwError
     locked([&] {
         hwErrorSdcMain = kNoHardwareError;
         hwErrorSdcDiversity = kNoHardwareError;
-        sdcInputPowerMain = channel().receiver.level;
-        sdcInputPowerDiversity = channel().receiver.level - kDiversityLoss_dBTenths;
-        const bool combines = sdc().operation == SdcStatus::Active && sdc().path == SdcPath::Auto;
-        sdcGain = combines ? kCombiningGain_dBTenths : 0;
+        sdcInputPowerMain = channel().receiver.diversity.mainLevel;
+        sdcInputPowerDiversity = channel().receiver.diversity.level;
+        sdcGain = sdc().operation == SdcStatus::Active ? channel().receiver.diversity.gain : 0;
     });
 }
 
@@ -102,7 +101,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setRlConfiguration(zyr_top_
 
 std::int32_t SimulatedSpaceDiversityCombinerController::getSdcDadeDelay()
 {
-    return locked([&] { return sdc().dade == SdcStatus::Active ? kCalibratedDelay : 0; });
+    return locked([&] { return sdc().isCalibrated ? kCalibratedDelay : 0; });
 }
 
 } // namespace zyr_simulation

@@ -24,11 +24,16 @@ class SimulatedSpaceDiversityCombinerController final
 
     zyr_top_api::ETIResult setSdcEnable(bool enable) override;
     zyr_top_api::SdcStatus getSdcOperStatus() override;
+
+    /// Starts a calibration, or aborts it: an older one holds then.
     zyr_top_api::ETIResult setDadeCalibration(bool start) override;
     zyr_top_api::SdcStatus getSdcDadeStatus() override;
 
     /// Refuses a value that is no path.
     zyr_top_api::ETIResult setSdcPath(zyr_top_api::SdcPath path) override;
+
+    /// The path in use: of the automatic ones `Auto` as long as the weaker path adds to the level, else the
+    /// better path.
     zyr_top_api::SdcPath getSdcActualPath() override;
 
     /// No hardware errors ('0'); levels in tenths of a dBm.

@@ -150,7 +150,8 @@ struct SdcState
     std::chrono::nanoseconds operationEndsAt{0};
     zyr_top_api::SdcStatus dade = zyr_top_api::SdcStatus::Inactive;
     std::chrono::nanoseconds dadeEndsAt{0};
-    zyr_top_api::SdcPath path = zyr_top_api::SdcPath::Main;
+    bool isCalibrated = false; ///< By the last calibration that ended; an aborted one changes nothing.
+    zyr_top_api::SdcPath path = zyr_top_api::SdcPath::Main; ///< As commanded.
     zyr_top_api::Modulation maxModulation = zyr_top_api::Modulation::UNDEFINED;
     std::int32_t spacingCode = 0;
     bool xpicEnabled = false;
@@ -195,11 +196,23 @@ struct ReceivedBlocks
     double erroredSinceLock = 0;
 };
 
+/// The two antennas of a receiver. Levels are those of each path, in tenths of a dBm.
+struct DiversityState
+{
+    std::int32_t mainLevel = kNoLevel_dBmTenths;
+    std::int32_t level = kNoLevel_dBmTenths; ///< Of the diversity path.
+    std::int32_t mainSnir = 0;
+    std::int32_t snir = 0;                                  ///< Of the diversity path.
+    zyr_top_api::SdcPath path = zyr_top_api::SdcPath::Main; ///< In use; `Auto` as long as both serve.
+    std::int32_t gain = 0; ///< What combining puts the level above the better path, in tenths of a dB.
+};
+
 /// What the hop gives the receiver, as it was worked out last. Levels in tenths of a dB or of a dBm.
 struct ReceiverState
 {
     std::chrono::nanoseconds settledAt{0};
     bool isLinkUp = false;
+    DiversityState diversity;
     std::int32_t level = kNoLevel_dBmTenths;
     std::optional<std::int32_t> lowestLevel = {}; ///< Since its last reset, while the radio served.
     std::int32_t snir = 0;
@@ -250,12 +263,16 @@ struct MimoState
 struct BasebandSdcState
 {
     bool isStarted = false;
+    bool isWanted = false; ///< What the last order makes of `isStarted`, at `switchesAt`.
+    bool calibratesWhenStarted = false;
+    std::chrono::nanoseconds switchesAt{0};
     bool mainEnabled = true;
     bool diversityEnabled = true;
     std::uint16_t mainData = 0;
     std::uint16_t diversityData = 0;
     zyr_top_api::BasebandSdcDadeStatus dade = zyr_top_api::BasebandSdcDadeStatus::CalibrationNotStarted;
     std::chrono::nanoseconds dadeEndsAt{0}; ///< When a calibration, or its stopping, ends.
+    bool isCalibrated = false; ///< By the last calibration that ended; an aborted one changes nothing.
 };
 
 /// The pulse per second.

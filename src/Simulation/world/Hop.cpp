@@ -1,5 +1,6 @@
 #include "Hop.h"
 
+#include "Diversity.h"
 #include "FrameDatabase.h"
 #include "ModulationLadder.h"
 #include "RadioType.h"
@@ -32,13 +33,16 @@ constexpr std::int32_t kLoopLoss_dBTenths = 500; ///< From the transmitter back 
 constexpr double kScarceMargin_dBTenths = 10.0;
 constexpr double kGreatestErrorShare = 0.02;
 
+/// What the second antenna's fading is ahead of the first one's, in radians.
+constexpr double kDiversityPhase = 2.3;
+
 /// The channels' fading: two waves, each with its own period and a phase that follows from seed and channel.
-double fading_dBTenths(const NodeState& node, const ChannelState& channel)
+double fading_dBTenths(const NodeState& node, const ChannelState& channel, double ahead = 0)
 {
     constexpr double firstPeriod_s = 97.0;
     constexpr double secondPeriod_s = 41.0;
     const auto time = Seconds(node.now()).count();
-    const auto phase = static_cast<double>(node.settings.seed) * 0.7 + channel.number * 1.9;
+    const auto phase = static_cast<double>(node.settings.seed) * 0.7 + channel.number * 1.9 + ahead;
     const auto wave = std::sin(2 * std::numbers::pi * time / firstPeriod_s + phase) +
                       std::sin(2 * std::numbers::pi * time / secondPeriod_s + 2 * phase);
     return node.settings.fading_dBTenths * wave / 2;
@@ -196,7 +200,7 @@ bool receives(const NodeState& node, const ChannelState& channel)
     return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0;
 }
 
-/// The received level: of the channel's own signal if a loop is closed.
+/// The received level of a path: of the channel's own signal if a loop is closed.
 std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, double attenuation)
 {
     if (!receives(node, channel)) {
@@ -204,6 +208,12 @@ std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, d
     }
     return channel.loops.isClosed() ? level(channel.transmitter.power - kLoopLoss_dBTenths)
                                     : level(node.settings.farEndTxPower_dBmTenths - attenuation);
+}
+
+/// A level of none has no SNIR either.
+std::int32_t receivedSnir(std::int32_t level, const ChannelState& channel)
+{
+    return level > kNoLevel_dBmTenths ? std::max(snirOf(level, channel), 0) : 0;
 }
 
 double errorShare(const NodeState& node, const ChannelState& channel)
@@ -282,8 +292,14 @@ void settleHop(NodeState& node, ChannelState& channel)
     const bool isStandby = channel.dsp.rlpControl == AcmRlpControl::StandbyTx;
     const bool sends = isOnAir(node, channel) && !sendsTestSignal(channel);
 
-    receiver.level = receivedLevel(node, channel, attenuation);
-    receiver.snir = receives(node, channel) ? std::max(snirOf(receiver.level, channel), 0) : 0;
+    const auto diversityAttenuation =
+        node.settings.diversityPathLoss_dBTenths + fading_dBTenths(node, channel, kDiversityPhase);
+    receiver.diversity.mainLevel = receivedLevel(node, channel, attenuation);
+    receiver.diversity.level = receivedLevel(node, channel, diversityAttenuation);
+    receiver.diversity.mainSnir = receivedSnir(receiver.diversity.mainLevel, channel);
+    receiver.diversity.snir = receivedSnir(receiver.diversity.level, channel);
+    receiver.level = settleDiversity(channel);
+    receiver.snir = receivedSnir(receiver.level, channel);
     receiver.level = seenLevel(node, channel, receiver.level);
     const auto rx = inForce(channel, modulationAt(channel, receiver.snir, rxThreshold), isLooped && isStandby,
                             channel.dsp.heldRxModulation);

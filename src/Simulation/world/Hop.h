@@ -20,6 +20,8 @@ namespace zyr_simulation
 /// limit;
 ///   the upper end of the window if power control is held open;
 /// - received level: power of the other end, less the path loss, less the fading, a slow sum of two waves;
+/// - diversity: the second antenna of the receiver has a path loss of its own and fades on its own; see
+///   `settleDiversity` for what becomes of both;
 /// - SNIR: received level above the noise floor of the frame's channel spacing, up to a ceiling;
 /// - modulation: the greatest of the commanded range whose SNIR is there; the least one while ACM is muted or
 /// off, in the mode Basic, and while the transmitter is on standby; the mode Passive holds the one in force;
@@ -49,10 +51,6 @@ std::int32_t noiseFloor_dBmTenths(const ChannelState& channel);
 
 /// The time that a signal travels from end to end, in nanoseconds.
 std::uint32_t hopLatency_ns(const NodeState& node);
-
-/// What the diversity path of a receiver lies below the main one, and what combining both wins.
-inline constexpr std::int32_t kDiversityLoss_dBTenths = 15;
-inline constexpr std::int32_t kCombiningGain_dBTenths = 25;
 
 /// Blocks that the modem receives in a second, and bytes in a block.
 inline constexpr double kBlocksPerSecond = 1000.0;

@@ -54,16 +54,30 @@ void settleTransmitter(NodeState& node, ChannelState& channel, nanoseconds now)
     }
 }
 
+/// Ends a calibration of the baseband's combiner, or its stopping.
 void settleDade(BasebandSdcState& sdc, nanoseconds now)
 {
-    if (now < sdc.dadeEndsAt) {
+    const bool isStopping = sdc.dade == BasebandSdcDadeStatus::CalibrationStopping;
+    if (now < sdc.dadeEndsAt || (!isStopping && sdc.dade != BasebandSdcDadeStatus::CalibrationOngoing)) {
         return;
     }
-    if (sdc.dade == BasebandSdcDadeStatus::CalibrationOngoing) {
-        sdc.dade = BasebandSdcDadeStatus::Calibrated;
-    } else if (sdc.dade == BasebandSdcDadeStatus::CalibrationStopping) {
-        sdc.dade = BasebandSdcDadeStatus::CalibrationNotStarted;
+    sdc.isCalibrated = sdc.isCalibrated || !isStopping;
+    sdc.dade =
+        sdc.isCalibrated ? BasebandSdcDadeStatus::Calibrated : BasebandSdcDadeStatus::CalibrationNotStarted;
+}
+
+void settleBasebandSdc(NodeState& node, BasebandSdcState& sdc, nanoseconds now)
+{
+    if (sdc.isStarted != sdc.isWanted && now >= sdc.switchesAt) {
+        sdc.isStarted = sdc.isWanted;
+        if (!sdc.isStarted) {
+            sdc.isCalibrated = false;
+            sdc.dade = BasebandSdcDadeStatus::CalibrationNotStarted;
+        } else if (sdc.calibratesWhenStarted) {
+            beginCalibration(node, sdc);
+        }
     }
+    settleDade(sdc, now);
 }
 
 void finishPps(PpsState& pps, PpsCalibStatus status, PpsCalibReasonOfFailure reason)
@@ -107,6 +121,7 @@ void settleSdc(SdcState& sdc, nanoseconds now)
     }
     if (sdc.dade == SdcStatus::InProgress && now >= sdc.dadeEndsAt) {
         sdc.dade = SdcStatus::Active;
+        sdc.isCalibrated = true;
     }
 }
 
@@ -173,12 +188,18 @@ void settleDspRecovery(NodeState& node)
     }
 }
 
+void beginCalibration(NodeState& node, BasebandSdcState& sdc)
+{
+    sdc.dade = BasebandSdcDadeStatus::CalibrationOngoing;
+    sdc.dadeEndsAt = node.settleAfter(kDadeCalibrationTime);
+}
+
 void settleProcesses(NodeState& node, ChannelState& channel)
 {
     const auto now = node.now();
     settleRadio(channel.radio, now);
     settleTransmitter(node, channel, now);
-    settleDade(channel.basebandSdc, now);
+    settleBasebandSdc(node, channel.basebandSdc, now);
     settlePps(node, channel, now);
     settleMimo(channel, now);
     settleSdc(channel.sdc, now);

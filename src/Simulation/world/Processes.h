@@ -20,13 +20,17 @@ inline constexpr std::chrono::seconds kPpsFineCalibrationTime{1};
 inline constexpr std::chrono::seconds kMimoCalibrationTime{2};
 inline constexpr std::chrono::milliseconds kXpicSweepTime{500};
 inline constexpr std::chrono::milliseconds kSdcSwitchTime{500};
+inline constexpr std::chrono::milliseconds kBasebandSdcSwitchTime{400};
 inline constexpr std::chrono::milliseconds kScanPointTime{10};
 
 /// Ends a recovery of the DSP whose time has come, with the alarm "DspRecovery".
 void settleDspRecovery(NodeState& node);
 
+/// Begins a calibration of the combiner in the baseband.
+void beginCalibration(NodeState& node, BasebandSdcState& sdc);
+
 /// Ends what is due on a channel: a switch of the transmitter (with the alarm "TxOff"), a restart of the
-/// radio unit, calibrations, the switching of the combiner. Samples of TAPS are taken. A transmitter whose
+/// radio unit, calibrations, the switching of the combiners. Samples of TAPS are taken. A transmitter whose
 /// request has changed begins to switch.
 void settleProcesses(NodeState& node, ChannelState& channel);
 

@@ -23,7 +23,8 @@ struct SimulatedNodeOptions
 
     // The hop to the far end.
     std::int32_t pathLoss_dBTenths = 600;
-    std::int32_t fading_dBTenths = 5; ///< Amplitude of the slow fading, 0 for none.
+    std::int32_t diversityPathLoss_dBTenths = 615; ///< To the receivers' second antennas.
+    std::int32_t fading_dBTenths = 5;              ///< Amplitude of the slow fading, 0 for none.
     std::int32_t farEndTxPower_dBmTenths = 200;
     bool farEndTransmits = true;
     std::uint32_t hopLength_m = 5000;
