@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <ranges>
 
 namespace zyr_simulation
 {
@@ -113,7 +112,8 @@ std::int32_t farEndShift(const ChannelState& channel, ModulationAndCoding modula
     if (own == pmax.end()) {
         return 0;
     }
-    const std::int64_t greatest = std::ranges::max(pmax | std::views::values);
+    const std::int64_t greatest =
+        std::ranges::max_element(pmax, {}, [](const auto& told) { return told.second; })->second;
     return static_cast<std::int32_t>(std::min<std::int64_t>(greatest - own->second, kSnirCeiling_dBTenths));
 }
 

@@ -3,10 +3,9 @@
 #include <crypt.h>
 
 #include <array>
+#include <cstring>
 #include <memory>
 #include <stdexcept>
-
-#include <string.h>
 
 namespace zyr_simulation
 {
