@@ -225,7 +225,7 @@ struct MemberOf<Member>
 // The type of an array's elements or of an optional's value, or the type itself.
 constexpr const ValueType& innermost(const ValueType& type)
 {
-    return type.element != nullptr ? innermost(*type.element) : type;
+    return type.kind == Kind::Array || type.kind == Kind::Optional ? innermost(*type.element) : type;
 }
 
 // Whether the type has a number that only a unit explains.

@@ -52,8 +52,22 @@ struct Vocabulary
     std::span<const EnumText> rows;
 };
 
-/// Gives a vocabulary, the same one for ever.
-using Texts = Vocabulary (*)();
+/// Gives a vocabulary, the same one for ever; or there is none. Says so by a flag: with the undefined
+/// behaviour sanitizer the compiler doesn't know whether a function has an address.
+class Texts
+{
+  public:
+    constexpr Texts(std::nullptr_t = nullptr) {}
+    constexpr Texts(Vocabulary (*give)()) : m_give(give), m_isThere(true) {}
+
+    constexpr explicit operator bool() const { return m_isThere; }
+    constexpr bool operator==(std::nullptr_t) const { return !m_isThere; }
+    Vocabulary operator()() const { return m_give(); }
+
+  private:
+    Vocabulary (*m_give)() = nullptr;
+    bool m_isThere = false;
+};
 
 /// Makes a record with its defaults.
 using MakeRecord = std::shared_ptr<void> (*)();
