@@ -192,8 +192,11 @@ TEST_F(CriSetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     const std::pair<unsigned, std::string> rows[] = {
-        {0x8000, "General Failure"}, {32774, "32774"},           {32787, "Radio Path latency reset needed"},
-        {32788, "32788"},           {0xFFFFFFFF, "4294967295"},
+        {0x8000, "General Failure"},
+        {32774, "32774"},
+        {32787, "Radio Path latency reset needed"},
+        {32788, "32788"},
+        {0xFFFFFFFF, "4294967295"},
     };
     for (const auto& [result, text] : rows) {
         node.channel1.rauHandler.onSetPowerMode = result;
