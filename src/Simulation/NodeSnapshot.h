@@ -17,6 +17,7 @@ struct NodeSnapshot
     SimulatedNodeOptions settings; ///< As they are now.
     DspState dsp;
     Routes routes;
+    std::vector<Interferer> interferers;         ///< In the order in which they were added.
     std::vector<ChannelState> channels;          ///< Channel 1 first.
     std::vector<zyr_top_api::AlarmEvent> alarms; ///< All known alarms, active or not.
     std::vector<Fault> faults;                   ///< As `SimulatedNode::faultsLeft` tells them.

@@ -32,9 +32,11 @@
 #include "SimulatedTxIQImbalanceHandler.h"
 #include "SimulatedZyrRleHandler.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -53,6 +55,25 @@ constexpr std::array<std::string_view, 1> kClosingPhaseOperations{"RunGroup"};
 constexpr std::string_view kCableDriver = "XpicConnectedDriver";
 constexpr std::string_view kTxEnableDriver = "XpicTxEnableDriver";
 constexpr std::array<std::string_view, 2> kDriverOperations{"read", "write"};
+
+/// @throws std::invalid_argument if the interferer can't be
+void check(const Interferer& interferer)
+{
+    constexpr std::uint32_t greatestWidth_kHz = 1'000'000;
+    constexpr std::int32_t greatestLevel_dBmTenths = 0;
+    if (interferer.frequency_kHz == 0) {
+        throw std::invalid_argument("an interferer has a frequency");
+    }
+    if (interferer.width_kHz == 0 || interferer.width_kHz > greatestWidth_kHz) {
+        throw std::invalid_argument("an interferer is 1 to 1000000 kHz wide, not " +
+                                    std::to_string(interferer.width_kHz));
+    }
+    if (interferer.level_dBmTenths < kNoLevel_dBmTenths ||
+        interferer.level_dBmTenths > greatestLevel_dBmTenths) {
+        throw std::invalid_argument("an interferer has a level of -990 to 0 tenths of a dBm, not " +
+                                    std::to_string(interferer.level_dBmTenths));
+    }
+}
 
 /// All orders to fail, those of people and those of test commands. Called with the mutex held.
 std::vector<Fault> allFaults(const NodeState& node)
@@ -151,7 +172,9 @@ void SimulatedNode::addDrivers(unsigned number)
             return *code;
         }
         const std::scoped_lock lock(state->mutex);
+        state->settle();
         work(state->channel(number).xpic);
+        state->settle();
         return 0;
     };
     const std::string start = "channel." + std::to_string(number) + ".xpic.";
@@ -211,7 +234,7 @@ NodeSnapshot SimulatedNode::snapshot() const
 {
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
-    return {m_state->settings, m_state->dsp,          m_state->routes,
+    return {m_state->settings, m_state->dsp,          m_state->routes,    m_state->interferers,
             m_state->channels, m_state->alarms.all(), allFaults(*m_state)};
 }
 
@@ -274,6 +297,42 @@ void SimulatedNode::setDiversityPathLoss_dBTenths(std::int32_t pathLoss)
 void SimulatedNode::setFarEndTransmits(bool transmits)
 {
     set(&SimulatedNodeOptions::farEndTransmits, transmits);
+}
+
+void SimulatedNode::setCrossPolarDiscrimination_dBTenths(std::int32_t discrimination)
+{
+    constexpr std::int32_t greatest = 600;
+    if (discrimination < 0 || discrimination > greatest) {
+        throw std::invalid_argument("polarisations are 0 to 600 tenths of a dB apart, not " +
+                                    std::to_string(discrimination));
+    }
+    set(&SimulatedNodeOptions::crossPolarDiscrimination_dBTenths, discrimination);
+}
+
+void SimulatedNode::addInterferer(const Interferer& interferer)
+{
+    check(interferer);
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    auto& known = m_state->interferers;
+    const auto same = std::ranges::find(known, interferer.frequency_kHz, &Interferer::frequency_kHz);
+    if (same != known.end()) {
+        *same = interferer;
+    } else if (known.size() < Interferer::kMost) {
+        known.push_back(interferer);
+    } else {
+        throw std::invalid_argument("a node hears at most " + std::to_string(Interferer::kMost) +
+                                    " interferers");
+    }
+    m_state->settle();
+}
+
+void SimulatedNode::clearInterferers()
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->interferers.clear();
+    m_state->settle();
 }
 
 void SimulatedNode::setRadioAvailable(unsigned channel, bool available)

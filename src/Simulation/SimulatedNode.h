@@ -3,6 +3,7 @@
 #include "FaultInjector.h"
 #include "HardwareVariables.h"
 #include "IInterface.h"
+#include "Interferer.h"
 #include "NodeSnapshot.h"
 #include "NodeState.h"
 #include "Publication.h"
@@ -92,6 +93,18 @@ class SimulatedNode
 
     /// Switches the far end's transmitters on or off.
     void setFarEndTransmits(bool transmits);
+
+    /// Sets how much weaker a receiver gets the other polarisation than its own, in tenths of a dB. Two
+    /// channels on the same frequencies disturb each other by it.
+    /// @throws std::invalid_argument if it isn't within 0 and 600
+    void setCrossPolarDiscrimination_dBTenths(std::int32_t discrimination);
+
+    /// Adds a foreign transmitter, or replaces the one at its frequency.
+    /// @throws std::invalid_argument if it can't be, or if there are `Interferer::kMost` already
+    void addInterferer(const Interferer& interferer);
+
+    /// Removes all foreign transmitters.
+    void clearInterferers();
 
     /// Takes a channel's radio unit away, or brings it back.
     /// @throws std::out_of_range if the node has no such channel

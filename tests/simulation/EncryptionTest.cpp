@@ -88,7 +88,8 @@ TEST_F(EncryptionTest, farEndThatEncryptsAloneIsNotUnderstood)
 
 TEST_F(EncryptionTest, channelsHaveKeysOfTheirOwn)
 {
-    configure(2);
+    configure(2, 102, ModulationAndCoding::QAM_4_STRONG, ModulationAndCoding::QAM_4096_LIGHT, 14'510'000,
+              14'930'000);
     node().setFarEndKey(2, "a key of this length");
     EXPECT_EQ(blocksOfASecond().substr(0, 5), "0 of ");
     EXPECT_EQ(alarms(), "EncryptionKeyMismatch 2 active 1\n");

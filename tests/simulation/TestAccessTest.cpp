@@ -6,7 +6,6 @@
 #include "IRouteUpdater.h"
 #include "ISpaceDiversityCombinerController.h"
 #include "ISpcSimulator.h"
-#include "ISpectrumDiagnosticsController.h"
 #include "ITapsControllerLog.h"
 #include "RecoveryController.h"
 #include "SimulationFixture.h"
@@ -27,7 +26,6 @@ using nord::zyr::loops::ILoopController;
 using zyr_top_api::RouteType;
 using zyr_top_api::SdcPath;
 using zyr_top_api::SdcStatus;
-using zyr_top_api::SpectrumDiagnosticsResult;
 using zyr_top_api::TapsLogData;
 using enum zyr_top_api::ModulationAndCoding;
 
@@ -41,10 +39,6 @@ class TestAccessTest : public SimulationFixture
     {
         return require<ISpaceDiversityCombinerController>("ISpaceDiversityCombinerController", 1);
     }
-    static ISpectrumDiagnosticsController& spectrum()
-    {
-        return require<ISpectrumDiagnosticsController>("ISpectrumDiagnosticsController", 1);
-    }
 
     /// All loops with their state, one in a line.
     static std::string loopStates()
@@ -56,14 +50,6 @@ class TestAccessTest : public SimulationFixture
             text += state.loopName + (state.closed ? " closed\n" : " open\n");
         }
         return text;
-    }
-
-    static std::vector<SpectrumDiagnosticsResult> scanned(int capacity = 500)
-    {
-        std::vector<SpectrumDiagnosticsResult> results(500);
-        EXPECT_EQ(spectrum().getResult(capacity, results.data()), 0U);
-        results.resize(static_cast<std::size_t>(capacity));
-        return results;
     }
 };
 
@@ -328,64 +314,6 @@ TEST_F(TestAccessTest, combinerGainsOnTheAutomaticPathOnly)
     EXPECT_EQ(combiner().getSdcActualPath(), SdcPath::Auto);
     EXPECT_EQ(combiner().setRlConfiguration(zyr_top_api::Modulation::QAM_256, 28, true), 0U);
     EXPECT_EQ(node().channel(1).sdc.spacingCode, 28);
-}
-
-TEST_F(TestAccessTest, channelScanProgressesAndFindsTheFarEnd)
-{
-    startNode({.pathLoss_dBTenths = 600, .fading_dBTenths = 0});
-    EXPECT_EQ(spectrum().scanControl(0, 0), 0x8000U) << "no frequency yet";
-    configure(1, 102);
-    EXPECT_EQ(spectrum().getStatus(), 0);
-    EXPECT_EQ(spectrum().scanControl(0, 15), 0U);
-    EXPECT_EQ(spectrum().getStatus(), 2);
-    EXPECT_TRUE(scanned().empty());
-    time().advance(250ms);
-    EXPECT_EQ(scanned().size(), 10U);
-    EXPECT_EQ(spectrum().getProgress(), 24);
-    time().advance(1s);
-    EXPECT_EQ(spectrum().getStatus(), 4);
-    EXPECT_EQ(spectrum().getProgress(), 100);
-    const auto results = scanned();
-    ASSERT_EQ(results.size(), 41U);
-    EXPECT_EQ(results.front().Frequency, 14'966'000U);
-    EXPECT_EQ(results.back().Frequency, 14'994'000U);
-    EXPECT_EQ(results[20].Rssi, -400);
-    EXPECT_EQ(scanned(7).size(), 7U);
-    EXPECT_TRUE(scanned(-1).empty());
-    EXPECT_EQ(spectrum().scanControl(2, 0), 0U);
-    EXPECT_EQ(spectrum().getStatus(), 0);
-    EXPECT_EQ(spectrum().scanControl(3, 0), 0xA100U);
-}
-
-TEST_F(TestAccessTest, subBandScanFindsTheForeignCarrierToo)
-{
-    startNode({.pathLoss_dBTenths = 600, .fading_dBTenths = 0});
-    configure(1, 101);
-    EXPECT_EQ(spectrum().scanControl(1, 0), 0U);
-    EXPECT_EQ(spectrum().getStatus(), 1);
-    time().advance(2010ms);
-    EXPECT_EQ(spectrum().getStatus(), 3);
-    const auto results = scanned();
-    ASSERT_EQ(results.size(), 201U);
-    const auto count = [&](std::int32_t level) {
-        return std::ranges::count(results, level, &SpectrumDiagnosticsResult::Rssi);
-    };
-    EXPECT_EQ(count(-400), 23) << "14 MHz in steps of 600 kHz";
-    EXPECT_GT(count(-620), 0);
-    EXPECT_EQ(count(-400) + count(-620) + count(-965), 201);
-}
-
-TEST_F(TestAccessTest, scanPropertiesFollowTheRadio)
-{
-    EXPECT_FALSE(spectrum().getProperties().isSdcSupported);
-    node().setLongHaul(true);
-    EXPECT_TRUE(spectrum().getProperties().isLongHaul);
-    startNode({.radioType = 2});
-    EXPECT_TRUE(spectrum().getProperties().isRadioCarrierAggrCapable);
-    startNode({.radioType = 3});
-    EXPECT_TRUE(spectrum().getProperties().isSdcSupported);
-    node().setRadioAvailable(1, false);
-    EXPECT_EQ(spectrum().scanControl(1, 0), 0x8000U);
 }
 
 } // namespace

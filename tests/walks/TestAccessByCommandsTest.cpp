@@ -4,6 +4,7 @@
 #include "CriGetRadioChannelStatusImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRfPowerImpl.h"
+#include "DirectCall.h"
 #include "SimulatedNode.h"
 #include "TiGetDspTxModeImpl.h"
 #include "TiGetIfLoopImpl.h"
@@ -60,17 +61,6 @@ class TestAccessByCommandsTest : public testing::Test
         auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
         EXPECT_EQ(wrapper->impl().initialize(2), eTI_S_OK);
         ZyrApiHandler::m_cmds.push_back(wrapper);
-    }
-
-    /// Calls a direct command, which has to succeed.
-    template <class XImpl>
-    static typename XImpl::Response direct(const typename XImpl::Command& command)
-    {
-        XImpl impl;
-        EXPECT_EQ(impl.initialize(2), eTI_S_OK);
-        auto response = impl.execute(command);
-        EXPECT_EQ(response.faultString, "");
-        return response;
     }
 
     static std::string configure()

@@ -100,7 +100,7 @@ BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
 {
     return locked([&] {
         const auto& paths = channel().receiver.diversity;
-        const auto xpi = crossPolarIsolation(node(), channel());
+        const auto xpi = crossPolarDiscrimination_dBTenths(node(), channel());
         BasebandSdcStatusData data;
         if (sdc().mainEnabled) {
             data.snirMain = -paths.mainSnir;

@@ -59,9 +59,9 @@ ETIResult SimulatedCcdpController::getXpicStatusStruct(XpicStatusStruct& status)
 {
     return perform<ETIResult>("getXpicStatusStruct", [&] {
         const bool isLocked = xpicLock(node(), channel()) == MimoLockStatus::Locked;
-        status.xpdDbTenths = isLocked ? crossPolarIsolation(node(), channel()) : 0;
+        status.xpdDbTenths = isLocked ? crossPolarDiscrimination_dBTenths(node(), channel()) : 0;
         status.slaveCarrierOffsetHz = isLocked ? carrierOffset_Hz(node(), channel()) : 0;
-        status.slaveSweepInProgress = node().now() < xpic().sweepsUntil ? 1 : 0;
+        status.slaveSweepInProgress = slaveSweeps(node(), channel()) ? 1 : 0;
         status.calibStatus = isLocked ? 1 : 0;
     });
 }
@@ -93,7 +93,7 @@ ETIResult SimulatedCcdpController::getXpi(int& xpi)
 {
     return perform<ETIResult>("getXpi", [&] {
         const bool isLocked = xpicLock(node(), channel()) == MimoLockStatus::Locked;
-        xpi = isLocked ? crossPolarIsolation(node(), channel()) : 0;
+        xpi = isLocked ? crossPolarDiscrimination_dBTenths(node(), channel()) : 0;
     });
 }
 

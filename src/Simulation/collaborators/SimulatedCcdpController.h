@@ -28,7 +28,7 @@ class SimulatedCcdpController final : public SimulatedCollaborator<ICcdpControll
     zyr_top_api::ETIResult setPreamble(zyr_top_api::XpicMimoPreamble preamble) override;
     zyr_top_api::ETIResult getPreamble(zyr_top_api::XpicMimoPreamble& preamble) override;
 
-    /// The slave sweeps for `kXpicSweepTime`.
+    /// The slave sweeps anew, for `kXpicSweepTime` if it finds the other polarisation, whatever the modes.
     zyr_top_api::ETIResult xpicAcquireStart(zyr_top_api::XpicAcquireMode mode,
                                             zyr_top_api::XpicSpectralInversionMode inversion) override;
 

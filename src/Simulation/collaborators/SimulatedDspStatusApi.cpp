@@ -18,8 +18,10 @@ using zyr_top_api::MimoStatusStruct;
 namespace
 {
 
-constexpr std::int16_t kSlaveInternalAgc = -120;
-constexpr std::int16_t kSlaveExternalAgc = -80;
+/// The level to which the gain controls of a slave bring what it gets, in tenths of a dBm, and how much of
+/// the gain is in its external one.
+constexpr std::int32_t kSlaveReferenceLevel = -200;
+constexpr std::int32_t kGreatestExternalAgc = 150;
 constexpr std::int16_t kSlaveDifferentialGain = 3;
 
 std::int32_t counted(double count)
@@ -88,8 +90,9 @@ std::int32_t SimulatedDspStatusApi::getRxLockedCounter()
 ETIResult SimulatedDspStatusApi::getSlaveAgc(std::int16_t& internalAgc, std::int16_t& externalAgc)
 {
     return access("getSlaveAgc", [&] {
-        internalAgc = kSlaveInternalAgc;
-        externalAgc = kSlaveExternalAgc;
+        const auto gain = std::max(kSlaveReferenceLevel - slaveLevel_dBmTenths(node(), channel()), 0);
+        externalAgc = static_cast<std::int16_t>(std::min(gain, kGreatestExternalAgc));
+        internalAgc = static_cast<std::int16_t>(gain - externalAgc);
     });
 }
 
@@ -99,7 +102,8 @@ ETIResult SimulatedDspStatusApi::getIqSlaveImbalance(std::int16_t& first, std::i
 {
     return access("getIqSlaveImbalance", [&] {
         first = third = fourth = fifth = 0;
-        differentialGain = kSlaveDifferentialGain;
+        const bool hears = slaveLevel_dBmTenths(node(), channel()) > kNoLevel_dBmTenths;
+        differentialGain = hears ? kSlaveDifferentialGain : std::int16_t{0};
     });
 }
 
@@ -107,14 +111,14 @@ ETIResult SimulatedDspStatusApi::mimoStatusGet(MimoStatusStruct& status)
 {
     return access("mimoStatusGet", [&] {
         const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
-        const bool sweeps = node().now() < channel().xpic.sweepsUntil;
+        const bool sweeps = slaveSweeps(node(), channel());
         status = {};
         status.slaveSweepInProgress = sweeps;
         status.spatialSlaveSweepStatus = sweeps;
         status.diversityMute = channel().mimo.isDiversityMuted;
         if (isLocked) {
             status.etaTenThousands = static_cast<std::uint32_t>(eta_tenThousandths(node(), channel()));
-            status.xpdDbTenths = crossPolarIsolation(node(), channel());
+            status.xpdDbTenths = crossPolarDiscrimination_dBTenths(node(), channel());
             status.spatialXpdDbTenths = status.xpdDbTenths;
             status.slaveCarrierOffsetHz = carrierOffset_Hz(node(), channel());
             status.spatialCarrierOffsetHz = status.slaveCarrierOffsetHz;

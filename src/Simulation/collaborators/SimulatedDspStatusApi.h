@@ -31,6 +31,8 @@ class SimulatedDspStatusApi final : public SimulatedCollaborator<IDspStatusApi, 
     std::int32_t getLowestSnir(bool reset) override;
     std::int32_t getEbSinceLastRxLock() override;
     std::int32_t getRxLockedCounter() override;
+
+    /// Gains in tenths of a dB, which are the greater the weaker the slave gets the other polarisation.
     zyr_top_api::ETIResult getSlaveAgc(std::int16_t& internalAgc, std::int16_t& externalAgc) override;
     zyr_top_api::ETIResult getIqSlaveImbalance(std::int16_t& first, std::int16_t& differentialGain,
                                                std::int16_t& third, std::int16_t& fourth,

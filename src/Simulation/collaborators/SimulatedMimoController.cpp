@@ -42,7 +42,8 @@ Optional<std::int32_t> SimulatedMimoController::getXpi()
 {
     return locked([&] {
         const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
-        return isLocked ? Optional(crossPolarIsolation(node(), channel())) : Optional<std::int32_t>();
+        return isLocked ? Optional(crossPolarDiscrimination_dBTenths(node(), channel()))
+                        : Optional<std::int32_t>();
     });
 }
 

@@ -1,12 +1,11 @@
 #include "SimulatedSpectrumDiagnosticsController.h"
 
-#include "Hop.h"
-#include "Processes.h"
 #include "RadioType.h"
+#include "SpectrumScan.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
+#include <cstddef>
 
 namespace zyr_simulation
 {
@@ -22,52 +21,7 @@ namespace
 constexpr unsigned kSubBandScan = 1;
 constexpr unsigned kStop = 2;
 
-constexpr std::size_t kChannelPoints = 41;
-constexpr std::size_t kSubBandPoints = 201;
-
-/// The level of the foreign carrier.
-constexpr std::int32_t kForeignLevel = -620;
-
-/// A carrier's level where it is, the noise elsewhere.
-std::int32_t levelOf(const NodeState& node, const ChannelState& channel, std::uint32_t frequency_kHz)
-{
-    const auto isWithin = [&](std::uint32_t centre_kHz) {
-        const auto distance =
-            static_cast<std::int64_t>(frequency_kHz) - static_cast<std::int64_t>(centre_kHz);
-        return std::abs(distance) * 2 <= channelSpacing_kHz(channel);
-    };
-    const auto& band = radioType(node.settings.radioType).frequencies;
-    const auto bandwidth = band.MaxRXFrequency - band.MinRXFrequency;
-    const auto foreign_kHz = band.MinRXFrequency + node.settings.seed * 7'919U % bandwidth;
-    if (isWithin(channel.rxFrequency_kHz) && channel.receiver.level > kNoLevel_dBmTenths) {
-        return channel.receiver.level;
-    }
-    return isWithin(foreign_kHz) ? kForeignLevel : noiseFloor_dBmTenths(channel);
-}
-
 } // namespace
-
-void SimulatedSpectrumDiagnosticsController::begin(bool isSubBand, unsigned dmSleep) const
-{
-    const auto& band = radioType(node().settings.radioType).frequencies;
-    const auto width = isSubBand ? band.MaxRXFrequency - band.MinRXFrequency
-                                 : static_cast<std::uint32_t>(channelSpacing_kHz(channel()));
-    auto& scan = channel().scan;
-    scan.isStarted = true;
-    scan.isSubBand = isSubBand;
-    scan.points = isSubBand ? kSubBandPoints : kChannelPoints;
-    scan.first_kHz = isSubBand ? band.MinRXFrequency : channel().rxFrequency_kHz - width / 2;
-    scan.step_kHz = width / static_cast<std::uint32_t>(scan.points - 1);
-    scan.startedAt = node().now();
-    scan.timePerPoint = kScanPointTime + std::chrono::milliseconds(dmSleep);
-}
-
-std::size_t SimulatedSpectrumDiagnosticsController::pointsDone() const
-{
-    const auto& scan = channel().scan;
-    const auto done = static_cast<std::size_t>((node().now() - scan.startedAt) / scan.timePerPoint);
-    return scan.isStarted ? std::min(done, scan.points) : 0;
-}
 
 ETIResult SimulatedSpectrumDiagnosticsController::scanControl(unsigned mode, unsigned dmSleep)
 {
@@ -76,14 +30,14 @@ ETIResult SimulatedSpectrumDiagnosticsController::scanControl(unsigned mode, uns
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
         if (mode == kStop) {
-            channel().scan.isStarted = false;
+            stopScan(channel());
             return zyr_top_api::eTI_S_OK;
         }
         const bool isSubBand = mode == kSubBandScan;
         if (!channel().radio.isUp() || (!isSubBand && channel().rxFrequency_kHz == 0)) {
             return zyr_top_api::eTI_E_FAILED;
         }
-        begin(isSubBand, dmSleep);
+        beginScan(node(), channel(), isSubBand, std::chrono::milliseconds(dmSleep));
         return zyr_top_api::eTI_S_OK;
     });
 }
@@ -91,13 +45,9 @@ ETIResult SimulatedSpectrumDiagnosticsController::scanControl(unsigned mode, uns
 ETIResult SimulatedSpectrumDiagnosticsController::getResult(int& count, SpectrumDiagnosticsResult* buffer)
 {
     return perform<ETIResult>("getResult", [&] {
-        const auto& scan = channel().scan;
-        const auto capacity = static_cast<std::size_t>(std::max(count, 0));
-        const auto found = std::min(pointsDone(), capacity);
-        for (std::size_t point = 0; point < found; ++point) {
-            const auto frequency = scan.first_kHz + scan.step_kHz * static_cast<std::uint32_t>(point);
-            buffer[point] = {frequency, levelOf(node(), channel(), frequency)};
-        }
+        const auto& results = channel().scan.results;
+        const auto found = std::min(results.size(), static_cast<std::size_t>(std::max(count, 0)));
+        std::copy_n(results.begin(), found, buffer);
         count = static_cast<int>(found);
     });
 }
@@ -114,7 +64,7 @@ std::int32_t SimulatedSpectrumDiagnosticsController::getStatus()
         if (!scan.isStarted) {
             return notStarted;
         }
-        const bool isFinished = pointsDone() == scan.points;
+        const bool isFinished = !scan.isRunning();
         const auto ongoing = scan.isSubBand ? subBandOngoing : channelOngoing;
         const auto finished = scan.isSubBand ? subBandFinished : channelFinished;
         return isFinished ? finished : ongoing;
@@ -125,7 +75,7 @@ std::int32_t SimulatedSpectrumDiagnosticsController::getProgress()
 {
     return locked([&] {
         const auto& scan = channel().scan;
-        return scan.isStarted ? static_cast<std::int32_t>(pointsDone() * 100 / scan.points) : 0;
+        return scan.points == 0 ? 0 : static_cast<std::int32_t>(scan.results.size() * 100 / scan.points);
     });
 }
 

@@ -21,6 +21,7 @@
 #include "ReferenceSec.h"
 #include "SdcPath.h"
 #include "SdcStatus.h"
+#include "SpectrumDiagnostics.h"
 #include "TapsLogData.h"
 #include "TxRequestedStatus.h"
 #include "XpicMimoPreamble.h"
@@ -32,6 +33,7 @@
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace zyr_simulation
 {
@@ -160,13 +162,16 @@ struct SdcState
 /// A scan of the spectrum.
 struct SpectrumScanState
 {
-    bool isStarted = false;
+    bool isStarted = false; ///< And hasn't been stopped since.
     bool isSubBand = false;
     std::uint32_t first_kHz = 0;
     std::uint32_t step_kHz = 0;
     std::size_t points = 0;
     std::chrono::nanoseconds startedAt{0};
     std::chrono::nanoseconds timePerPoint{1};
+    std::vector<zyr_top_api::SpectrumDiagnosticsResult> results = {}; ///< What has been measured so far.
+
+    bool isRunning() const { return isStarted && results.size() < points; }
 };
 
 /// The radio unit.
@@ -238,12 +243,13 @@ struct XpicState
     zyr_top_api::LinkType linkType = zyr_top_api::LinkType::Disable;
     bool isMuted = false;
     zyr_top_api::XpicMimoPreamble preamble = zyr_top_api::XpicMimoPreamble::Preamble_A;
-    std::chrono::nanoseconds sweepsUntil{0};
-    bool isCableConnected = true; ///< The cable to the other polarisation; set from outside.
+    bool findsCarrier = false; ///< Nothing keeps the slave from the other polarisation's carrier.
+    std::chrono::nanoseconds sweepsUntil{0}; ///< Having found it, the slave sweeps until then.
+    bool isCableConnected = true;            ///< The cable to the other polarisation; set from outside.
     bool isTxEnabled = true;
 
     bool isStarted() const { return linkType != zyr_top_api::LinkType::Disable; }
-    bool hearsOtherPolarisation() const { return isCableConnected && isTxEnabled; }
+    bool exchanges() const { return isCableConnected && isTxEnabled; } ///< Signals with the other one.
 };
 
 /// MIMO.

@@ -2,6 +2,7 @@
 
 #include "Diversity.h"
 #include "FrameDatabase.h"
+#include "Interference.h"
 #include "ModulationLadder.h"
 #include "RadioType.h"
 
@@ -59,9 +60,20 @@ std::int32_t level(double value_dBmTenths)
     return rounded(std::clamp(value_dBmTenths, static_cast<double>(kNoLevel_dBmTenths), greatest_dBmTenths));
 }
 
-std::int32_t snirOf(std::int32_t level, const ChannelState& channel)
+/// What the path to the main antenna takes away.
+double attenuation_dBTenths(const NodeState& node, const ChannelState& channel)
 {
-    return std::min(level - noiseFloor_dBmTenths(channel), kSnirCeiling_dBTenths);
+    return node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
+}
+
+std::int32_t snirOf(std::int32_t level, double interference_mW, const ChannelState& channel)
+{
+    const auto snr = std::min(level - noiseFloor_dBmTenths(channel), kSnirCeiling_dBTenths);
+    if (interference_mW <= 0) {
+        return snr;
+    }
+    const auto disturbed = level - 100.0 * std::log10(interference_mW);
+    return rounded(-100.0 * std::log10(std::pow(10.0, -snr / 100.0) + std::pow(10.0, -disturbed / 100.0)));
 }
 
 std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel, double attenuation)
@@ -197,7 +209,7 @@ bool receives(const NodeState& node, const ChannelState& channel)
     const bool isSignalThere = channel.loops.isClosed()
                                    ? channel.transmitter.status == ETxPowerActualStatus::On
                                    : node.settings.farEndTransmits;
-    return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0;
+    return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0 && !channel.scan.isRunning();
 }
 
 /// The received level of a path: of the channel's own signal if a loop is closed.
@@ -211,9 +223,9 @@ std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, d
 }
 
 /// A level of none has no SNIR either.
-std::int32_t receivedSnir(std::int32_t level, const ChannelState& channel)
+std::int32_t receivedSnir(std::int32_t level, double interference_mW, const ChannelState& channel)
 {
-    return level > kNoLevel_dBmTenths ? std::max(snirOf(level, channel), 0) : 0;
+    return level > kNoLevel_dBmTenths ? std::max(snirOf(level, interference_mW, channel), 0) : 0;
 }
 
 double errorShare(const NodeState& node, const ChannelState& channel)
@@ -285,7 +297,7 @@ void settleHop(NodeState& node, ChannelState& channel)
     countBlocks(node, channel);
 
     auto& receiver = channel.receiver;
-    const auto attenuation = node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
+    const auto attenuation = attenuation_dBTenths(node, channel);
     channel.transmitter.power = transmittedPower(node, channel, attenuation);
     chooseDetector(channel);
     const bool isLooped = channel.loops.isClosed();
@@ -296,10 +308,12 @@ void settleHop(NodeState& node, ChannelState& channel)
         node.settings.diversityPathLoss_dBTenths + fading_dBTenths(node, channel, kDiversityPhase);
     receiver.diversity.mainLevel = receivedLevel(node, channel, attenuation);
     receiver.diversity.level = receivedLevel(node, channel, diversityAttenuation);
-    receiver.diversity.mainSnir = receivedSnir(receiver.diversity.mainLevel, channel);
-    receiver.diversity.snir = receivedSnir(receiver.diversity.level, channel);
+    // The own signal in a closed loop is the only one that the receiver gets.
+    const auto disturbance = isLooped ? 0.0 : interference_mW(node, channel);
+    receiver.diversity.mainSnir = receivedSnir(receiver.diversity.mainLevel, disturbance, channel);
+    receiver.diversity.snir = receivedSnir(receiver.diversity.level, disturbance, channel);
     receiver.level = settleDiversity(channel);
-    receiver.snir = receivedSnir(receiver.level, channel);
+    receiver.snir = receivedSnir(receiver.level, disturbance, channel);
     receiver.level = seenLevel(node, channel, receiver.level);
     const auto rx = inForce(channel, modulationAt(channel, receiver.snir, rxThreshold), isLooped && isStandby,
                             channel.dsp.heldRxModulation);
@@ -308,8 +322,9 @@ void settleHop(NodeState& node, ChannelState& channel)
                 !sendsTestSignal(channel) && receiver.snir >= rxThreshold(channel, rx));
     receiver.rxModulation = receiver.isLinkUp ? rx : ModulationAndCoding::UNDEFINED;
 
-    receiver.farEndSnir =
-        sends && !isLooped ? snirOf(level(channel.transmitter.power - attenuation), channel) : 0;
+    receiver.farEndSnir = sends && !isLooped ? snirOf(levelAtFarEnd_dBmTenths(node, channel),
+                                                      farEndInterference_mW(node, channel), channel)
+                                             : 0;
     const auto tx = inForce(channel, isLooped ? rx : modulationAt(channel, receiver.farEndSnir, txThreshold),
                             isStandby, channel.dsp.heldTxModulation);
     receiver.txModulation = sends ? tx : ModulationAndCoding::UNDEFINED;
@@ -346,6 +361,23 @@ std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, M
     return isBoosted
                ? level(std::min<double>(power, transmitter.boosterMaxInputPower) + transmitter.boosterGain)
                : level(power);
+}
+
+std::int32_t farEndLevel_dBmTenths(const NodeState& node, const ChannelState& channel)
+{
+    const bool isThere = node.settings.farEndTransmits && channel.rxFrequency_kHz != 0;
+    return isThere ? level(node.settings.farEndTxPower_dBmTenths - attenuation_dBTenths(node, channel))
+                   : kNoLevel_dBmTenths;
+}
+
+std::int32_t levelAtFarEnd_dBmTenths(const NodeState& node, const ChannelState& channel)
+{
+    return level(channel.transmitter.power - attenuation_dBTenths(node, channel));
+}
+
+bool receivesFarEnd(const NodeState& node, const ChannelState& channel)
+{
+    return !channel.loops.isClosed() && receives(node, channel);
 }
 
 std::int32_t channelSpacing_kHz(const ChannelState& channel)

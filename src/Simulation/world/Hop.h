@@ -22,7 +22,9 @@ namespace zyr_simulation
 /// - received level: power of the other end, less the path loss, less the fading, a slow sum of two waves;
 /// - diversity: the second antenna of the receiver has a path loss of its own and fades on its own; see
 ///   `settleDiversity` for what becomes of both;
-/// - SNIR: received level above the noise floor of the frame's channel spacing, up to a ceiling;
+/// - SNIR: received level above the noise floor of the frame's channel spacing, up to a ceiling, and above
+/// what
+///   disturbs the receiver, see `interference_mW`;
 /// - modulation: the greatest of the commanded range whose SNIR is there; the least one while ACM is muted or
 /// off, in the mode Basic, and while the transmitter is on standby; the mode Passive holds the one in force;
 /// - link: up if the channel is configured and the SNIR of the modulation in force is there, unless a test
@@ -30,6 +32,7 @@ namespace zyr_simulation
 /// - closed loop (alarm "LoopClosed"): the receiver gets the channel's own signal, weaker by a constant loss,
 /// in place of the far end's, and the far end gets nothing;
 /// - alarm "FarEndLinkDown": the transmitter is on, but the far end can't lock to what it gets;
+/// - spectrum scan: while one runs nothing is received;
 /// - blocks: a constant number in a second; some are errored when the SNIR is scarce.
 void settleHop(NodeState& node, ChannelState& channel);
 
@@ -42,6 +45,17 @@ std::vector<zyr_top_api::AcmThreshold> acmThresholds(const ChannelState& channel
 /// the cutback. A booster, up to its greatest modulation, takes no more than its limit and adds its gain.
 std::int32_t greatestPower(const NodeState& node, const ChannelState& channel,
                            zyr_top_api::ModulationAndCoding modulation);
+
+/// The level of the far end's signal at the antenna of a channel, whatever the channel's receiver makes of
+/// it.
+std::int32_t farEndLevel_dBmTenths(const NodeState& node, const ChannelState& channel);
+
+/// The level of what a channel transmits at the far end.
+std::int32_t levelAtFarEnd_dBmTenths(const NodeState& node, const ChannelState& channel);
+
+/// Whether the receiver of a channel listens to the far end: the radio serves, no loop is closed, no scan has
+/// taken the receiver away, and the far end transmits.
+bool receivesFarEnd(const NodeState& node, const ChannelState& channel);
 
 /// The channel spacing of a channel's frame, or 28 MHz as long as it has no frame.
 std::int32_t channelSpacing_kHz(const ChannelState& channel);

@@ -34,6 +34,8 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
     for (unsigned number = 1; number <= options.channels; ++number) {
         auto& channel = channels.emplace_back();
         channel.number = number;
+        channel.xpic.preamble = number == 1 ? zyr_top_api::XpicMimoPreamble::Preamble_A
+                                            : zyr_top_api::XpicMimoPreamble::Preamble_B;
         channel.receiver.settledAt = now();
     }
 }

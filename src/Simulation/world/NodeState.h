@@ -4,6 +4,7 @@
 #include "ChannelState.h"
 #include "FFConfigType.h"
 #include "FaultInjector.h"
+#include "Interferer.h"
 #include "Recover.h"
 #include "RouteType.h"
 #include "SimulatedNodeOptions.h"
@@ -79,6 +80,7 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     DspState dsp;
     unsigned frameUpdateMode = 0;
     Routes routes;
+    std::vector<Interferer> interferers;
     Clocks clocks;
 
   private:

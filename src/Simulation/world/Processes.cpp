@@ -1,6 +1,8 @@
 #include "Processes.h"
 
+#include "DualStream.h"
 #include "FrameDatabase.h"
+#include "SpectrumScan.h"
 
 #include <cstddef>
 #include <string>
@@ -205,6 +207,8 @@ void settleProcesses(NodeState& node, ChannelState& channel)
     settleSdc(channel.sdc, now);
     settleTapsLog(channel, now);
     settleFarEndPmax(node, channel);
+    settleScan(node, channel);
+    settleXpic(node, channel);
 }
 
 } // namespace zyr_simulation

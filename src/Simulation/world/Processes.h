@@ -30,8 +30,8 @@ void settleDspRecovery(NodeState& node);
 void beginCalibration(NodeState& node, BasebandSdcState& sdc);
 
 /// Ends what is due on a channel: a switch of the transmitter (with the alarm "TxOff"), a restart of the
-/// radio unit, calibrations, the switching of the combiners. Samples of TAPS are taken. A transmitter whose
-/// request has changed begins to switch.
+/// radio unit, calibrations, the switching of the combiners, the sweep of a slave. Samples of TAPS are taken
+/// and points of a scan measured. A transmitter whose request has changed begins to switch.
 void settleProcesses(NodeState& node, ChannelState& channel);
 
 } // namespace zyr_simulation

@@ -27,6 +27,7 @@ struct SimulatedNodeOptions
     std::int32_t fading_dBTenths = 5;              ///< Amplitude of the slow fading, 0 for none.
     std::int32_t farEndTxPower_dBmTenths = 200;
     bool farEndTransmits = true;
+    std::int32_t crossPolarDiscrimination_dBTenths = 200; ///< How far the polarisations are apart.
     std::uint32_t hopLength_m = 5000;
 
     bool hostClock = false; ///< The node has the host's clocks, else clocks of its own that start alike.
