@@ -45,6 +45,7 @@ using zyr_registration::Range;
 using zyr_registration::RecordError;
 using zyr_registration::Value;
 using zyr_simulation::Fault;
+using zyr_simulation::Interferer;
 using zyr_simulation::NodeSnapshot;
 using zyr_simulation::SimulatedNode;
 
@@ -93,7 +94,7 @@ struct FarEndKey
 template <class T>
 constexpr FieldNotes kSettingNotes{};
 template <>
-constexpr FieldNotes kSettingNotes<std::int32_t>{.unit = "0.1 dB"}; // the path losses
+constexpr FieldNotes kSettingNotes<std::int32_t>{.unit = "0.1 dB"}; // losses
 template <>
 constexpr FieldNotes kSettingNotes<unsigned>{
     .texts = zyr_registration::oneOf<"variable", "fixed">}; // the duplex type
@@ -164,8 +165,8 @@ SimMethod method(MethodNotes notes, std::function<Value(SimulatedNode& node, con
 NodeReport reportOf(const SimulatedNode& node)
 {
     NodeSnapshot snapshot = node.snapshot();
-    return {node.alarmHandler().hangingRequests(), std::move(snapshot.channels), std::move(snapshot.alarms),
-            std::move(snapshot.faults)};
+    return {node.alarmHandler().hangingRequests(), std::move(snapshot.channels),
+            std::move(snapshot.interferers), std::move(snapshot.alarms), std::move(snapshot.faults)};
 }
 
 // What shows the node and lets it fail.
@@ -190,6 +191,20 @@ std::vector<SimMethod> nodeMethods()
                               node.setFarEndKey(request.channel, request.key);
                               return Value::object();
                           }),
+        method<Interferer>({.name = "SIM.AddInterferer",
+                            .help = "Adds a foreign transmitter that the node's receivers hear, or replaces "
+                                    "the one at its frequency.",
+                            .effect = Effect::DisturbsTraffic,
+                            .request = interfererFields()},
+                           [](SimulatedNode& node, const Interferer& interferer) {
+                               node.addInterferer(interferer);
+                               return Value::object();
+                           }),
+        method<Nothing>({.name = "SIM.ClearInterferers", .help = "Removes all foreign transmitters."},
+                        [](SimulatedNode& node, const Nothing&) {
+                            node.clearInterferers();
+                            return Value::object();
+                        }),
         method<Fault>({.name = "SIM.InjectFault",
                        .help = "Lets an operation of a collaborator fail.",
                        .effect = Effect::DisturbsTraffic,
@@ -267,6 +282,9 @@ std::vector<SimMethod> setters()
             &SimulatedNode::setCarrierAggregation),
         row("SIM.SetConfigurationBypassed", "Lets channels take no configuration, or take it again.",
             &SimulatedNode::setConfigurationBypassed),
+        row("SIM.SetCrossPolarDiscrimination",
+            "Sets how much weaker receivers get the other polarisation than their own.",
+            &SimulatedNode::setCrossPolarDiscrimination_dBTenths),
         row("SIM.SetDiversityPathLoss", "Sets the path loss to the second antennas of the receivers.",
             &SimulatedNode::setDiversityPathLoss_dBTenths),
         row("SIM.SetDuplexType",

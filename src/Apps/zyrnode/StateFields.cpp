@@ -15,6 +15,7 @@ using zyr_node::FaultList;
 using zyr_node::NodeReport;
 using zyr_simulation::ChannelState;
 using zyr_simulation::Fault;
+using zyr_simulation::Interferer;
 using zyr_simulation::RadioState;
 using zyr_simulation::ReceiverState;
 using zyr_simulation::TransmitterState;
@@ -35,6 +36,17 @@ struct RecordFields<Fault>
                                {.unit = kNoUnit, .hasDefault = true}),
         field<&Fault::code>("what the operation answers", {.unit = kNoUnit}),
         field<&Fault::count>("how many times it fails", {.unit = kNoUnit, .hasDefault = true}),
+    };
+};
+
+template <>
+struct RecordFields<Interferer>
+{
+    static constexpr std::array fields{
+        field<&Interferer::frequency_kHz>("the middle of what it fills", {.unit = "kHz"}),
+        field<&Interferer::width_kHz>("how wide it is, 1 kHz to 1 GHz", {.unit = "kHz", .hasDefault = true}),
+        field<&Interferer::level_dBmTenths>("level at which it is received, -990 to 0",
+                                            {.unit = "0.1 dBm", .hasDefault = true}),
     };
 };
 
@@ -109,6 +121,7 @@ struct RecordFields<NodeReport>
     static constexpr std::array fields{
         field<&NodeReport::hangingLongPolls>("long polls that wait now", {.unit = kNoUnit}),
         field<&NodeReport::channels>("radio channels, the first one first"),
+        field<&NodeReport::interferers>("foreign transmitters that the receivers hear"),
         field<&NodeReport::alarms>("all alarms that have ever been raised"),
         field<&NodeReport::faults>("orders to fail that aren't used up"),
     };
@@ -127,6 +140,11 @@ std::span<const zyr_registration::Field> reportFields()
 std::span<const zyr_registration::Field> faultListFields()
 {
     return zyr_registration::RecordFields<FaultList>::fields;
+}
+
+std::span<const zyr_registration::Field> interfererFields()
+{
+    return zyr_registration::RecordFields<zyr_simulation::Interferer>::fields;
 }
 
 std::span<const zyr_registration::Field> faultFields()

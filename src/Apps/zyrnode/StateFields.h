@@ -15,6 +15,7 @@ struct NodeReport
 {
     unsigned hangingLongPolls = 0;
     std::vector<zyr_simulation::ChannelState> channels;
+    std::vector<zyr_simulation::Interferer> interferers;
     std::vector<zyr_top_api::AlarmEvent> alarms;
     std::vector<zyr_simulation::Fault> faults;
 };
@@ -30,6 +31,9 @@ struct FaultList
 
 /// The fields of a `FaultList`.
 std::span<const zyr_registration::Field> faultListFields();
+
+/// The fields of an interferer.
+std::span<const zyr_registration::Field> interfererFields();
 
 /// The fields of an order to fail.
 std::span<const zyr_registration::Field> faultFields();
