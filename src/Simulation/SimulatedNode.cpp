@@ -1,6 +1,7 @@
 #include "SimulatedNode.h"
 
 #include "Drivers.h"
+#include "Hop.h"
 #include "ModuleManager.h"
 #include "SimulatedAcmHandler.h"
 #include "SimulatedAtpcController.h"
@@ -234,8 +235,16 @@ NodeSnapshot SimulatedNode::snapshot() const
 {
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
-    return {m_state->settings, m_state->dsp,          m_state->routes,    m_state->interferers,
-            m_state->channels, m_state->alarms.all(), allFaults(*m_state)};
+    return {.settings = m_state->settings,
+            .dsp = m_state->dsp,
+            .routes = m_state->routes,
+            .interferers = m_state->interferers,
+            .channels = m_state->channels,
+            .alarms = m_state->alarms.reported(),
+            .faults = allFaults(*m_state),
+            .systemTime = m_state->systemTime(),
+            .hardwareTime = m_state->hardwareTime(),
+            .hopLatency_ns = hopLatency_ns(*m_state)};
 }
 
 ChannelState SimulatedNode::channel(unsigned number) const
@@ -349,6 +358,14 @@ void SimulatedNode::setFarEndKey(unsigned channel, const std::string& key)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).encryption.farEndKey = print;
+    m_state->settle();
+}
+
+void SimulatedNode::setPpsSignalPresent(unsigned channel, bool present)
+{
+    const std::scoped_lock lock(m_state->mutex);
+    m_state->settle();
+    m_state->channel(channel).pps.isSignalPresent = present;
     m_state->settle();
 }
 

@@ -117,6 +117,10 @@ class SimulatedNode
     /// @throws std::invalid_argument if the key is longer than 64 bytes
     void setFarEndKey(unsigned channel, const std::string& key);
 
+    /// Brings the signal at a channel's external inputs of the pulse per second, or takes it away.
+    /// @throws std::out_of_range if the node has no such channel
+    void setPpsSignalPresent(unsigned channel, bool present);
+
     /// Plugs a channel's cable to the other polarisation in or out.
     /// @throws std::out_of_range if the node has no such channel
     void setXpicCableConnected(unsigned channel, bool connected);

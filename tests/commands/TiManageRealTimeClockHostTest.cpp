@@ -1,5 +1,6 @@
 #include "ClockDoubles.h"
 #include "CommandTest.h"
+#include "KeptZone.h"
 #include "SystemClock.h"
 #include "TiManageRealTimeClockImpl.h"
 

@@ -1,5 +1,6 @@
 #include "ClockDoubles.h"
 #include "CommandTest.h"
+#include "KeptZone.h"
 #include "MemorySink.h"
 #include "TiManageRealTimeClockImpl.h"
 

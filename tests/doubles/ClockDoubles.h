@@ -11,7 +11,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,24 +28,6 @@ inline std::string fieldsOf(const std::tm& time)
     }
     return text;
 }
-
-/// Gives TZ back to the process at its end.
-class KeptZone
-{
-  public:
-    KeptZone()
-    {
-        if (const char* const zone = std::getenv("TZ")) {
-            m_zone = zone;
-        }
-    }
-    ~KeptZone() { m_zone ? setenv("TZ", m_zone->c_str(), 1) : unsetenv("TZ"); }
-    KeptZone(const KeptZone&) = delete;
-    KeptZone& operator=(const KeptZone&) = delete;
-
-  private:
-    std::optional<std::string> m_zone;
-};
 
 /// Double of the wall clock. Its calls stand in the transcript; setting it also tells TZ at that moment.
 class SystemTimeDouble : public Util::SystemTimeApi, public Recorder

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <vector>
 
 #include <linux/rtc.h>
 #include <unistd.h>
@@ -163,6 +164,52 @@ TEST_F(ClocksTest, StampsOfTheTraceFollowTheSystemClockUntilTheNodeGoes)
     endNode();
     const std::time_t before = std::time(nullptr);
     EXPECT_LE(before, stamp());
+}
+
+TEST_F(ClocksTest, TimesOfAlarmsFollowTheSystemClockAndStayWhenItIsSet)
+{
+    const auto changedAt = [&] {
+        std::vector<std::time_t> times;
+        for (const auto& alarm : node().snapshot().alarms) {
+            times.push_back(std::chrono::floor<std::chrono::seconds>(alarm.changedAt).count());
+        }
+        return times;
+    };
+    using Times = std::vector<std::time_t>;
+    ASSERT_EQ(system().stime(&kMoment), 0);
+    EXPECT_EQ(acm(1).enableAcm(false), 0U);
+    EXPECT_EQ(changedAt(), (Times{kMoment}));
+    time().advance(10s);
+    EXPECT_EQ(acm(1).enableAcm(false), 0U);
+    EXPECT_EQ(changedAt(), (Times{kMoment})) << "it was raised already";
+    EXPECT_EQ(acm(2).enableAcm(false), 0U);
+    EXPECT_EQ(changedAt(), (Times{kMoment, kMoment + 10}));
+    const std::time_t later = kMoment + 86400;
+    ASSERT_EQ(system().stime(&later), 0);
+    EXPECT_EQ(changedAt(), (Times{kMoment, kMoment + 10}));
+    EXPECT_EQ(acm(1).enableAcm(true), 0U);
+    EXPECT_EQ(changedAt(), (Times{later, kMoment + 10}));
+}
+
+TEST_F(ClocksTest, SnapshotShowsBothClocks)
+{
+    ASSERT_EQ(setHardware(101, 1, 3, 4, 5, 6), 0);
+    ASSERT_EQ(system().stime(&kMoment), 0);
+    time().advance(2s);
+    const auto snapshot = node().snapshot();
+    EXPECT_EQ(snapshot.systemTime, std::chrono::seconds(kMoment + 2));
+    EXPECT_EQ(snapshot.hardwareTime, std::chrono::seconds(981173108)); // 2001-02-03 04:05:08
+}
+
+TEST_F(ClocksTest, NodeWithTheHostsClocksStampsAlarmsWithTheHostsTime)
+{
+    startNode({.hostClock = true});
+    const auto before = std::chrono::system_clock::now().time_since_epoch();
+    time().advance(1h);
+    EXPECT_EQ(acm(1).enableAcm(false), 0U);
+    const auto changedAt = node().snapshot().alarms.front().changedAt;
+    EXPECT_LE(before, changedAt);
+    EXPECT_LE(changedAt, std::chrono::system_clock::now().time_since_epoch());
 }
 
 TEST_F(ClocksTest, NodeThatWasGivenTheHostsClocksHasThemAndEveryNodeGivesThemBack)

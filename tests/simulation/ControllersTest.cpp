@@ -22,9 +22,6 @@ using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::LinkType;
 using zyr_top_api::MimoCalibrationStatus;
 using zyr_top_api::MimoLockStatus;
-using zyr_top_api::PpsCalibReasonOfFailure;
-using zyr_top_api::PpsCalibStatus;
-using zyr_top_api::PpsRtcCalibrationMode;
 using enum zyr_top_api::ModulationAndCoding;
 
 class ControllersTest : public SimulationFixture
@@ -256,55 +253,6 @@ TEST_F(ControllersTest, combinerMeasuresThePathsThatAreOn)
     EXPECT_EQ(sdc().getStatus().snirMain, -200);
     EXPECT_EQ(sdc().getStatus().snirDiversity, 0);
     EXPECT_EQ(sdc().getStatus().gain, 0);
-}
-
-TEST_F(ControllersTest, ppsRoleIsKept)
-{
-    auto& pps = require<nord::zyr::pps::IPpsController>("IPpsController2");
-    EXPECT_EQ(pps.configureRole(true, zyr_top_api::PpsOutputMode::Auto), 0U);
-    EXPECT_TRUE(node().channel(2).pps.isSlave);
-    EXPECT_EQ(node().channel(2).pps.outputMode, zyr_top_api::PpsOutputMode::Auto);
-    EXPECT_FALSE(node().channel(1).pps.isConfigured);
-}
-
-TEST_F(ControllersTest, ppsCalibrationRunsThroughItsSteps)
-{
-    auto status = PpsCalibStatus::Undefined;
-    auto reason = PpsCalibReasonOfFailure::Undefined;
-    const auto read = [&] {
-        EXPECT_EQ(dspChannel(1).ppsStatusGet(status, reason), 0U);
-        return status;
-    };
-    configure(1);
-    EXPECT_EQ(read(), PpsCalibStatus::NotCalibrated);
-    EXPECT_EQ(dspChannel(1).ppsRtcCalibrationStart(PpsRtcCalibrationMode::CoarseAndFine, 100), 0U);
-    EXPECT_EQ(read(), PpsCalibStatus::CoarseInProgress);
-    time().advance(2s);
-    EXPECT_EQ(read(), PpsCalibStatus::FineInProgress);
-    time().advance(1s);
-    EXPECT_EQ(read(), PpsCalibStatus::Successful);
-    EXPECT_EQ(reason, PpsCalibReasonOfFailure::NotRelevant);
-
-    node().setFarEndTransmits(false);
-    EXPECT_EQ(dspChannel(1).ppsRtcCalibrationStart(PpsRtcCalibrationMode::Fine, 100), 0U);
-    time().advance(1s);
-    EXPECT_EQ(read(), PpsCalibStatus::Failed);
-    EXPECT_EQ(reason, PpsCalibReasonOfFailure::SlaveLOL);
-
-    EXPECT_EQ(dspChannel(1).ppsRtcCalibrationStart(PpsRtcCalibrationMode::Auto, 100), 0U);
-    EXPECT_EQ(read(), PpsCalibStatus::AutoFineInProgress);
-    EXPECT_EQ(dspChannel(1).ppsRtcCalibrationStart(PpsRtcCalibrationMode::AutoOff, 100), 0U);
-    EXPECT_EQ(read(), PpsCalibStatus::NotCalibrated);
-    EXPECT_EQ(dspChannel(1).ppsRtcCalibrationStart(static_cast<PpsRtcCalibrationMode>(4), 100), 0xA100U);
-}
-
-TEST_F(ControllersTest, ppsSourceAndOutputAreKept)
-{
-    EXPECT_EQ(dspChannel(1).ppsConfigure(zyr_top_api::PpsSource::PeerSC, 1500), 0U);
-    EXPECT_EQ(dspChannel(1).ppsOutputModeSet(zyr_top_api::PpsOutputMode::On), 0U);
-    EXPECT_EQ(node().channel(1).pps.source, zyr_top_api::PpsSource::PeerSC);
-    EXPECT_EQ(node().channel(1).pps.offset_ns, 1500U);
-    EXPECT_EQ(node().channel(1).pps.outputMode, zyr_top_api::PpsOutputMode::On);
 }
 
 TEST_F(ControllersTest, delaysAreWrittenAndRead)

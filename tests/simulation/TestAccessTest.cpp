@@ -153,42 +153,6 @@ TEST_F(TestAccessTest, atpcKeepsItsGainsAndKnowsTheTarget)
     EXPECT_EQ(atpc.getTargetInputPower(), -450);
 }
 
-TEST_F(TestAccessTest, secondCompensationNeedsARecoveryBefore)
-{
-    configure(1);
-    auto& calculator = require<IRauLatencyCalculator>("IRauLatencyCalculator", 1);
-    zyr_top_api::RauLatencyRequest request;
-    request.group2 = {.value = 40, .hasValue = 1};
-    request.group5 = {.value = 100, .hasValue = 1};
-    request.group6 = {.value = 900, .hasValue = 0};
-    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0U);
-    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0x8013U);
-    EXPECT_EQ(require<nord::zyr::services::recovery::RecoveryController>("RecoveryController")
-                  .startDspRecovery(zyr_top_api::Recover::Dsp),
-              0U);
-    EXPECT_EQ(calculator.calculateAndSetDspDelayCompensation(request), 0U);
-
-    bool first = false;
-    bool isValid = true;
-    std::uint32_t third = 0;
-    std::uint32_t latency = 1;
-    EXPECT_EQ(calculator.getCurrentLatency(first, isValid, third, latency), 0U);
-    EXPECT_FALSE(isValid) << "the DSP recovers";
-    EXPECT_EQ(latency, 0U);
-    time().advance(5s);
-    EXPECT_EQ(calculator.getCurrentLatency(first, isValid, third, latency), 0U);
-    EXPECT_TRUE(isValid);
-    EXPECT_EQ(latency, 26'778U);
-}
-
-TEST_F(TestAccessTest, compensationIsRefusedByARadioThatCannot)
-{
-    startNode({.radioType = 3});
-    EXPECT_EQ(
-        require<IRauLatencyCalculator>("IRauLatencyCalculator", 1).calculateAndSetDspDelayCompensation({}),
-        0x8000U);
-}
-
 TEST_F(TestAccessTest, transmitterChainKeepsWhatATestSets)
 {
     std::int32_t value = 0;

@@ -77,6 +77,8 @@ void addOptions(CLI::App& app, Options& options)
     app.add_option("--fading", options.node.fading_dBTenths,
                    "Amplitude of the hop's slow fading, 0.1 dB, 0 for none. Default 5")
         ->check(CLI::Range(0, 1000));
+    app.add_option("--hop-length", options.node.hopLength_m, "Distance to the far end, m. Default 5000")
+        ->check(CLI::Range(0, 1'000'000));
     app.add_option("--seed", options.node.seed, "What is left to chance follows from it. Default 1");
     app.add_flag("--enable-ti", options.enableTi, "Open the test commands");
     app.add_flag("--host-clock", options.node.hostClock,

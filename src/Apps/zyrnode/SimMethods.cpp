@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <ctime>
 #include <functional>
 #include <span>
 #include <stdexcept>
@@ -162,11 +164,32 @@ SimMethod method(MethodNotes notes, std::function<Value(SimulatedNode& node, con
             }};
 }
 
+// As TI.ManageRealTimeClock tells a time.
+std::string wireTime(std::chrono::nanoseconds sinceEpoch)
+{
+    const std::time_t seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch).count();
+    std::tm fields{};
+    gmtime_r(&seconds, &fields);
+    std::array<char, sizeof "yyyymmddThh:mm:ss"> text{};
+    const auto length = std::strftime(text.data(), text.size(), "%Y%m%dT%H:%M:%S", &fields);
+    return {text.data(), length};
+}
+
 NodeReport reportOf(const SimulatedNode& node)
 {
     NodeSnapshot snapshot = node.snapshot();
-    return {node.alarmHandler().hangingRequests(), std::move(snapshot.channels),
-            std::move(snapshot.interferers), std::move(snapshot.alarms), std::move(snapshot.faults)};
+    std::vector<AlarmReport> alarms;
+    for (auto& alarm : snapshot.alarms) {
+        alarms.push_back({std::move(alarm), wireTime(alarm.changedAt)});
+    }
+    return {.hangingLongPolls = node.alarmHandler().hangingRequests(),
+            .systemTime = wireTime(snapshot.systemTime),
+            .hardwareTime = snapshot.settings.hostClock ? "" : wireTime(snapshot.hardwareTime),
+            .hopLengthTime_ns = snapshot.hopLatency_ns,
+            .channels = std::move(snapshot.channels),
+            .interferers = std::move(snapshot.interferers),
+            .alarms = std::move(alarms),
+            .faults = std::move(snapshot.faults)};
 }
 
 // What shows the node and lets it fail.
@@ -295,6 +318,9 @@ std::vector<SimMethod> setters()
         row("SIM.SetLongHaul", "Makes the radio units long haul ones, or ordinary ones.",
             &SimulatedNode::setLongHaul),
         row("SIM.SetPathLoss", "Sets the path loss of the hop.", &SimulatedNode::setPathLoss_dBTenths),
+        row("SIM.SetPpsSignalPresent",
+            "Brings the signal at a channel's external inputs of the pulse per second, or takes it away.",
+            &SimulatedNode::setPpsSignalPresent),
         row("SIM.SetRadioAvailable", "Takes a channel's radio unit away, or brings it back.",
             &SimulatedNode::setRadioAvailable),
         row("SIM.SetXpicCableConnected", "Plugs a channel's cable to the other polarisation in or out.",

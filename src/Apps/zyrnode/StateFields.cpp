@@ -11,11 +11,16 @@
 namespace zyr_registration
 {
 
+using zyr_node::AlarmReport;
 using zyr_node::FaultList;
 using zyr_node::NodeReport;
+using zyr_simulation::ChainDelays;
 using zyr_simulation::ChannelState;
+using zyr_simulation::DspChannelState;
 using zyr_simulation::Fault;
 using zyr_simulation::Interferer;
+using zyr_simulation::LatencyState;
+using zyr_simulation::PpsState;
 using zyr_simulation::RadioState;
 using zyr_simulation::ReceiverState;
 using zyr_simulation::TransmitterState;
@@ -96,6 +101,56 @@ struct RecordFields<ReceiverState>
 };
 
 template <>
+struct RecordFields<PpsState>
+{
+    static constexpr bool isPart = true;
+    static constexpr std::array fields{
+        field<&PpsState::isSlave>("whether this end follows the far end's pulse"),
+        field<&PpsState::source>("where the pulse comes from"),
+        field<&PpsState::offset_ns>("offset of the pulse", {.unit = "ns"}),
+        field<&PpsState::isSignalPresent>("whether there is a signal at the external inputs"),
+        field<&PpsState::outputMode>("how the output behaves"),
+        field<&PpsState::calibration>("where the calibration stands"),
+        field<&PpsState::reasonOfFailure>("why it failed"),
+        field<&PpsState::isCoarseDone>("whether a coarse calibration has succeeded"),
+        field<&PpsState::repeats>("whether the fine calibration is repeated"),
+        field<&PpsState::period_ms>("pause of a repeated calibration", {.unit = "ms"}),
+        field<&PpsState::asymmetry_ns>("compensation of the asymmetry", {.unit = "ns"}),
+    };
+};
+
+template <>
+struct RecordFields<LatencyState>
+{
+    static constexpr bool isPart = true;
+    static constexpr std::array fields{
+        field<&LatencyState::xpicSlave>("latency of the XPIC slave's receive path", {.unit = "ns"}),
+        field<&LatencyState::mimoSpatial>("latency of the MIMO spatial receive path", {.unit = "ns"}),
+        field<&LatencyState::mimoSpatialSlave>("latency of the MIMO spatial slave's receive path",
+                                               {.unit = "ns"}),
+    };
+};
+
+template <>
+struct RecordFields<ChainDelays>
+{
+    static constexpr std::array fields{
+        field<&ChainDelays::chain>("the receive chain"),
+        field<&ChainDelays::adjFifo>("adjustment delay in samples", {.unit = kNoUnit}),
+        field<&ChainDelays::fffFifo>("delay of the feed-forward filter in samples", {.unit = kNoUnit}),
+    };
+};
+
+template <>
+struct RecordFields<DspChannelState>
+{
+    static constexpr bool isPart = true;
+    static constexpr std::array fields{
+        field<&DspChannelState::chainDelays>("what compensates the latencies of the receive chains"),
+    };
+};
+
+template <>
 struct RecordFields<ChannelState>
 {
     static constexpr bool isPart = true;
@@ -112,6 +167,24 @@ struct RecordFields<ChannelState>
         field<&ChannelState::transmitter>("transmitter and power control"),
         field<&ChannelState::radio>("radio unit"),
         field<&ChannelState::receiver>("what the hop gives"),
+        field<&ChannelState::pps>("pulse per second"),
+        field<&ChannelState::latency>("latencies that are compensated for"),
+        field<&ChannelState::dsp>("the channel's part of the DSP"),
+    };
+};
+
+template <>
+struct RecordFields<AlarmReport>
+{
+    static constexpr bool isPart = true;
+    static constexpr std::array fields{
+        field<&AlarmReport::eventName, AlarmReport>("name of the alarm"),
+        field<&AlarmReport::isActive, AlarmReport>("whether the alarm is raised now"),
+        field<&AlarmReport::numberOfTimesEventHasBeenActive, AlarmReport>(
+            "how many times the alarm has been raised", {.unit = kNoUnit}),
+        field<&AlarmReport::radioChannelId, AlarmReport>("radio channel that the alarm concerns, 0 for all",
+                                                         {.range = Range{0, 2}}),
+        field<&AlarmReport::changedAt>("when it was raised or cleared last, by the node's system clock"),
     };
 };
 
@@ -120,6 +193,9 @@ struct RecordFields<NodeReport>
 {
     static constexpr std::array fields{
         field<&NodeReport::hangingLongPolls>("long polls that wait now", {.unit = kNoUnit}),
+        field<&NodeReport::systemTime>("the node's system clock"),
+        field<&NodeReport::hardwareTime>("its hardware clock; empty if they are the host's"),
+        field<&NodeReport::hopLengthTime_ns>("travelling time of the hop", {.unit = "ns"}),
         field<&NodeReport::channels>("radio channels, the first one first"),
         field<&NodeReport::interferers>("foreign transmitters that the receivers hear"),
         field<&NodeReport::alarms>("all alarms that have ever been raised"),

@@ -1,22 +1,34 @@
 #pragma once
 
+#include "AlarmEvent.h"
 #include "FaultInjector.h"
 #include "NodeSnapshot.h"
 #include "ValueType.h"
 
+#include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace zyr_node
 {
 
-/// What "SIM.GetState" answers.
+/// An alarm with its time.
+struct AlarmReport : zyr_top_api::AlarmEvent
+{
+    std::string changedAt; ///< When it was raised or cleared last, on the node's clock.
+};
+
+/// What "SIM.GetState" answers. Times have the form of "TI.ManageRealTimeClock".
 struct NodeReport
 {
     unsigned hangingLongPolls = 0;
+    std::string systemTime;
+    std::string hardwareTime; ///< Empty with the host's clocks.
+    std::uint32_t hopLengthTime_ns = 0;
     std::vector<zyr_simulation::ChannelState> channels;
     std::vector<zyr_simulation::Interferer> interferers;
-    std::vector<zyr_top_api::AlarmEvent> alarms;
+    std::vector<AlarmReport> alarms;
     std::vector<zyr_simulation::Fault> faults;
 };
 

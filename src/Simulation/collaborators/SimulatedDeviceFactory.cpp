@@ -100,7 +100,7 @@ int SimulatedDeviceFactory::request(unsigned number, unsigned long argument) con
     // NOLINTNEXTLINE(performance-no-int-to-ptr): so do requests of the kernel pass a record
     auto& fields = *reinterpret_cast<rtc_time*>(argument);
     if (number == RTC_RD_TIME) {
-        fields = locked([&] { return fieldsOf(node().clocks.hardware + node().now()); });
+        fields = locked([&] { return fieldsOf(node().hardwareTime()); });
         return 0;
     }
     if (number != RTC_SET_TIME) {

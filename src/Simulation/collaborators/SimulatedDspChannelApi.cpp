@@ -1,6 +1,7 @@
 #include "SimulatedDspChannelApi.h"
 
 #include "Hop.h"
+#include "Pps.h"
 #include "Processes.h"
 
 namespace zyr_simulation
@@ -69,31 +70,10 @@ ETIResult SimulatedDspChannelApi::getPpfLockStatus(bool& locked)
 ETIResult SimulatedDspChannelApi::ppsRtcCalibrationStart(PpsRtcCalibrationMode mode,
                                                          std::uint16_t periodMilliSec)
 {
-    const auto begin = [&](PpsCalibStatus status, std::chrono::nanoseconds duration) {
-        pps().calibration = status;
-        pps().reasonOfFailure = PpsCalibReasonOfFailure::NotRelevant;
-        pps().calibrationEndsAt = node().settleAfter(duration);
-    };
     return perform<ETIResult>("ppsRtcCalibrationStart", [&] {
-        switch (mode) {
-        case PpsRtcCalibrationMode::CoarseAndFine:
-            begin(PpsCalibStatus::CoarseInProgress, kPpsCoarseCalibrationTime);
-            break;
-        case PpsRtcCalibrationMode::Fine:
-            begin(PpsCalibStatus::FineInProgress, kPpsFineCalibrationTime);
-            break;
-        case PpsRtcCalibrationMode::Auto:
-            begin(PpsCalibStatus::AutoFineInProgress, kPpsFineCalibrationTime);
-            break;
-        case PpsRtcCalibrationMode::AutoOff:
-            pps().calibration = PpsCalibStatus::NotCalibrated;
-            break;
-        default:
-            return zyr_top_api::eTI_E_INVALID_ARGUMENT;
-        }
-        pps().repeats = mode == PpsRtcCalibrationMode::Auto;
-        pps().period_ms = periodMilliSec;
-        return zyr_top_api::eTI_S_OK;
+        return startPpsCalibration(node(), channel(), mode, periodMilliSec)
+                   ? zyr_top_api::eTI_S_OK
+                   : zyr_top_api::eTI_E_INVALID_ARGUMENT;
     });
 }
 
@@ -137,19 +117,19 @@ bool SimulatedDspChannelApi::onePpsAsymmetryCompensation(Action action, std::int
 
 bool SimulatedDspChannelApi::rxChainDelay(Action action, ModemChain chain, std::uint8_t& samples)
 {
-    return perform<bool>("rxChainDelay", [&] { exchange(action, dsp().rxChainDelays[chain], samples); });
+    return perform<bool>("rxChainDelay", [&] { exchange(action, dsp().delaysOf(chain).adjFifo, samples); });
 }
 
 bool SimulatedDspChannelApi::rxEqualizerFeedForwardFilterDelay(Action action, ModemChain chain,
                                                                std::uint8_t& samples)
 {
     return perform<bool>("rxEqualizerFeedForwardFilterDelay",
-                         [&] { exchange(action, dsp().equalizerDelays[chain], samples); });
+                         [&] { exchange(action, dsp().delaysOf(chain).fffFifo, samples); });
 }
 
 ETIResult SimulatedDspChannelApi::setRxChainDelay(ModemChain chain, unsigned char delay)
 {
-    return perform<ETIResult>("setRxChainDelay", [&] { dsp().rxChainDelays[chain] = delay; });
+    return perform<ETIResult>("setRxChainDelay", [&] { dsp().delaysOf(chain).adjFifo = delay; });
 }
 
 ETIResult SimulatedDspChannelApi::mimoDiversityMute(bool mute)

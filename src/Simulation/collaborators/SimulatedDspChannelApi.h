@@ -50,8 +50,7 @@ class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi
     zyr_top_api::ETIResult getPpfLockStatus(bool& locked) override;
 
     /// The coarse calibration, if the mode has one, takes `kPpsCoarseCalibrationTime`, the fine one behind it
-    /// `kPpsFineCalibrationTime`; they fail without a link. The mode AutoOff ends whatever is running.
-    /// Refuses other modes.
+    /// `kPpsFineCalibrationTime`. How they end: `startPpsCalibration`. Refuses other modes.
     zyr_top_api::ETIResult ppsRtcCalibrationStart(zyr_top_api::PpsRtcCalibrationMode mode,
                                                   std::uint16_t periodMilliSec) override;
     zyr_top_api::ETIResult ppsStatusGet(zyr_top_api::PpsCalibStatus& status,

@@ -13,6 +13,7 @@ void AlarmBoard::raise(std::string_view name, unsigned channel)
     if (!condition.isActive) {
         condition.isActive = true;
         ++condition.count;
+        condition.changedAt = m_clock();
         m_changed.notify_all();
     }
 }
@@ -22,6 +23,7 @@ void AlarmBoard::clear(std::string_view name, unsigned channel)
     const auto alarm = m_alarms.find(Key(name, channel));
     if (alarm != m_alarms.end() && alarm->second.isActive) {
         alarm->second.isActive = false;
+        alarm->second.changedAt = m_clock();
         m_changed.notify_all();
     }
 }
@@ -43,12 +45,18 @@ void AlarmBoard::resetCountsOfInactive()
 
 std::vector<AlarmEvent> AlarmBoard::all() const
 {
-    std::vector<AlarmEvent> events;
-    events.reserve(m_alarms.size());
+    const auto alarms = reported();
+    return {alarms.begin(), alarms.end()};
+}
+
+std::vector<ReportedAlarm> AlarmBoard::reported() const
+{
+    std::vector<ReportedAlarm> alarms;
+    alarms.reserve(m_alarms.size());
     for (const auto& [key, condition] : m_alarms) {
-        events.push_back({key.first, condition.isActive, condition.count, key.second});
+        alarms.push_back({{key.first, condition.isActive, condition.count, key.second}, condition.changedAt});
     }
-    return events;
+    return alarms;
 }
 
 std::vector<AlarmEvent> AlarmBoard::active() const
@@ -85,8 +93,8 @@ bool AlarmBoard::differsFrom(const std::vector<AlarmEvent>& view) const
 {
     std::map<Key, Condition> seen;
     for (const auto& event : view) {
-        seen[Key(event.eventName, event.radioChannelId)] = {event.isActive,
-                                                            event.numberOfTimesEventHasBeenActive};
+        seen[Key(event.eventName, event.radioChannelId)] = {.isActive = event.isActive,
+                                                            .count = event.numberOfTimesEventHasBeenActive};
     }
     return seen != m_alarms;
 }

@@ -2,7 +2,9 @@
 
 #include "AlarmEvent.h"
 
+#include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -30,6 +32,12 @@ inline constexpr std::string_view kDspRecovery =
 
 } // namespace alarm
 
+/// An alarm as people see it.
+struct ReportedAlarm : zyr_top_api::AlarmEvent
+{
+    std::chrono::nanoseconds changedAt{0}; ///< When it was raised or cleared last, on the node's wall clock.
+};
+
 /// The alarms of the node, and the place where long polls wait for a change of them.
 ///
 /// An alarm is known from the first time that it is raised. Everything here is guarded by the node's mutex:
@@ -43,6 +51,9 @@ class AlarmBoard
         Changed,  ///< The alarms differ from the view.
         Released, ///< The wait was released, or the board is shut down.
     };
+
+    /// @param clock  gives the node's wall clock, counted from 1970
+    explicit AlarmBoard(std::function<std::chrono::nanoseconds()> clock) : m_clock(std::move(clock)) {}
 
     /// Raises an alarm, or does nothing if it is active.
     void raise(std::string_view name, unsigned channel);
@@ -58,6 +69,9 @@ class AlarmBoard
 
     /// All known alarms, by name and then by channel.
     std::vector<zyr_top_api::AlarmEvent> all() const;
+
+    /// The same with their times. A time stays as it is when the clock is set afterwards.
+    std::vector<ReportedAlarm> reported() const;
 
     /// The alarms that are raised now, in the same order.
     std::vector<zyr_top_api::AlarmEvent> active() const;
@@ -81,12 +95,18 @@ class AlarmBoard
     {
         bool isActive = false;
         std::int32_t count = 0;
+        std::chrono::nanoseconds changedAt{0};
 
-        bool operator==(const Condition&) const = default;
+        /// As a view sees it, which has no times.
+        bool operator==(const Condition& other) const
+        {
+            return isActive == other.isActive && count == other.count;
+        }
     };
 
     bool differsFrom(const std::vector<zyr_top_api::AlarmEvent>& view) const;
 
+    std::function<std::chrono::nanoseconds()> m_clock;
     std::map<Key, Condition> m_alarms;
     std::condition_variable m_changed;
     unsigned m_waiting = 0;

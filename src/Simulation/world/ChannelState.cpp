@@ -5,6 +5,12 @@ namespace zyr_simulation
 
 using zyr_top_api::EDspChannelState;
 
+ChainDelays& DspChannelState::delaysOf(bcm::types::ModemChain chain)
+{
+    const auto found = std::ranges::find(chainDelays, chain, &ChainDelays::chain);
+    return found != chainDelays.end() ? *found : chainDelays.emplace_back(chain);
+}
+
 EDspChannelState ChannelState::configuration() const
 {
     const bool hasFrame = radioFrameId != 0;

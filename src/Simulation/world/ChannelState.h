@@ -26,6 +26,7 @@
 #include "TxRequestedStatus.h"
 #include "XpicMimoPreamble.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -137,12 +138,20 @@ struct LoopState
     bool isClosed() const { return isIfLoopClosed || isRfLoopClosed; }
 };
 
-/// The compensation of the radio path's latency.
+/// The latencies of the secondary receive paths that are compensated for, in nanoseconds.
 struct LatencyState
 {
-    bool isCompensated = false;
-    std::uint32_t compensation = 0;
-    unsigned setInRecovery = 0; ///< The count of recoveries of the DSP when it was set.
+    std::int32_t xpicSlave = 0;
+    std::int32_t mimoSpatial = 0;
+    std::int32_t mimoSpatialSlave = 0;
+    /// How many recoveries there had been when the DSP asked for one more.
+    std::optional<unsigned> resetNeededBehind = {};
+
+    /// What the slowest path adds; the main one adds nothing.
+    std::uint32_t greatest() const
+    {
+        return static_cast<std::uint32_t>(std::max({0, xpicSlave, mimoSpatial, mimoSpatialSlave}));
+    }
 };
 
 /// The space diversity combiner of the radio unit.
@@ -281,6 +290,13 @@ struct BasebandSdcState
     bool isCalibrated = false; ///< By the last calibration that ended; an aborted one changes nothing.
 };
 
+/// How a calibration of the pulse per second ended.
+struct PpsResult
+{
+    zyr_top_api::PpsCalibStatus status = zyr_top_api::PpsCalibStatus::NotCalibrated;
+    zyr_top_api::PpsCalibReasonOfFailure reason = zyr_top_api::PpsCalibReasonOfFailure::NotRelevant;
+};
+
 /// The pulse per second.
 struct PpsState
 {
@@ -291,9 +307,18 @@ struct PpsState
     std::uint32_t offset_ns = 0;
     zyr_top_api::PpsCalibStatus calibration = zyr_top_api::PpsCalibStatus::NotCalibrated;
     zyr_top_api::PpsCalibReasonOfFailure reasonOfFailure = zyr_top_api::PpsCalibReasonOfFailure::NotRelevant;
-    bool repeats = false; ///< The automatic mode is on.
+    bool isSignalPresent = true; ///< At the external inputs; set from outside.
+    bool isCoarseDone = false;   ///< A coarse step has succeeded.
+    PpsResult lastResult = {};   ///< Of the last calibration that ended.
+    bool repeats = false;        ///< The automatic mode is on.
     std::uint16_t period_ms = 0;
-    std::chrono::nanoseconds calibrationEndsAt{0}; ///< When the running step of a calibration ends.
+    std::chrono::nanoseconds repeatsAt{0}; ///< When the next automatic step begins.
+    // The running step of a calibration: its end, the first thing that went wrong in it, and the modulations
+    // at its start.
+    std::chrono::nanoseconds stepEndsAt{0};
+    zyr_top_api::PpsCalibReasonOfFailure disturbance = zyr_top_api::PpsCalibReasonOfFailure::NotRelevant;
+    zyr_top_api::ModulationAndCoding rxModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
+    zyr_top_api::ModulationAndCoding txModulation = zyr_top_api::ModulationAndCoding::UNDEFINED;
     std::int16_t asymmetry_ns = 0;
 };
 
@@ -305,12 +330,22 @@ struct TxSignal
     int toneFrequency = 0;
 };
 
+/// What compensates a receive chain's latency, in samples.
+struct ChainDelays
+{
+    bcm::types::ModemChain chain = bcm::types::ModemChain::Main;
+    std::uint8_t adjFifo = 0;
+    std::uint8_t fffFifo = 0;
+};
+
 /// The channel's part of the DSP.
 struct DspChannelState
 {
     std::map<bcm::types::ModemChain, TxSignal> txSignals;
-    std::map<bcm::types::ModemChain, std::uint8_t> rxChainDelays;
-    std::map<bcm::types::ModemChain, std::uint8_t> equalizerDelays;
+    std::vector<ChainDelays> chainDelays{
+        {bcm::types::ModemChain::Main},         {bcm::types::ModemChain::XpicSlave},
+        {bcm::types::ModemChain::MrcDiversity}, {bcm::types::ModemChain::MrcDiversitySlave},
+        {bcm::types::ModemChain::MimoSpatial},  {bcm::types::ModemChain::MimoXSpatialSlave}};
     std::int32_t txIfFrequency = 0;
     std::int32_t rxIfFrequency = 0;
     std::int32_t filters = 0;
@@ -325,6 +360,9 @@ struct DspChannelState
     InjectedFailure i2cFailure;
     InjectedFailure acmEnableFailure;
     InjectedFailure acmThresholdFailure;
+
+    /// The delays of a chain, also of one that is none: commands hand any number on.
+    ChainDelays& delaysOf(bcm::types::ModemChain chain);
 };
 
 /// The encryption of the radio link, at this end and at the far one. The keys themselves are kept nowhere.

@@ -395,9 +395,9 @@ std::int32_t noiseFloor_dBmTenths(const ChannelState& channel)
 std::uint32_t hopLatency_ns(const NodeState& node)
 {
     constexpr double metresPerNanosecond = 0.299792458;
-    constexpr double modems_ns = 10'000;
+    const auto units_ns = 2.0 * radioType(node.settings.radioType).unitLatency_ns;
     return static_cast<std::uint32_t>(
-        std::lround(node.settings.hopLength_m / metresPerNanosecond + modems_ns));
+        std::lround(node.settings.hopLength_m / metresPerNanosecond + units_ns));
 }
 
 } // namespace zyr_simulation

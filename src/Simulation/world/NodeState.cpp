@@ -1,6 +1,7 @@
 #include "NodeState.h"
 
 #include "Hop.h"
+#include "Pps.h"
 #include "Processes.h"
 #include "RadioType.h"
 
@@ -22,7 +23,7 @@ constexpr std::chrono::nanoseconds kTickPeriod = 100ms;
 } // namespace
 
 NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time)
-    : faults(options.channels), settings(options), m_time(time)
+    : faults(options.channels), alarms([this] { return systemTime(); }), settings(options), m_time(time)
 {
     if (options.channels < 1 || options.channels > 2) {
         throw std::invalid_argument("a node has 1 or 2 radio channels, not " +
@@ -45,12 +46,18 @@ void NodeState::start()
     after(kTickPeriod, &NodeState::tick);
 }
 
+std::chrono::nanoseconds NodeState::systemTime() const
+{
+    return settings.hostClock ? std::chrono::system_clock::now().time_since_epoch() : clocks.system + now();
+}
+
 void NodeState::settle()
 {
     settleDspRecovery(*this);
     for (auto& channel : channels) {
         settleProcesses(*this, channel);
         settleHop(*this, channel);
+        settlePps(*this, channel);
     }
 }
 

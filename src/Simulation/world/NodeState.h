@@ -63,6 +63,12 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     /// The time of the node's clock.
     std::chrono::nanoseconds now() const { return m_time.now(); }
 
+    /// The node's wall clock, counted from 1970.
+    std::chrono::nanoseconds systemTime() const;
+
+    /// The node's hardware clock, counted from 1970; not looked at with the host's clocks.
+    std::chrono::nanoseconds hardwareTime() const { return clocks.hardware + now(); }
+
     /// Brings everything that changes by itself up to the present: transmitters, restarts, calibrations, the
     /// hop, and the alarms that follow from them. Called with the mutex held.
     void settle();

@@ -19,8 +19,6 @@ using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ETxPowerOverrideState;
 using zyr_top_api::MimoCalibrationStatus;
 using zyr_top_api::ModulationAndCoding;
-using zyr_top_api::PpsCalibReasonOfFailure;
-using zyr_top_api::PpsCalibStatus;
 using zyr_top_api::RadioRestartStatus;
 using zyr_top_api::SdcStatus;
 using zyr_top_api::TapsLogData;
@@ -80,31 +78,6 @@ void settleBasebandSdc(NodeState& node, BasebandSdcState& sdc, nanoseconds now)
         }
     }
     settleDade(sdc, now);
-}
-
-void finishPps(PpsState& pps, PpsCalibStatus status, PpsCalibReasonOfFailure reason)
-{
-    pps.calibration = status;
-    pps.reasonOfFailure = reason;
-}
-
-void settlePps(NodeState& node, ChannelState& channel, nanoseconds now)
-{
-    auto& pps = channel.pps;
-    const bool isRunning = pps.calibration == PpsCalibStatus::CoarseInProgress ||
-                           pps.calibration == PpsCalibStatus::FineInProgress ||
-                           pps.calibration == PpsCalibStatus::AutoFineInProgress;
-    if (!isRunning || now < pps.calibrationEndsAt) {
-        return;
-    }
-    if (!channel.receiver.isLinkUp) {
-        finishPps(pps, PpsCalibStatus::Failed, PpsCalibReasonOfFailure::SlaveLOL);
-    } else if (pps.calibration == PpsCalibStatus::CoarseInProgress) {
-        pps.calibration = PpsCalibStatus::FineInProgress;
-        pps.calibrationEndsAt = node.settleAfter(kPpsFineCalibrationTime);
-    } else {
-        finishPps(pps, PpsCalibStatus::Successful, PpsCalibReasonOfFailure::NotRelevant);
-    }
 }
 
 void settleMimo(ChannelState& channel, nanoseconds now)
@@ -202,7 +175,6 @@ void settleProcesses(NodeState& node, ChannelState& channel)
     settleRadio(channel.radio, now);
     settleTransmitter(node, channel, now);
     settleBasebandSdc(node, channel.basebandSdc, now);
-    settlePps(node, channel, now);
     settleMimo(channel, now);
     settleSdc(channel.sdc, now);
     settleTapsLog(channel, now);

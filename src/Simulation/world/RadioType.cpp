@@ -44,7 +44,8 @@ constexpr std::array<RadioType, 3> kTypes{
               .maxPower_dBmTenths = 260,
               .greatestInWideFrames = ModulationAndCoding::QAM_1024_LIGHT,
               .wideSpacing_kHz = 80'000,
-              .greatestSpacing_kHz = 112'000},
+              .greatestSpacing_kHz = 112'000,
+              .unitLatency_ns = 5'000},
     RadioType{
         .name = "23 GHz",
         .frequencies = band(23, 2, 22'000'000, 23'008'000, 600'000),
@@ -53,7 +54,8 @@ constexpr std::array<RadioType, 3> kTypes{
         .maxPower_dBmTenths = 220,
         .greatestInWideFrames = ModulationAndCoding::UNDEFINED,
         .wideSpacing_kHz = 0,
-        .greatestSpacing_kHz = 224'000},
+        .greatestSpacing_kHz = 224'000,
+        .unitLatency_ns = 4'000},
     RadioType{.name = "6 GHz long haul",
               .frequencies = band(6, 3, 5'930'000, 6'182'000, 240'000),
               .features = {.SpaceDiversityCombinerCapable = true, .LongHaulBoosterCapable = true},
@@ -61,7 +63,8 @@ constexpr std::array<RadioType, 3> kTypes{
               .maxPower_dBmTenths = 310,
               .greatestInWideFrames = ModulationAndCoding::UNDEFINED,
               .wideSpacing_kHz = 0,
-              .greatestSpacing_kHz = 80'000},
+              .greatestSpacing_kHz = 80'000,
+              .unitLatency_ns = 7'000},
 };
 
 } // namespace

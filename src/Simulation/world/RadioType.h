@@ -21,6 +21,7 @@ struct RadioType
     zyr_top_api::ModulationAndCoding greatestInWideFrames;
     std::int32_t wideSpacing_kHz;
     std::int32_t greatestSpacing_kHz; ///< Wider frames can't be used at all.
+    std::uint32_t unitLatency_ns;     ///< What each end adds to the way of the signal.
 };
 
 /// The radio type with this number.
