@@ -96,6 +96,7 @@ constexpr CommandEntry entryOf()
                       .request = Notes::request,
                       .response = Notes::response,
                       .faults = Notes::faults,
+                      .needs = Notes::needs,
                       .isTest = identity.isGated() || !identity.isDispatched(),
                       .isLongPoll = identity.route == Route::DispatchedUnlocked,
                       .makeRequest = &detail::makeRecord<typename XImpl::Command>},

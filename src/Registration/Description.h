@@ -63,6 +63,13 @@ inline constexpr FaultNote kRadioChannelOutOfBounds{eTI_E_INVALID_ARGUMENT, "Rad
 /// The longest time of a method that waits for nothing.
 inline constexpr std::chrono::milliseconds kPrompt{1000};
 
+/// What the example of a method needs to serve on a simulated node that has just started.
+struct ExampleNeeds
+{
+    std::string_view options = {}; ///< of `zyrnode`: "--radio-type 3"
+    std::string_view before = {};  ///< a method whose example has to run before
+};
+
 /// What is to be known of a method to call it.
 struct MethodNotes
 {
@@ -74,6 +81,7 @@ struct MethodNotes
     std::span<const Field> request = {};
     std::span<const Field> response = {};
     std::span<const FaultNote> faults = {};
+    ExampleNeeds needs = {};
     bool isTest = false;              ///< refused while the test family is closed
     bool isLongPoll = false;          ///< blocks as long as its caller wishes
     MakeRecord makeRequest = nullptr; ///< the record of the request
@@ -87,6 +95,7 @@ struct DescriptionDefaults
     static constexpr std::array<Field, 0> response =
         {}; ///< fields of its `Response`, without the result and the fault
     static constexpr std::array<FaultNote, 0> faults = {}; ///< all that it can give by itself
+    static constexpr ExampleNeeds needs = {};
 };
 
 /// The machine description of a command, by its implementation type. Every command has one, in

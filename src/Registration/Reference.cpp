@@ -186,6 +186,10 @@ Value describe(const MethodNotes& method, std::uint32_t numberOfChannels)
     if (!method.isLongPoll) {
         shown["longest_ms"] = method.longest.count();
     }
+    if (!method.needs.options.empty() || !method.needs.before.empty()) {
+        shown["needs"] = {{"options", std::string(method.needs.options)},
+                          {"before", std::string(method.needs.before)}};
+    }
     shown["request"] = describeFields({.fields = method.request,
                                        .isRequest = true,
                                        .numberOfChannels = numberOfChannels,

@@ -11,7 +11,9 @@ namespace zyr_registration
 
 /// A method as data, for programs that write help, complete input, convert values, draw or cache: `name`,
 /// `help`, `group`, `test` (refused while the test family is closed), `longPoll`, `readOnly`,
-/// `disturbsTraffic`, `longest_ms` (from its start to its answer; of no long poll), `request` and `response`
+/// `disturbsTraffic`, `longest_ms` (from its start to its answer; of no long poll), `needs` (if its example
+/// needs more than a simulated node that has just started: a struct of `options`, those of `zyrnode`, and
+/// `before`, a method whose example has to run before; empty if there is none), `request` and `response`
 /// (arrays of fields), `faults` (array of structs of `result`, `faultCode`, `text`, `meaning`; "<n>" and the
 /// like in a text stand for what differs from call to call).
 ///

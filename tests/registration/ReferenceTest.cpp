@@ -63,6 +63,13 @@ TEST(ReferenceTest, WaitsCountForTheLongestTime)
     EXPECT_EQ(described("CRI.SetRadioChannelNearEnd", "/longest_ms"), 60000);
 }
 
+TEST(ReferenceTest, NeedsOfAnExampleAreTold)
+{
+    EXPECT_EQ(described("CRI.SetSdcEnable", "/needs").dump(), R"({"options":"--radio-type 3","before":""})");
+    EXPECT_EQ(described("CRI.GetHopLengthTimeDspPps", "/needs").dump(),
+              R"({"options":"","before":"CRI.SetRadioChannelNearEnd"})");
+}
+
 TEST(ReferenceTest, ElementsOfAnArrayAreDescribed)
 {
     EXPECT_EQ(described("CI.GetFastEvents", "/request/0/type"), "array");

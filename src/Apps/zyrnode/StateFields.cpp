@@ -35,11 +35,11 @@ template <>
 struct RecordFields<Fault>
 {
     static constexpr std::array fields{
-        field<&Fault::collaborator>("name of the interface, as IAcmHandler"),
-        field<&Fault::operation>("name of its operation, as enableAcm"),
+        field<&Fault::collaborator>("name of the interface", {.example = "IAcmHandler"}),
+        field<&Fault::operation>("name of its operation", {.example = "enableAcm"}),
         field<&Fault::channel>("radio channel whose collaborator fails, 0 for any",
                                {.unit = kNoUnit, .hasDefault = true}),
-        field<&Fault::code>("what the operation answers", {.unit = kNoUnit}),
+        field<&Fault::code>("what the operation answers", {.unit = kNoUnit, .example = "32768"}),
         field<&Fault::count>("how many times it fails", {.unit = kNoUnit, .hasDefault = true}),
     };
 };

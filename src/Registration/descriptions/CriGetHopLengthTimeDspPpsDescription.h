@@ -16,6 +16,7 @@ struct Description<zyr_top_api::CriGetHopLengthTimeDspPpsImpl> : DescriptionDefa
         "Gives the hop length time that a radio channel's pulse per second has measured.";
     static constexpr Group group = Group::Timing;
     static constexpr Effect effect = Effect::Reads;
+    static constexpr ExampleNeeds needs{.before = "CRI.SetRadioChannelNearEnd"};
     static constexpr std::array request{
         field<&Command::channelId>("radio channel", {.isChannel = true}),
     };

@@ -17,6 +17,7 @@ struct Description<zyr_top_api::CriGetSdcStatusImpl> : DescriptionDefaults
         "Gives the state of the space diversity combiner (SDC) of a radio channel.";
     static constexpr Group group = Group::Diversity;
     static constexpr Effect effect = Effect::Reads;
+    static constexpr ExampleNeeds needs{.options = "--radio-type 3"};
     static constexpr std::array request{
         field<&Command::channelId>("radio channel"),
     };

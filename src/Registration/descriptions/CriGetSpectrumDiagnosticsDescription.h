@@ -38,6 +38,7 @@ struct Description<zyr_top_api::CriGetSpectrumDiagnosticsImpl> : DescriptionDefa
         "Starts, stops or reads a spectrum scan of a radio channel; a running scan takes the link.";
     static constexpr Group group = Group::Status;
     static constexpr Effect effect = Effect::DisturbsTraffic;
+    static constexpr ExampleNeeds needs{.before = "CRI.SetRadioChannelNearEnd"};
     static constexpr std::array request{
         field<&Command::RadioChannelID>("radio channel", {.isChannel = true}),
         field<&Command::RequestOption>(

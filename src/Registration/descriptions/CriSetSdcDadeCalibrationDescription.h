@@ -15,6 +15,7 @@ struct Description<zyr_top_api::CriSetSdcDadeCalibrationImpl> : DescriptionDefau
         "Starts or aborts the DADE calibration of the space diversity combiner (SDC) of a radio channel.";
     static constexpr Group group = Group::Diversity;
     static constexpr Effect effect = Effect::Changes;
+    static constexpr ExampleNeeds needs{.options = "--radio-type 3"};
     static constexpr std::array request{
         field<&Command::channelId>("radio channel"),
         field<&Command::dadeCalibration>("true starts a calibration, false aborts it"),

@@ -15,6 +15,7 @@ struct Description<zyr_top_api::CriSetSdcEnableImpl> : DescriptionDefaults
         "Switches the space diversity combiner (SDC) of a radio channel on or off.";
     static constexpr Group group = Group::Diversity;
     static constexpr Effect effect = Effect::DisturbsTraffic;
+    static constexpr ExampleNeeds needs{.options = "--radio-type 3"};
     static constexpr std::array request{
         field<&Command::channelId>("radio channel"),
         field<&Command::sdcEnable>("true switches the combiner on, false off"),

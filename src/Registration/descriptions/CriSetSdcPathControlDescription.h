@@ -16,6 +16,7 @@ struct Description<zyr_top_api::CriSetSdcPathControlImpl> : DescriptionDefaults
         "Chooses the path of the space diversity combiner (SDC) of a radio channel.";
     static constexpr Group group = Group::Diversity;
     static constexpr Effect effect = Effect::DisturbsTraffic;
+    static constexpr ExampleNeeds needs{.options = "--radio-type 3"};
     static constexpr std::array request{
         field<&Command::channelId>("radio channel"),
         field<&Command::sdcPath>("path; any other text counts as invalid",

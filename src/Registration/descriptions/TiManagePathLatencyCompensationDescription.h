@@ -17,6 +17,7 @@ struct Description<zyr_top_api::TiManagePathLatencyCompensationImpl> : Descripti
         "Sets delays by which the DSP compensates the path latency, and gives all of them.";
     static constexpr Group group = Group::Timing;
     static constexpr Effect effect = Effect::DisturbsTraffic;
+    static constexpr ExampleNeeds needs{.before = "CRI.SetRadioChannelNearEnd"};
     static constexpr std::array request{
         field<&Command::radioChannelId>("radio channel, 1 if left out", {.isChannel = true}),
         field<&Command::onePpsDelaySet>(
