@@ -126,6 +126,7 @@ XmlRpcClient::Impl::Impl(ClientOptions options)
     set(CURLOPT_USERAGENT, "zyrctl");
     set(CURLOPT_NOSIGNAL, 1L);
     set(CURLOPT_TIMEOUT_MS, static_cast<long>(m_options.timeout.count()));
+    set(CURLOPT_TCP_KEEPALIVE, 1L); // a server that has vanished is noticed during a long poll too
     set(CURLOPT_ERRORBUFFER, m_reason.data());
     set(CURLOPT_WRITEFUNCTION, &Impl::onBody);
     set(CURLOPT_WRITEDATA, static_cast<void*>(this));
@@ -214,7 +215,7 @@ void XmlRpcClient::Impl::failTransfer(CURLcode code) const
     if (code == CURLE_URL_MALFORMAT || (code == CURLE_UNSUPPORTED_PROTOCOL && !wasConnected())) {
         throw ClientError("the URL " + m_shownUrl + " cannot be used: " + reason);
     }
-    throw ProtocolError("the exchange with " + m_shownUrl + " broke off: " + reason);
+    throw BrokenOffError("the exchange with " + m_shownUrl + " broke off: " + reason);
 }
 
 std::size_t XmlRpcClient::Impl::onBody(char* data, std::size_t size, std::size_t count, void* self)

@@ -54,6 +54,13 @@ class ProtocolError : public ClientError
     using ClientError::ClientError;
 };
 
+/// The exchange broke off before the answer was complete.
+class BrokenOffError : public ProtocolError
+{
+  public:
+    using ProtocolError::ProtocolError;
+};
+
 /// How the client reaches its server.
 struct ClientOptions
 {
