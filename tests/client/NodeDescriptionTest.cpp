@@ -37,6 +37,18 @@ TEST(NodeDescription, IsReadWhole)
     EXPECT_EQ(command.original.at("help"), "Does an example.");
 }
 
+TEST(NodeDescription, TellsWhatAnExampleNeeds)
+{
+    const CommandDescription command = readCommand(Value::parse(
+        R"({"name":"A","longest_ms":60000,"needs":{"options":"--x","before":"B"},
+            "request":[{"name":"x","type":"int","example":{"a":1}},{"name":"y","type":"int"}]})"));
+    EXPECT_EQ(command.longest, std::chrono::minutes(1));
+    EXPECT_EQ(command.nodeOptions, "--x");
+    EXPECT_EQ(command.before, "B");
+    EXPECT_EQ(command.request.at(0).example, Value::parse(R"({"a":1})"));
+    EXPECT_FALSE(command.request.at(1).example.has_value());
+}
+
 TEST(NodeDescription, OfUnknownTypesPasses)
 {
     const auto commands =

@@ -8,12 +8,26 @@
 namespace
 {
 
-using zyr_ctl::EnumText;
 using zyr_ctl::Line;
 using zyr_ctl::Value;
 
-const std::vector<EnumText> kModulations{{31, "4QAM"}, {81, "256QAM"}};
-const std::vector<EnumText> kLinkTypes{{2, "Std"}, {3, "Xpic"}};
+/// The fields of an answer, as a node describes them.
+zyr_ctl::Fields fields(const std::string& json)
+{
+    return zyr_ctl::readCommand(Value::parse(R"({"name": "A", "response": [)" + json + "]}")).response;
+}
+
+const std::string kModulationTexts =
+    R"("texts": [{"number": 31, "text": "4QAM"}, {"number": 81, "text": "256QAM"}])";
+
+const zyr_ctl::Fields kStatusFields = fields(R"(
+    {"name": "ActualRFInputPower", "type": "int", "unit": "0.1 dBm"},
+    {"name": "ReportedRFOutputPower", "type": "int", "unit": "0.1 dBm"},
+    {"name": "ActualSNIR", "type": "int", "unit": "0.1 dB"},
+    {"name": "ActualXpi", "type": "int", "unit": "0.1 dB"},
+    {"name": "TxFrequency", "type": "int", "unit": "kHz"},
+    {"name": "RxFrequency", "type": "int", "unit": "kHz"},
+    {"name": "HopLengthLatency", "type": "int", "unit": "ns"})");
 
 std::string joined(const std::vector<Line>& lines)
 {
@@ -54,29 +68,30 @@ TEST(StatusPictureTest, ShowsWhatATechnicianLooksFor)
                        {"XpicStatus", "Locked"},
                        {"ActualXpi", 99},
                        {"MimoIsStarted", false}};
-    EXPECT_EQ(joined(zyr_ctl::statusPicture(2, status, std::vector<std::int64_t>{-500, -402})), R"(
+    EXPECT_EQ(joined(zyr_ctl::statusPicture(2, status, kStatusFields, std::vector<std::int64_t>{-500, -402})),
+              R"(
 Radio channel 2, node NormalOperation
 Link          Up
-Transmitter   On, 150, 14500000, 256QAM
-Receiver      -402, 14920000, 4QAM
-SNIR          210
+Transmitter   On, 15.0 dBm, 14 500.000 MHz, 256QAM
+Receiver      -40.2 dBm, 14 920.000 MHz, 4QAM
+SNIR          21.0 dB
 Blocks        errored 3, background 1151
-Hop latency   26678 ns
-Running       XPIC Locked, XPI 99
-Level         ▁█  -500 to -402
+Hop latency   26.7 µs
+Running       XPIC Locked, XPI 9.9 dB
+Level         ▁█  -50.0 dBm to -40.2 dBm
 )");
 }
 
 TEST(StatusPictureTest, ShowsADashForWhatIsNotGivenAndNoLevelsForASingleOne)
 {
-    EXPECT_EQ(joined(zyr_ctl::statusPicture(1, Value::object(), std::vector<std::int64_t>{-402})), R"(
+    EXPECT_EQ(joined(zyr_ctl::statusPicture(1, Value::object(), {}, std::vector<std::int64_t>{-402})), R"(
 Radio channel 1, node -
 Link          -
 Transmitter   -, -, -, -
 Receiver      -, -, -
 SNIR          -
 Blocks        errored -, background -
-Hop latency   - ns
+Hop latency   -
 Running       none
 )");
 }
@@ -88,20 +103,49 @@ TEST(FramesPictureTest, ShowsALineForEachFrame)
          Value::array({{{"RadioFrameID", 101},
                         {"ChannelSpacing", 14000},
                         {"TelecomStd", "ETSI"},
-                        {"AvailableModulations", Value::array({{{"Modulation", 31}, {"Capacity", 23}},
-                                                               {{"Modulation", 81}, {"Capacity", 95}}})},
+                        {"AvailableModulations", Value::array({{{"Modulation", 31}, {"Capacity", 23000}},
+                                                               {{"Modulation", 81}, {"Capacity", 95000}}})},
                         {"FrameLinkType", 2}},
                        {{"RadioFrameID", 201},
                         {"ChannelSpacing", 28000},
                         {"TelecomStd", "ANSI"},
                         {"AvailableModulations", Value::array()},
                         {"FrameLinkType", 99}}})}};
-    const std::string text = joined(zyr_ctl::framesPicture(answer, kModulations, kLinkTypes));
-    EXPECT_NE(text.find("4QAM to 256QAM"), std::string::npos) << text;
-    EXPECT_NE(text.find("23 to 95"), std::string::npos) << text;
-    EXPECT_NE(text.find("Std"), std::string::npos) << text;
-    EXPECT_NE(text.find("99"), std::string::npos) << text;
-    EXPECT_NE(text.find("none"), std::string::npos) << text;
+    const auto described =
+        fields(R"({"name": "FrameFormatCapabilities", "type": "array", "element": {"type": "struct",
+        "fields": [{"name": "ChannelSpacing", "type": "int", "unit": "kHz"},
+                   {"name": "FrameLinkType", "type": "int", "texts": [{"number": 2, "text": "Std"}]},
+                   {"name": "AvailableModulations", "type": "array", "element": {"type": "struct", "fields": [
+                       {"name": "Modulation", "type": "int", )" +
+               kModulationTexts + R"(},
+                       {"name": "Capacity", "type": "int", "unit": "kbit/s"}]}}]}})");
+    EXPECT_EQ(joined(zyr_ctl::framesPicture(answer, described)), R"(
+frame  type  standard  spacing     modulations     capacity
+  101  Std   ETSI      14.000 MHz  4QAM to 256QAM  23.000 to 95.000 Mbit/s
+  201  99    ANSI      28.000 MHz  none            -
+)");
+    EXPECT_EQ(joined(zyr_ctl::framesPicture(answer, {})), R"(
+frame  type  standard  spacing  modulations  capacity
+  101     2  ETSI        14000  31 to 81     23 000 to 95 000
+  201    99  ANSI        28000  none         -
+)");
+}
+
+TEST(EventsPictureTest, ShowsALineForEachAlarm)
+{
+    const auto alarm = [](const char* name, bool isActive, int channel) {
+        return Value{{"eventName", name},
+                     {"isActive", isActive},
+                     {"numberOfTimesEventHasBeenActive", 12},
+                     {"radioChannelId", channel}};
+    };
+    const Value answer{{"events", Value::array({alarm("LinkDown", true, 2), alarm("LoopClosed", false, 0)})}};
+    EXPECT_EQ(joined(zyr_ctl::eventsPicture(answer)), R"(
+state    alarm       channel  times
+raised   LinkDown          2     12
+cleared  LoopClosed        -     12
+)");
+    EXPECT_EQ(joined(zyr_ctl::eventsPicture(Value::object())), "\nno alarms\n");
 }
 
 TEST(LoopsPictureTest, ShowsALineForEachLoop)
@@ -119,14 +163,18 @@ RfLoop1  open
 zyr_ctl::AcmAnswers acmAnswers(int snir)
 {
     return {
-        .mode = {{"acmMode", 1}, {"acmModePosition", "External"}},
-        .status = {{"ActualTxModulation", "4QAM"}, {"ActualRxModulation", "64QAM"}, {"ActualSNIR", snir}},
-        .thresholds = {{"thresholds", Value::array({{{"modulationAndCoding", "4QAM"}, {"threshold", 70}},
-                                                    {{"modulationAndCoding", "64QAM"}, {"threshold", 190}},
-                                                    {{"modulationAndCoding", 81}, {"threshold", 250}}})}},
-        .modes = {{0, "Active"}, {1, "Passive"}},
-        .positions = {},
-        .modulations = kModulations};
+        .mode = {{{"acmMode", 1}, {"acmModePosition", "External"}},
+                 fields(
+                     R"({"name": "acmMode", "type": "int", "texts": [{"number": 1, "text": "Passive"}]})")},
+        .status = {{{"ActualTxModulation", "4QAM"}, {"ActualRxModulation", "64QAM"}, {"ActualSNIR", snir}},
+                   kStatusFields},
+        .thresholds = {
+            {{"thresholds", Value::array({{{"modulationAndCoding", "4QAM"}, {"threshold", 70}},
+                                          {{"modulationAndCoding", "64QAM"}, {"threshold", 190}},
+                                          {{"modulationAndCoding", 81}, {"threshold", 250}}})}},
+            fields(R"({"name": "thresholds", "type": "array", "element": {"type": "struct", "fields": [
+                {"name": "modulationAndCoding", "type": "int", )" +
+                   kModulationTexts + "}]}}")}};
 }
 
 TEST(AcmPictureTest, DrawsTheThresholdsAsALadderWithThePresentSnir)
@@ -136,12 +184,12 @@ Radio channel 2
 ACM mode      Passive, External
 Transmit      4QAM
 Receive       64QAM
-SNIR          213
+SNIR          21.3 dB
 Thresholds    SNIR below which the receiver leaves the modulation
-  256QAM                 250
-  ----                   213  SNIR now
-  64QAM                  190  received
-  4QAM                    70  sent
+  256QAM               25.0 dB
+  ----                 21.3 dB  SNIR now
+  64QAM                19.0 dB  received
+  4QAM                  7.0 dB  sent
 )");
 }
 
@@ -154,20 +202,16 @@ TEST(AcmPictureTest, DrawsAnSnirThatJustReachesAThresholdAboveIt)
 TEST(AcmPictureTest, MarksAModulationOfBothDirectionsTwice)
 {
     auto answers = acmAnswers(10);
-    answers.status["ActualTxModulation"] = "64QAM";
+    answers.status.answer["ActualTxModulation"] = "64QAM";
     const auto text = joined(zyr_ctl::acmPicture(2, answers));
-    EXPECT_NE(text.find("190  received, sent\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("70\n  ----                    10  SNIR now\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("19.0 dB  received, sent\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("7.0 dB\n  ----                  1.0 dB  SNIR now\n"), std::string::npos) << text;
 }
 
 TEST(AcmPictureTest, SaysWhatTheNodeDoesNotTell)
 {
-    EXPECT_EQ(joined(zyr_ctl::acmPicture(1, {.mode = Value::object(),
-                                             .status = Value::object(),
-                                             .thresholds = {},
-                                             .modes = {},
-                                             .positions = {},
-                                             .modulations = {}})),
+    EXPECT_EQ(joined(zyr_ctl::acmPicture(
+                  1, {.mode = {Value::object(), {}}, .status = {Value::object(), {}}, .thresholds = {}})),
               R"(
 Radio channel 1
 ACM mode      -, -
@@ -186,26 +230,35 @@ TEST(CapabilityPictureTest, DrawsABarForTheMaximumPowerOfEachModulation)
                        {"AvailableMinRFOutputPower", -50},
                        {"AvailableMaxRFOutputPower",
                         Value::array({{{"first", 31}, {"second", 250}}, {{"first", 81}, {"second", 30}}})},
-                       {"MinTXFrequency", 1},
-                       {"MaxTXFrequency", 2},
+                       {"MinTXFrequency", 14500000},
+                       {"MaxTXFrequency", 14620000},
                        {"MinRXFrequency", 3},
                        {"MaxRXFrequency", 4},
-                       {"FrequencyStepSize", 5},
+                       {"FrequencyStepSize", 250},
                        {"FrequencyBand", 15},
                        {"FrequencySubBand", 6},
                        {"DuplexType", "Fixed"},
                        {"TapsCapable", true},
                        {"Is2T2R", true}};
-    EXPECT_EQ(joined(zyr_ctl::capabilityPicture(1, answer, kModulations)), R"(
+    const auto described =
+        fields(R"({"name": "MinTXFrequency", "type": "int", "unit": "kHz"},
+        {"name": "MaxTXFrequency", "type": "int", "unit": "kHz"},
+        {"name": "FrequencyStepSize", "type": "int", "unit": "kHz"},
+        {"name": "MinTemp", "type": "int", "unit": "degC"}, {"name": "MaxTemp", "type": "int", "unit": "degC"},
+        {"name": "AvailableMinRFOutputPower", "type": "int", "unit": "0.1 dBm"},
+        {"name": "AvailableMaxRFOutputPower", "type": "array", "unit": "0.1 dBm", "element": {"type": "struct", "fields": [
+            {"name": "first", "type": "int", )" +
+               kModulationTexts + R"(}, {"name": "second", "type": "int", "unit": "0.1 dBm"}]}})");
+    EXPECT_EQ(joined(zyr_ctl::capabilityPicture(1, answer, described)), R"(
 Radio channel 1 of 2
-Transmit      1 to 2, step 5
+Transmit      14 500.000 MHz to 14 620.000 MHz, step 250 kHz
 Receive       3 to 4, duplex Fixed
 Band          15, sub-band 6
-Temperature   -33 to 55
+Temperature   -33 °C to 55 °C
 Features      TAPS, two transmitters
-Power         from -50, up to
-  4QAM                   250 #########################
-  256QAM                  30 ###
+Power         from -5.0 dBm, up to
+  4QAM                25.0 dBm #########################
+  256QAM               3.0 dBm ###
 )");
 }
 
@@ -220,20 +273,24 @@ TEST(CombinerPictureTest, DrawsABarForTheLevelOfEachInput)
                        {"sdcInputPowerDiversity", -850},
                        {"sdcGain", 12},
                        {"sdcDadeDelay", 7}};
-    EXPECT_EQ(joined(zyr_ctl::combinerPicture(2, answer)), R"(
+    const auto described = fields(R"({"name": "sdcInputPowerMain", "type": "int", "unit": "0.1 dBm"},
+        {"name": "sdcInputPowerDiversity", "type": "int", "unit": "0.1 dBm"},
+        {"name": "sdcGain", "type": "int", "unit": "0.1 dB"})");
+    EXPECT_EQ(joined(zyr_ctl::combinerPicture(2, answer, described)), R"(
 Radio channel 2, combiner enabled
 Calibration   calibrated, delay 7
 Path in use   auto
-Gain          12
-path       level  error
-main        -790      0  ##########
-diversity   -850      0  #######
+Gain          1.2 dB
+path       level      error
+main       -79.0 dBm      0  ##########
+diversity  -85.0 dBm      0  #######
 )");
 }
 
 TEST(CombinerPictureTest, ShowsWhatIsMissingAndNoBarForIt)
 {
-    EXPECT_EQ(joined(zyr_ctl::combinerPicture(1, {{"sdcInputPowerMain", -1200}, {"hwErrorSdcMain", 69}})), R"(
+    EXPECT_EQ(joined(zyr_ctl::combinerPicture(1, {{"sdcInputPowerMain", -1200}, {"hwErrorSdcMain", 69}}, {})),
+              R"(
 Radio channel 1, combiner -
 Calibration   -, delay -
 Path in use   -

@@ -43,8 +43,40 @@ TEST(Rendering, AlignsFieldsAndShowsTextsAndUnits)
               "  tiResult  0\n"
               "  mode      Fixed rate (1)\n"
               "  power     15 dBm\n"
-              "  levels    1, -2 x 0.1 dB\n"
+              "  levels    0.1, -0.2 dB\n"
               "  unknown   true\n");
+}
+
+TEST(Rendering, ShowsNumbersInTheUnitsOfPeople)
+{
+    const auto fields = readCommand(Value::parse(R"({"name": "A", "response": [
+        {"name": "level", "type": "int", "unit": "0.1 dBm", "noValues": [{"number": -99, "text": "none yet"}]},
+        {"name": "carriers", "type": "array", "element": {"type": "struct", "fields": [
+            {"name": "frequency", "type": "int", "unit": "kHz"},
+            {"name": "level", "type": "int", "unit": "0.1 dBm", "noValues": [{"number": -99, "text": "none yet"}]}]}}]})"))
+                            .response;
+    const auto shown = [&](const char* json) { return marked(renderAnswer(Value::parse(json), fields)); };
+    EXPECT_EQ(shown(R"({"level":-398})"), "  level  -39.8 dBm\n");
+    EXPECT_EQ(shown(R"({"level":-99})"), "  level  none yet (-99)\n");
+    EXPECT_EQ(shown(R"({"carriers":[{"frequency":14920000,"level":-398},{"frequency":250,"level":5}]})"),
+              "  carriers (2)\n"
+              "    frequency [MHz]  level [dBm]\n"
+              "         14 920.000        -39.8\n"
+              "              0.250          0.5\n");
+    EXPECT_EQ(shown(R"({"carriers":[{"frequency":250,"level":-99}]})"),
+              "  carriers (1)\n"
+              "    frequency [MHz]  level [dBm]\n"
+              "              0.250  none yet (-99)\n");
+}
+
+TEST(Rendering, PutsRecordsBelowEachOtherWhereATableHasNoRoom)
+{
+    const Value answer = Value::parse(R"({"events":[{"name":"LOS","level":1.5}]})");
+    const auto shown = [&](std::size_t room) {
+        return marked(renderAnswer(answer, exampleCommand().response, {}, room));
+    };
+    EXPECT_EQ(shown(19), "  events (1)\n    name  level [dBm]\n    LOS           1.5\n");
+    EXPECT_EQ(shown(18), "  events (1)\n    [0]\n      name   LOS\n      level  1.5 dBm\n");
 }
 
 TEST(Rendering, ShowsEmptyListsAndNumbersWithoutText)
@@ -142,7 +174,7 @@ TEST(Changes, AreMarkedWhereTheyAre)
                              R"({"mode":0,"power":1.5,"levels":[1,3],"events":[{"name":"a"},{"name":"c"}]})"),
               "* mode    Off (0)\n"
               "  power   1.5 dBm\n"
-              "* levels  1, 3 x 0.1 dB\n"
+              "* levels  0.1, 0.3 dB\n"
               "  events (2)\n"
               "    name\n"
               "    a\n"
@@ -209,7 +241,7 @@ TEST(Help, TellsAllOfACommand)
             "Faults:",
             "  4  eTI_E_FAILED  it failed  The DSP refused.",
             "",
-            "Example:",
+            "Example, on a node of zyrnode --enable-ti:",
             "  zyrctl CRI.Example channelId=1",
         }));
 }
@@ -225,6 +257,30 @@ TEST(Help, WrapsLongNotes)
     const std::vector<std::string> lines = helpLines(command);
     EXPECT_EQ(lines.at(4), "  x  value  " + std::string(60, 'a'));
     EXPECT_EQ(lines.at(5), "            " + std::string(60, 'b') + " c");
+}
+
+TEST(Help, ShowsNoRangeThatIsOnlyThatOfAType)
+{
+    const auto shown = [](std::int64_t minimum, std::int64_t maximum) {
+        CommandDescription command;
+        command.request.push_back({});
+        command.request.back().name = "x";
+        command.request.back().type = FieldType::Integer;
+        command.request.back().isRequired = true;
+        command.request.back().minimum = minimum;
+        command.request.back().maximum = maximum;
+        return helpLines(command).at(4);
+    };
+    EXPECT_EQ(shown(0, 255), "  x  integer");
+    EXPECT_EQ(shown(-128, 127), "  x  integer");
+    EXPECT_EQ(shown(0, 65535), "  x  integer");
+    EXPECT_EQ(shown(-32768, 32767), "  x  integer");
+    EXPECT_EQ(shown(0, 4294967295), "  x  integer");
+    EXPECT_EQ(shown(-2147483648, 2147483647), "  x  integer");
+    EXPECT_EQ(shown(INT64_MIN, INT64_MAX), "  x  integer");
+    EXPECT_EQ(shown(0, 254), "  x  integer 0..254");
+    EXPECT_EQ(shown(1, 255), "  x  integer 1..255");
+    EXPECT_EQ(shown(0, 127), "  x  integer 0..127");
 }
 
 TEST(Pattern, FitsPartsAndWildcards)

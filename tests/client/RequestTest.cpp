@@ -96,6 +96,19 @@ TEST(Request, RefusesNumbersOutsideTheRange)
     EXPECT_EQ(refused({"channelId=1", "power=nan"}), R"(power is "nan", it takes a number)");
 }
 
+TEST(Request, TellsTheRangeOfATypeOnlyWhenItIsLeft)
+{
+    CommandDescription command = exampleCommand();
+    command.request.resize(1);
+    command.request.front().minimum = 0;
+    command.request.front().maximum = 255;
+    const auto refusal = [&](const std::string& word) {
+        return refusalOf([&] { checkedParams(command, std::nullopt, {word}); });
+    };
+    EXPECT_EQ(refusal("channelId=x"), R"(channelId is "x", it takes an integer)");
+    EXPECT_EQ(refusal("channelId=256"), "channelId is 256, it takes an integer from 0 to 255");
+}
+
 TEST(Request, NeverShowsASecret)
 {
     EXPECT_EQ(refused({"channelId=1", "masterKey=77"}),
@@ -118,7 +131,10 @@ TEST(Request, NamesWhatWasProbablyMeant)
 
 TEST(Request, RefusesWhatIsNoAssignment)
 {
-    EXPECT_EQ(refused({"channelId"}), R"("channelId" is not of the form field=value)");
+    EXPECT_EQ(refused({"2"}), R"("2" is not of the form field=value; did you mean channelId=2?)");
+    EXPECT_EQ(refused({"channelId=1", "on"}),
+              R"("on" is not of the form field=value; did you mean enable=on?)");
+    EXPECT_EQ(refused({"a=1", "b=1", "c=1", "d=1", "e=1", "hush"}).find("masterKey=hush"), std::string::npos);
     EXPECT_EQ(refused({"=1"}), R"("=1" is not of the form field=value)");
     EXPECT_EQ(refused({"channelId=1", "channelId=2"}), "channelId is given twice");
     EXPECT_EQ(refused({"channelId.x=1"}), "channelId has no fields, it takes an integer from 1 to 2");
@@ -169,6 +185,12 @@ TEST(UncheckedRequest, GuessesTypesFromJson)
     EXPECT_EQ(compactJson(Value(uncheckedParams(std::nullopt, {"a.b=1", "a.c=x y", "d=[true]"}))),
               R"([{"a":{"b":1,"c":"x y"},"d":[true]}])");
     EXPECT_EQ(compactJson(Value(uncheckedParams(Value::parse(R"(["x",2])"), {}))), R"(["x",2])");
+    EXPECT_EQ(compactJson(Value(uncheckedParams(std::nullopt, {"x", "2", "{}", " [3]", " [y]"}))),
+              R"(["x",2,{},[3],"[y]"])");
+    EXPECT_EQ(refusalOf([] {
+                  uncheckedParams(std::nullopt, {"x", "a=1"});
+              }),
+              R"("x" is not of the form field=value)");
     EXPECT_TRUE(uncheckedParams(std::nullopt, {}).empty());
     EXPECT_EQ(refusalOf([] { uncheckedParams(Value::parse("[1]"), {"a=1"}); }),
               "the data must be a JSON object with the members of the request");

@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "Completion.h"
+#include "Connection.h"
 #include "Descriptions.h"
 #include "Failure.h"
 #include "Login.h"
@@ -52,22 +53,63 @@ TEST(Secrets, AreHiddenAtAnyDepth)
 {
     const Value value =
         Value::parse(R"({"masterKey":"abc","isSecret":true,"list":[{"Password":{"a":1},"name":"x"}]})");
-    EXPECT_EQ(compactJson(withoutSecrets(value)),
+    EXPECT_EQ(compactJson(SecretNames().hiddenIn(value)),
               R"-({"masterKey":"(hidden)","isSecret":true,"list":[{"Password":"(hidden)","name":"x"}]})-");
 }
 
 TEST(Secrets, AreHiddenInXml)
 {
-    EXPECT_EQ(withoutSecretsInXml("<struct><member><name>a</name><value>1</value></member>\n"
+    EXPECT_EQ(
+        SecretNames().hiddenInXml("<struct><member><name>a</name><value>1</value></member>\n"
                                   "<member><name>masterKey</name>\n<value><struct><member><name>b</name>"
                                   "<value>abc</value></member></struct></value></member></struct>"),
-              "<struct><member><name>a</name><value>1</value></member>\n"
-              "<member><name>masterKey</name><value>(hidden)</value></member></struct>");
-    EXPECT_EQ(withoutSecretsInXml("<name>masterKey</name><value><string>abc"),
+        "<struct><member><name>a</name><value>1</value></member>\n"
+        "<member><name>masterKey</name><value>(hidden)</value></member></struct>");
+    EXPECT_EQ(SecretNames().hiddenInXml("<name>masterKey</name><value><string>abc"),
               "<name>masterKey</name><value>(hidden)</value>");
-    EXPECT_EQ(withoutSecretsInXml("<name>isSecret</name><value><boolean>1</boolean></value>"),
+    EXPECT_EQ(SecretNames().hiddenInXml("<name>isSecret</name><value><boolean>1</boolean></value>"),
               "<name>isSecret</name><value><boolean>1</boolean></value>");
-    EXPECT_EQ(withoutSecretsInXml("plain"), "plain");
+    EXPECT_EQ(SecretNames().hiddenInXml("plain"), "plain");
+}
+
+TEST(Secrets, AreThoseTooThatANodeDescribes)
+{
+    const auto command = readCommand(Value::parse(
+        R"({"name": "A", "request": [{"name": "list", "type": "array", "element": {"type": "struct", "fields": [
+            {"name": "pin", "type": "int", "isSecret": true}, {"name": "id", "type": "int"}]}}]})"));
+    SecretNames names;
+    EXPECT_FALSE(names.contains("pin"));
+    names.learn(command.request);
+    EXPECT_TRUE(names.contains("pin"));
+    EXPECT_TRUE(names.contains("masterKey"));
+    EXPECT_FALSE(names.contains("id"));
+    const Value value = Value::parse(R"({"list":[{"pin":1,"id":2}],"masterKey":"","other":{"key":"x"}})");
+    EXPECT_EQ(compactJson(names.hiddenIn(value)),
+              R"-({"list":[{"pin":"(hidden)","id":2}],"masterKey":"(hidden)","other":{"key":"(hidden)"}})-");
+    EXPECT_EQ(names.namesIn(value), (Words{"pin", "key"}));
+    EXPECT_EQ(names.hiddenInXml("<name>pin</name><value>1</value>"),
+              "<name>pin</name><value>(hidden)</value>");
+}
+
+TEST(Text, IsShortenedToAWidth)
+{
+    EXPECT_EQ(shortened("abcdef", 0), "abcdef");
+    EXPECT_EQ(shortened("abcdef", 6), "abcdef");
+    EXPECT_EQ(shortened("abcdef", 5), "abcd…");
+    EXPECT_EQ(shortened("▁▂▃▄", 3), "▁▂…");
+    EXPECT_EQ(shortened("ab▃▄", 3), "ab…");
+    EXPECT_EQ(shortened("▁▂▃a", 3), "▁▂…");
+    EXPECT_EQ(shortened("abc", 1), "…");
+}
+
+TEST(Timeout, FollowsTheLongestTimeOfTheCommand)
+{
+    CommandDescription command;
+    EXPECT_EQ(timeoutFor(command), std::chrono::seconds(30));
+    command.longest = std::chrono::seconds(60);
+    EXPECT_EQ(timeoutFor(command), std::chrono::seconds(90));
+    command.isLongPoll = true;
+    EXPECT_EQ(timeoutFor(command), std::chrono::seconds(0));
 }
 
 TEST(Login, IsTheUsersLine)
@@ -82,8 +124,12 @@ TEST(Login, IsTheUsersLine)
 CompletionSource source()
 {
     return {{"call", "help", "list", "completion"},
-            {"--json", "--url", "--watch"},
-            {"--url", "-u"},
+            {"--json", "--node", "--url", "--watch"},
+            {"--node", "--url", "-u"},
+            {"bash", "zsh"},
+            [] {
+                return Words{"east", "west"};
+            },
             [] {
                 return Words{"CRI.Example", "CRI.Other"};
             },
@@ -104,15 +150,16 @@ TEST(Completion, OffersCommandsAndSubcommands)
     EXPECT_EQ(completed("zyrctl "),
               (Words{"call", "help", "list", "completion", "CRI.Example", "CRI.Other"}));
     EXPECT_EQ(completed("zyrctl -u http://x call "), (Words{"CRI.Example", "CRI.Other"}));
-    EXPECT_EQ(completed("zyrctl completion "), (Words{"bash"}));
+    EXPECT_EQ(completed("zyrctl completion "), (Words{"bash", "zsh"}));
     EXPECT_EQ(completed("zyrctl list CRI.E"), (Words{"CRI.Example"}));
     EXPECT_EQ(completed("zyrctl"), (Words{}));
 }
 
 TEST(Completion, OffersOptionsButNotTheirValues)
 {
-    EXPECT_EQ(completed("zyrctl list --"), (Words{"--json", "--url", "--watch"}));
+    EXPECT_EQ(completed("zyrctl list --"), (Words{"--json", "--node", "--url", "--watch"}));
     EXPECT_EQ(completed("zyrctl --url "), (Words{}));
+    EXPECT_EQ(completed("zyrctl --node w"), (Words{"west"}));
 }
 
 TEST(Completion, OffersFieldsThatAreNotGivenYet)
@@ -156,6 +203,41 @@ TEST(CommandLine, HasCallPutInForTheShortForm)
     EXPECT_EQ(withCallSubcommand(app, {"--url=x", "CRI.X"}), (Words{"call", "--url=x", "CRI.X"}));
     EXPECT_EQ(withCallSubcommand(app, {"--json"}), (Words{"--json"}));
     EXPECT_EQ(withCallSubcommand(app, {"--json", "list", "x"}), (Words{"--json", "list", "x"}));
+}
+
+TEST(CommandLine, TakesANumberBehindWatchForItsSeconds)
+{
+    EXPECT_EQ(withJoinedNumbers({"status", "--watch", "0.5", "1"}), (Words{"status", "--watch=0.5", "1"}));
+    EXPECT_EQ(withJoinedNumbers({"--watch", ".5"}), (Words{"--watch=0.5"}));
+    EXPECT_EQ(withJoinedNumbers({"--watch=.5"}), (Words{"--watch=0.5"}));
+    EXPECT_EQ(withJoinedNumbers({"--watch", "CRI.X"}), (Words{"--watch", "CRI.X"}));
+    EXPECT_EQ(withJoinedNumbers({"--count", "5", "--watch"}), (Words{"--count", "5", "--watch"}));
+}
+
+TEST(CommandLine, KeepsListsWhole)
+{
+    CLI::App app;
+    std::string text;
+    CLI::App* const call = app.add_subcommand("call");
+    call->add_option("--get", text);
+    call->add_flag("--json");
+    EXPECT_EQ(withWholeLists(app, {"[1]", "--get", "[0]", "--json", "[a,b]", "[c"}),
+              (Words{" [1]", "--get", "[0]", "--json", " [a,b]", "[c"}));
+}
+
+TEST(CommandLine, HidesDataWithASecret)
+{
+    std::array<char, 7> program{"zyrctl"};
+    std::array<char, 7> option{"--data"};
+    std::array<char, 14> secret{"{\"key\":\"abc\"}"};
+    std::array<char, 18> joined{"--data={\"key\": 1}"};
+    std::array<char, 9> open{"{\"id\":1}"};
+    std::array<char*, 6> words{program.data(), option.data(), secret.data(),
+                               joined.data(),  option.data(), open.data()};
+    hideSecrets(6, words.data());
+    EXPECT_STREQ(secret.data(), "*************");
+    EXPECT_STREQ(joined.data(), "--data=**********");
+    EXPECT_STREQ(open.data(), "{\"id\":1}");
 }
 
 TEST(CommandLine, HidesAPassword)

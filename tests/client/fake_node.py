@@ -58,6 +58,35 @@ LONG_POLL = {"name": "CI.GetFastEvents", "help": "Waits for events.", "test": Fa
 DESCRIPTIONS = [LONG_POLL, ENABLE_ACM, STATUS, SET_MODE, SET_KEY, TI_EVENTS]
 
 
+LOOPS = {"name": "CI.ManageLoops", "help": "Reads and sets loops.", "request": [], "response": []}
+
+ACM_MODE = {
+    "name": "CRI.GetAcmMode", "help": "Reads the ACM mode.", "request": [CHANNEL],
+    "response": [{"name": "acmMode", "type": "int",
+                  "texts": [{"number": 0, "text": "Active"}, {"number": 1, "text": "Passive"}]},
+                 {"name": "acmModePosition", "type": "string"}]}
+
+CHANNEL_STATUS = {
+    "name": "CRI.GetRadioChannelStatus", "help": "Reads the status of a radio channel.", "request": [CHANNEL],
+    "response": [
+        {"name": "ActualRFInputPower", "type": "int", "unit": "0.1 dBm", "noValues": [{"number": -99, "text": "none yet"}]},
+        {"name": "ReportedRFOutputPower", "type": "int", "unit": "0.1 dBm"},
+        {"name": "ActualSNIR", "type": "int", "unit": "0.1 dB"},
+        {"name": "TxFrequency", "type": "int", "unit": "kHz"}, {"name": "RxFrequency", "type": "int", "unit": "kHz"},
+        {"name": "HopLengthLatency", "type": "int", "unit": "ns"}]}
+
+THRESHOLDS = {
+    "name": "TI.GetAcmThresholds", "help": "Reads the thresholds.", "test": True, "request": [CHANNEL],
+    "response": [{"name": "thresholds", "type": "array", "element": {"type": "struct", "fields": [
+        {"name": "modulationAndCoding", "type": "int",
+         "texts": [{"number": 31, "text": "4QAM"}, {"number": 81, "text": "256QAM"}]},
+        {"name": "threshold", "type": "int", "unit": "0.1 dB"}]}}]}
+
+# In the place of an answer: the connection ends without one, or the call hangs until the node ends.
+DROP = object()
+HANG = object()
+
+
 class Handler(xmlrpc.server.SimpleXMLRPCRequestHandler):
     rpc_paths = ("/RPC2",)
 
@@ -78,17 +107,36 @@ class Handler(xmlrpc.server.SimpleXMLRPCRequestHandler):
 class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
     """Serves on a port of its own while the `with` block runs, and keeps the calls of commands."""
 
-    def __init__(self, login=None):
+    def __init__(self, login=None, tls=None):
         super().__init__(("127.0.0.1", 0), Handler, logRequests=False, allow_none=True)
         self.login = login
         self.calls = []
         self.answers = {}
-        self.url = f"http://127.0.0.1:{self.server_address[1]}/RPC2"
+        self.descriptions = list(DESCRIPTIONS)
+        self.leaving = threading.Event()
+        self.connection = None
+        scheme = "http"
+        if tls:
+            scheme = "https"
+            self.socket = tls.wrap_socket(self.socket, server_side=True)
+        self.url = f"{scheme}://127.0.0.1:{self.server_address[1]}/RPC2"
         self.register_introspection_functions()
         self.register_function(self.describe, "zyr.describe")
         for description in DESCRIPTIONS:
             self.add_command(description["name"])
         self.register_function(self.state, "SIM.GetState")
+
+    def add_described(self, description, *answers):
+        self.descriptions.append(description)
+        self.add_command(description["name"])
+        self.answers[description["name"]] = list(answers)
+
+    def process_request(self, request, client_address):
+        self.connection = request
+        super().process_request(request, client_address)
+
+    def handle_error(self, *_):
+        """The client may leave, and so may the node."""
 
     def add_command(self, name):
         def command(*params):
@@ -97,6 +145,11 @@ class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
             answer = answers.pop(0) if len(answers) > 1 else answers[0]
             if isinstance(answer, Exception):
                 raise answer
+            if answer is DROP:
+                self.connection.shutdown(socket.SHUT_RDWR)
+            if answer is HANG:
+                self.leaving.wait()
+                raise xmlrpc.client.Fault(4, "CI.GetFastEvents has been terminated")
             return answer
         self.register_function(command, name)
 
@@ -107,10 +160,10 @@ class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
 
     def describe(self, *names):
         if not names:
-            return {"hash": "00", "methods": DESCRIPTIONS}
+            return {"hash": "00", "methods": self.descriptions}
         if names[0] not in self.funcs:
             raise xmlrpc.client.Fault(2, f"eTI_E_METHOD_UNKNOWN: {names[0]}")
-        for description in DESCRIPTIONS:
+        for description in self.descriptions:
             if description["name"] == names[0]:
                 return description
         raise xmlrpc.client.Fault(3, f"eTI_E_PARAMETER_INVALID: {names[0]} takes no struct")
@@ -121,6 +174,7 @@ class FakeNode(xmlrpc.server.SimpleXMLRPCServer):
         return self
 
     def __exit__(self, *_):
+        self.leaving.set()
         self.shutdown()
         self.thread.join()
         self.server_close()

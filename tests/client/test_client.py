@@ -4,6 +4,7 @@
 The environment variable ZYRCTL names the program.
 """
 
+import fcntl
 import json
 import os
 import pty
@@ -12,13 +13,17 @@ import re
 import select
 import signal
 import socket
+import ssl
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import unittest
 import xmlrpc.client
 
-from fake_node import DESCRIPTIONS, FakeNode, RawServer
+import fake_node
+from fake_node import DESCRIPTIONS, DROP, HANG, FakeNode, RawServer
 
 ZYRCTL = os.environ["ZYRCTL"]
 DEADLINE = 20
@@ -30,7 +35,8 @@ LATER_STATUS_ANSWER = {"tiResult": 0, "acmMode": 0, "power": 15.5, "events": [{"
 
 def environment(url=None, **more):
     kept = {name: value for name, value in os.environ.items()
-            if name not in ("ZYR_URL", "ZYR_CREDENTIALS", "NO_COLOR", "http_proxy")}
+            if not name.startswith("ZYR_") and name not in ("NO_COLOR", "http_proxy", "CURL_CA_BUNDLE",
+                                                            "SSL_CERT_FILE", "XDG_CONFIG_HOME")}
     kept["TERM"] = "xterm"
     if url:
         kept["ZYR_URL"] = url
@@ -43,13 +49,16 @@ def run(*words, url=None, stdin="", **more):
     return done.returncode, done.stdout, done.stderr
 
 
-def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), **more):
+def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), size=None, **more):
     """Runs the program on a terminal; types when it has written `wait_for`. Gives status and all it wrote.
 
-    Goes on with the pairs in `then`: what to wait for, and what to type.
+    Goes on with the pairs in `then`: what to wait for, and what to type. The size is that of the terminal, lines and
+    columns.
     """
     dialogue = [(wait_for, typed), *then] if wait_for else []
     master, slave = pty.openpty()
+    if size:
+        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", *size, 0, 0))
     with subprocess.Popen([ZYRCTL, *words], stdin=slave, stdout=slave, stderr=slave,
                           env=environment(url, **more)) as process:
         os.close(slave)
@@ -176,6 +185,183 @@ class Taps(NodeTest):
         self.assertEqual(self.node.calls[-1], self.STOP)
 
 
+class Status(NodeTest):
+    ANSWER = {"tiResult": 0, "ZyrState": "NormalOperation", "RadioChannelStatus": "Up", "TXActualStatus": "On",
+              "ReportedRFOutputPower": 150, "TxFrequency": 14500000, "ActualTxModulation": "256QAM",
+              "ActualRFInputPower": -398, "RxFrequency": 14920000, "ActualRxModulation": "128QAM", "ActualSNIR": 335,
+              "ErroredBlocks": 3, "BackgroundBlocks": 1022, "HopLengthLatency": 26678}
+
+    def test_has_the_units_of_the_description(self):
+        self.node.add_described(fake_node.CHANNEL_STATUS, self.ANSWER)
+        self.assertEqual(self.run_with_node("status", "2"), (0, (
+            "Radio channel 2, node NormalOperation\n"
+            "Link          Up\n"
+            "Transmitter   On, 15.0 dBm, 14 500.000 MHz, 256QAM\n"
+            "Receiver      -39.8 dBm, 14 920.000 MHz, 128QAM\n"
+            "SNIR          33.5 dB\n"
+            "Blocks        errored 3, background 1022\n"
+            "Hop latency   26.7 µs\n"
+            "Running       none\n"), ""))
+        self.assertEqual(self.node.calls, [("CRI.GetRadioChannelStatus", [{"RadioChannelID": 2}])])
+
+    def test_has_exact_numbers_as_json(self):
+        self.node.add_described(fake_node.CHANNEL_STATUS, self.ANSWER)
+        status, out, _ = self.run_with_node("status", "--json")
+        self.assertEqual((status, json.loads(out)), (0, self.ANSWER))
+
+    def test_is_watched_with_marks_and_without_levels_that_are_none(self):
+        self.node.add_described(fake_node.CHANNEL_STATUS, {**self.ANSWER, "ActualRFInputPower": -99}, self.ANSWER,
+                                {**self.ANSWER, "ActualRFInputPower": -402, "RadioChannelStatus": "Down"})
+        status, out, _ = self.run_with_node("status", "--watch", "0.01", "--count", "3")
+        self.assertEqual(status, 0)
+        first, second, third = out.split("#")[1:]
+        self.assertIn("  Receiver      none yet (-99), 14 920.000 MHz, 128QAM\n", first)
+        self.assertNotIn("Level", second)
+        self.assertIn("* Receiver      -39.8 dBm, 14 920.000 MHz, 128QAM\n", second)
+        self.assertIn("  Level         █▁  -40.2 dBm to -39.8 dBm\n", third)
+        self.assertIn("* Link          Down\n", third)
+        self.assertIn("  SNIR          33.5 dB\n", third)
+
+
+class Loops(NodeTest):
+    ANSWER = {"tiResult": 0, "loops": [{"loopName": "IfLoop1", "closed": False}, {"loopName": "RfLoop1", "closed": True}]}
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_described(fake_node.LOOPS, self.ANSWER)
+
+    def test_are_a_table(self):
+        self.assertEqual(self.run_with_node("loops"), (0, (
+            "loop     state\n"
+            "IfLoop1  open\n"
+            "RfLoop1  closed\n"), ""))
+        self.assertEqual(self.node.calls, [("CI.ManageLoops", [{"loops": []}])])
+
+    def test_are_json_on_request(self):
+        status, out, _ = self.run_with_node("loops", "--json")
+        self.assertEqual((status, json.loads(out)), (0, self.ANSWER))
+
+    def test_pass_a_fault_on(self):
+        self.node.answers["CI.ManageLoops"] = [xmlrpc.client.Fault(4, "no loops")]
+        self.assertEqual(self.run_with_node("loops"), (1, "", "zyrctl: fault 4: no loops\n"))
+
+
+class Acm(NodeTest):
+    MODE = {"tiResult": 0, "acmMode": 1, "acmModePosition": "External"}
+    STATUS = {"tiResult": 0, "ActualTxModulation": "4QAM", "ActualRxModulation": "256QAM", "ActualSNIR": 263}
+    THRESHOLDS = {"tiResult": 0, "thresholds": [{"modulationAndCoding": 31, "threshold": 70},
+                                                {"modulationAndCoding": 81, "threshold": 250}]}
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_described(fake_node.ACM_MODE, self.MODE)
+        self.node.add_described(fake_node.CHANNEL_STATUS, self.STATUS)
+        self.node.add_described(fake_node.THRESHOLDS, self.THRESHOLDS)
+
+    def test_is_drawn_as_a_ladder(self):
+        self.assertEqual(self.run_with_node("acm", "2"), (0, (
+            "Radio channel 2\n"
+            "ACM mode      Passive, External\n"
+            "Transmit      4QAM\n"
+            "Receive       256QAM\n"
+            "SNIR          26.3 dB\n"
+            "Thresholds    SNIR below which the receiver leaves the modulation\n"
+            "  ----                 26.3 dB  SNIR now\n"
+            "  256QAM               25.0 dB  received\n"
+            "  4QAM                  7.0 dB  sent\n"), ""))
+        self.assertEqual(self.node.calls, [("CRI.GetAcmMode", [{"channelId": 2}]),
+                                           ("CRI.GetRadioChannelStatus", [{"RadioChannelID": 2}]),
+                                           ("TI.GetAcmThresholds", [{"channelId": 2}])])
+
+    def test_is_told_without_thresholds_when_the_test_commands_are_closed(self):
+        self.node.answers["TI.GetAcmThresholds"] = [xmlrpc.client.Fault(4, "Error: Command not available")]
+        status, out, err = self.run_with_node("acm")
+        self.assertEqual((status, out.splitlines()[-1], err), (0, "Thresholds    not told by this node", ""))
+
+    def test_is_all_three_answers_as_json(self):
+        status, out, _ = self.run_with_node("acm", "--json")
+        self.assertEqual((status, json.loads(out)), (0, {
+            "CRI.GetAcmMode": self.MODE, "CRI.GetRadioChannelStatus": self.STATUS,
+            "TI.GetAcmThresholds": self.THRESHOLDS}))
+
+    def test_passes_other_faults_on(self):
+        self.node.answers["CRI.GetAcmMode"] = [xmlrpc.client.Fault(2, "RadioChannelID out of bounds")]
+        self.assertEqual(self.run_with_node("acm", "7"), (1, "", "zyrctl: fault 2: RadioChannelID out of bounds\n"))
+
+
+def alarm(name, channel, active, count):
+    return {"eventName": name, "radioChannelId": channel, "isActive": active, "numberOfTimesEventHasBeenActive": count}
+
+
+class Events(NodeTest):
+    BEFORE = {"tiResult": 0, "events": [alarm("AcmDisabled", 1, True, 12), alarm("LoopClosed", 0, False, 1)]}
+    TABLE = ("state    alarm        channel  times\n"
+             "raised   AcmDisabled        1     12\n"
+             "cleared  LoopClosed         -      1\n")
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_command("CI.GetEvents")
+        self.node.answers["CI.GetEvents"] = [self.BEFORE]
+
+    def follow(self, *words):
+        """All that is written until the node answers with the fault that ends it, times left out."""
+        status, out, err = self.run_with_node("events", "--follow", *words)
+        self.assertEqual((status, err.splitlines()[-1]), (1, "zyrctl: fault 4: enough"))
+        time = r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d"
+        return re.sub(time, "<time>", out), err.splitlines()[:-1]
+
+    def test_are_a_table(self):
+        self.assertEqual(self.run_with_node("events"), (0, self.TABLE, ""))
+        self.node.answers["CI.GetEvents"] = [{"tiResult": 0, "events": []}]
+        self.assertEqual(self.run_with_node("events"), (0, "no alarms\n", ""))
+
+    def test_are_json_on_request(self):
+        status, out, _ = self.run_with_node("events", "--json")
+        self.assertEqual((status, json.loads(out)), (0, self.BEFORE))
+
+    def test_are_followed_with_a_line_for_each_change(self):
+        later = {"tiResult": 0, "events": [alarm("AcmDisabled", 1, False, 12), alarm("LinkDown", 2, True, 1),
+                                           alarm("LoopClosed", 0, False, 2)]}
+        last = {"tiResult": 0, "events": [alarm("AcmDisabled", 1, False, 12), alarm("LoopClosed", 0, True, 3)]}
+        self.node.answers["CI.GetFastEvents"] = [later, later, last, xmlrpc.client.Fault(4, "enough")]
+        self.assertEqual(self.follow(), (self.TABLE + (
+            "<time>  AcmDisabled on channel 1: cleared\n"
+            "<time>  LinkDown on channel 2: raised\n"
+            "<time>  LoopClosed: raised and cleared\n"
+            "<time>  LoopClosed: raised\n"
+            "<time>  LinkDown on channel 2: cleared\n"), []))
+        asked = [params[0]["events"] for name, params in self.node.calls if name == "CI.GetFastEvents"]
+        self.assertEqual(asked, [answer["events"] for answer in (self.BEFORE, later, later, last)])
+
+    def test_are_followed_in_lines_of_json(self):
+        later = {"tiResult": 0, "events": [alarm("AcmDisabled", 1, False, 12), alarm("LoopClosed", 0, False, 1)]}
+        self.node.answers["CI.GetFastEvents"] = [later, xmlrpc.client.Fault(4, "enough")]
+        status, out, _ = self.run_with_node("events", "--follow", "--json")
+        first, second = (json.loads(line) for line in out.splitlines())
+        self.assertEqual((status, first), (1, self.BEFORE))
+        self.assertEqual({**second, "time": ""},
+                         {"time": "", "change": "cleared", "eventName": "AcmDisabled", "radioChannelId": 1})
+
+    def test_are_followed_across_a_node_that_goes_and_comes(self):
+        self.node.answers["CI.GetEvents"] = [self.BEFORE, DROP,
+                                             {"tiResult": 0, "events": [alarm("AcmDisabled", 1, True, 12)]}]
+        self.node.answers["CI.GetFastEvents"] = [DROP, xmlrpc.client.Fault(4, "enough")]
+        out, err = self.follow()
+        self.assertEqual(out, self.TABLE)
+        self.assertEqual(len(err), 2)
+        self.assertRegex(err[0], r"^zyrctl: the exchange with \S+ broke off: .*; trying again$")
+        self.assertEqual(err[1], "zyrctl: the node is back")
+
+    def test_are_followed_across_a_release(self):
+        terminated = xmlrpc.client.Fault(4, "CI.GetFastEvents has been terminated")
+        self.node.answers["CI.GetFastEvents"] = [terminated, xmlrpc.client.Fault(4, "enough")]
+        self.assertEqual(self.follow(), (self.TABLE, []))
+
+    def test_cannot_be_followed_without_a_node(self):
+        self.assertEqual(run("events", "--follow", url="http://127.0.0.1:1/RPC2")[0], 3)
+
+
 class Help(NodeTest):
     def test_explains_a_command(self):
         self.assertEqual(self.run_with_node("help", "CRI.EnableAcm"), (0, (
@@ -207,6 +393,23 @@ class Help(NodeTest):
         status, out, _ = run("help")
         self.assertEqual(status, 0)
         self.assertIn("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.", out)
+        self.assertEqual(run(), (0, out, ""))
+
+    def test_has_the_example_that_the_node_gives(self):
+        self.node.add_described({
+            "name": "CRI.Example", "needs": {"options": "--radio-type 3", "before": "CRI.Other"}, "test": True,
+            "longest_ms": 45000, "request": [
+                {"name": "config", "type": "struct", "required": True, "example": {"mode": "7", "loops": ["a b"]}, "fields": [
+                    {"name": "mode", "type": "int", "required": True, "example": "7",
+                     "texts": [{"number": 2, "text": "7"}]},
+                    {"name": "loops", "type": "array", "required": False, "example": ["it's"], "element": {"type": "string"}},
+                    {"name": "more", "type": "int", "required": False}]},
+                {"name": "power", "type": "double", "required": False, "example": -1.5}]})
+        _, out, _ = self.run_with_node("help", "CRI.Example")
+        self.assertIn("\n  Can take up to 45.0 s.\n", out)
+        self.assertEqual(out.splitlines()[-2:], [
+            "Example, on a node of zyrnode --enable-ti --radio-type 3, behind that of CRI.Other:",
+            """  zyrctl CRI.Example config.mode=2 'config.loops=["it'\\''s"]' power=-1.5"""])
 
     def test_suggests_names(self):
         self.assertEqual(self.run_with_node("help", "CRI.EnableAmc"), (
@@ -241,6 +444,10 @@ class Call(NodeTest):
         self.assertEqual(part("acmMode"), (0, "1\n", ""))
         self.assertEqual(part("events[1].eventName"), (0, "Sync lost\n", ""))
         self.assertEqual(part("events.0.count", "--json"), (0, "3\n", ""))
+        self.node.answers["CRI.GetStatus"] = [["a", {"b": 5}]]
+        self.assertEqual(part("[0]"), (0, "a\n", ""))
+        self.assertEqual(part("[1].b"), (0, "5\n", ""))
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
         self.assertEqual(part("powr"), (2, "", 'zyrctl: the answer has no field "powr"; did you mean "power"?\n'))
 
     def test_converts_assignments_by_the_description(self):
@@ -269,6 +476,7 @@ class Call(NodeTest):
     def test_sends_nothing_that_the_description_refuses(self):
         for words, text in ((["channelId=3"], "channelId is 3, it takes an integer from 1 to 2"),
                             (["chanelId=1"], 'CRI.GetStatus has no field "chanelId"; did you mean "channelId"?'),
+                            (["1"], '"1" is not of the form field=value; did you mean channelId=1?'),
                             ([], "CRI.GetStatus needs channelId, it takes an integer from 1 to 2")):
             self.assertEqual(self.run_with_node("CRI.GetStatus", *words), (2, "", f"zyrctl: {text}\n"))
         self.assertEqual(self.node.calls, [])
@@ -280,6 +488,13 @@ class Call(NodeTest):
     def test_calls_undescribed_methods_unchecked(self):
         self.assertEqual(self.run_with_node("SIM.GetState", "a.b=1", "c=x"), (0, "one\n2\n", ""))
         self.assertEqual(self.node.calls, [("SIM.GetState", [{"a": {"b": 1}, "c": "x"}])])
+
+    def test_gives_undescribed_methods_plain_values(self):
+        self.assertEqual(self.run_with_node("system.methodHelp", "SIM.GetState"), (0, "Reads the state.\n", ""))
+        self.assertEqual(self.run_with_node("SIM.GetState", "x", "2", "[true]"), (0, "one\n2\n", ""))
+        self.assertEqual(self.node.calls, [("SIM.GetState", ["x", 2, [True]])])
+        self.assertEqual(self.run_with_node("SIM.GetState", "x", "a=2"),
+                         (2, "", 'zyrctl: "x" is not of the form field=value\n'))
 
     def test_suggests_commands_and_subcommands(self):
         self.assertEqual(self.run_with_node("lst"),
@@ -331,6 +546,50 @@ class Watch(NodeTest):
         _, out, _ = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0", "--count", "2", "--get", "acmMode")
         self.assertEqual([line for line in out.splitlines() if line[0] != "#"], ["  1", "* 0"])
 
+    def test_takes_the_seconds_with_a_blank_or_without(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
+        for words in (["--watch", "0.01"], ["--watch=.01"]):
+            status, out, err = self.run_with_node("CRI.GetStatus", "channelId=1", *words, "--count", "2")
+            self.assertEqual((status, out.count("#"), err), (0, 2, ""))
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "--watch", "channelId=3")[2],
+                         "zyrctl: channelId is 3, it takes an integer from 1 to 2\n")
+
+    def test_goes_on_when_the_node_comes_back(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, DROP, DROP, LATER_STATUS_ANSWER]
+        status, out, err = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0", "--count", "2", "--get", "acmMode")
+        self.assertEqual((status, [line for line in out.splitlines() if line[0] != "#"]), (0, ["  1", "* 0"]))
+        lines = err.splitlines()
+        self.assertEqual(len(lines), 2)
+        self.assertRegex(lines[0], r"^zyrctl: the exchange with \S+ broke off: .*; trying again$")
+        self.assertEqual(lines[1], "zyrctl: the node is back")
+
+    def test_does_not_begin_without_a_node(self):
+        self.node.answers["CRI.GetStatus"] = [DROP]
+        self.assertEqual(self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0")[0], 5)
+
+    def on_terminal(self, *words, size=(24, 80)):
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=1", "--watch=0", *words, url=self.node.url, size=size,
+                                 NO_COLOR="1")
+        return re.sub(r"\d\d:\d\d:\d\d", "<time>", out)
+
+    def test_draws_in_place_on_a_terminal(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
+        self.assertEqual(self.on_terminal("--count", "2", "--get", "acmMode"), (
+            "  #1 <time>\x1b[K\n  1\x1b[K\n\x1b[J"
+            "\x1b[2A\r  #2 <time>\x1b[K\n* 0\x1b[K\n\x1b[J"))
+
+    def test_tells_in_place_that_the_node_is_gone(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, DROP, LATER_STATUS_ANSWER]
+        out = self.on_terminal("--count", "2", "--get", "acmMode").split("\x1b[2A\r")
+        self.assertEqual(len(out), 3)
+        self.assertRegex(out[1], r"^  #1 <time>  the exchange with .*\x1b\[K\n  1\x1b\[K\n\x1b\[J$")
+        self.assertEqual(out[2], "  #2 <time>\x1b[K\n* 0\x1b[K\n\x1b[J")
+
+    def test_stays_within_the_terminal(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
+        self.assertEqual(self.on_terminal("--count", "1", size=(4, 13)), (
+            "  #1 <time>\x1b[K\n  tiResult  0\x1b[K\n  acmMode   …\x1b[K\n\x1b[J"))
+
     def test_ends_with_the_first_fault(self):
         self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, xmlrpc.client.Fault(4, "gone")]
         status, _, err = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0")
@@ -372,13 +631,14 @@ class Colour(NodeTest):
         self.assertEqual(out, "\x1b[31mzyrctl:\x1b[0m channelId is 3, it takes an integer from 1 to 2\n")
         _, out = run_on_terminal("CRI.GetStatus", "channelId=1", "--get", "acmMode", "--watch=0", "--count", "1",
                                  url=self.node.url, NO_COLOR="1")
-        self.assertNotIn("\x1b", out)
+        self.assertNotIn("\x1b[1m", out)
+        self.assertNotIn("\x1b[31m", out)
 
     def test_marks_changes(self):
         self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, LATER_STATUS_ANSWER]
         words = ("CRI.GetStatus", "channelId=1", "--get", "acmMode", "--watch=0", "--count", "2")
         _, out = run_on_terminal(*words, url=self.node.url)
-        self.assertEqual(out.splitlines()[-1], "\x1b[1m* 0\x1b[0m")
+        self.assertIn("\x1b[1m* 0\x1b[0m\x1b[K\n", out)
 
     def test_is_left_out_with_no_color(self):
         _, out = run_on_terminal("CRI.GetStatus", "channelId=3", url=self.node.url, NO_COLOR="1")
@@ -400,7 +660,24 @@ class Secrets(NodeTest):
         self.assertEqual(self.run_with_node("CRI.SetKey", "masterKey=verysecret")[2], warning)
         self.assertEqual(self.run_with_node("CRI.SetKey", "masterKey=")[2], "")
         self.assertEqual(self.run_with_node("CRI.SetKey", "--json", "masterKey=verysecret")[2], "")
-        self.assertEqual(self.run_with_node("CRI.SetKey", "--data", '{"masterKey": "verysecret"}')[2], "")
+        self.assertEqual(self.run_with_node("CRI.SetKey", "--data", '{"masterKey": "verysecret"}')[2], warning)
+        self.assertEqual(self.run_with_node("CRI.SetKey", "--data", '{"masterKey": ""}')[2], "")
+        self.assertEqual(self.run_with_node("CRI.SetKey", "--data", "@-", stdin='{"masterKey": "verysecret"}')[2], "")
+
+    def test_that_only_the_node_knows_of_are_hidden_too(self):
+        self.node.add_described({
+            "name": "CRI.SetPin", "help": "",
+            "request": [{"name": "pin", "type": "string", "required": True, "isSecret": True}],
+            "response": [{"name": "inner", "type": "struct", "fields": [{"name": "code", "type": "int", "isSecret": True}]}]},
+            {"tiResult": 0, "inner": {"code": 4711}, "pin": "verysecret"})
+        for words in (["-v"], ["--json"], [], ["--get", "inner.code"], ["--dry-run"], ["--dry-run", "--json"]):
+            status, out, err = self.run_with_node("CRI.SetPin", "pin=verysecret", *words)
+            self.assertEqual(status, 0)
+            self.assertNotIn("verysecret", out + err)
+            self.assertNotIn("4711", out + err)
+            self.assertIn("(hidden)", out + err)
+        self.assertEqual(self.run_with_node("CRI.SetPin", "pin=verysecret")[2],
+                         "zyrctl: the shell's history keeps pin; --data @FILE and --data @- leave no trace there\n")
 
 
 class Encrypt(NodeTest):
@@ -555,11 +832,17 @@ class ExitStatus(NodeTest):
             "error": {"kind": "fault", "code": 4, "text": "Error: Command not available"}}))
 
     def test_is_2_for_usage(self):
-        for words in (["--nonsense"], ["list", "a", "b"], ["call"], [], ["completion", "fish"], ["--timeout", "-1", "list"],
+        for words in (["--nonsense"], ["list", "a", "b"], ["call"], ["completion", "tcsh"], ["--timeout", "-1", "list"],
                       ["TI.GetEvents", "--watch=x"]):
             status, out, err = self.run_with_node(*words)
             self.assertEqual((status, out), (2, ""), words)
             self.assertRegex(err, r"\Azyrctl: .+\n\Z")
+        for words, text in (
+                (["status", "0"], 'CHANNEL: "0" is not a number from 1 on'),
+                (["--timeout", "-1", "list"], '--timeout: "-1" is not a number from 0 on'),
+                (["TI.GetEvents", "--watch=1e9"], '--watch: "1e9" is not a number from 0 to 86400'),
+                (["status", "--watch", "--count", "0"], '--count: "0" is not a number from 1 on')):
+            self.assertEqual(self.run_with_node(*words), (2, "", f"zyrctl: {text}\n"))
         status, out, err = self.run_with_node("list", "--json", "--nonsense")
         self.assertEqual((status, out, json.loads(err)), (2, "", {"error": {
             "kind": "usage", "code": None, "text": "The following argument was not expected: --nonsense"}}))
@@ -583,6 +866,11 @@ class ExitStatus(NodeTest):
             self.assertEqual(run("list", "--timeout", "0.05", url=silent.url),
                              (4, "", f"zyrctl: no answer from {silent.url} within 50 ms\n"))
 
+    def test_is_4_for_a_command_that_may_still_be_running(self):
+        self.node.answers["TI.GetEvents"] = [HANG]
+        self.assertEqual(self.run_with_node("TI.GetEvents", "--timeout", "0.3"), (
+            4, "", f"zyrctl: no answer from {self.node.url} within 300 ms; the node may still be running TI.GetEvents\n"))
+
     def test_is_5_for_what_is_no_answer(self):
         for answer in (b"HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello",
                        b"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\n<?xml",
@@ -602,6 +890,129 @@ class ExitStatus(NodeTest):
             done = subprocess.run([ZYRCTL, "list"], stdout=full, stderr=subprocess.PIPE, text=True, timeout=DEADLINE,
                                   env=environment(self.node.url), check=False)
         self.assertEqual((done.returncode, done.stderr), (2, "zyrctl: standard output does not take the data\n"))
+
+
+class NamedNodes(NodeTest):
+    def setUp(self):
+        super().setUp()
+        self.folder = self.enterContext(tempfile.TemporaryDirectory())
+        self.file = os.path.join(self.folder, "nodes.ini")
+
+    def write(self, text):
+        with open(self.file, "w", encoding="utf-8") as file:
+            file.write(text)
+
+    def list_of(self, *words, **more):
+        return run(*words, "list", "ti.", **{"ZYR_NODES": self.file, **more})
+
+    EXPECTED = (0, "TI.GetEvents  Reads events. [test]\n", "")
+
+    def test_have_their_url_in_a_file(self):
+        self.write(f"; my nodes\n[east]\nurl = http://127.0.0.1:1/RPC2\n\n[west]\nurl = {self.node.url}\n")
+        self.assertEqual(self.list_of("--node", "west", url="http://127.0.0.1:1/RPC2"), self.EXPECTED)
+        self.assertEqual(self.list_of("--node=east")[0], 3)
+
+    def test_stand_in_the_users_folder_of_settings(self):
+        os.mkdir(os.path.join(self.folder, "zyrctl"))
+        self.file = os.path.join(self.folder, "zyrctl", "nodes.ini")
+        self.write(f"[west]\nurl = {self.node.url}\n")
+        self.assertEqual(run("--node", "west", "list", "ti.", XDG_CONFIG_HOME=self.folder), self.EXPECTED)
+
+    def test_have_credentials_beside_the_file(self):
+        with FakeNode(login="ann:open sesame") as node:
+            path = os.path.join(self.folder, "login")
+            with open(path, "w", encoding="utf-8") as file:
+                file.write("bob:no\nann:open sesame\n")
+            os.chmod(path, 0o600)
+            self.write(f"[west]\nurl = {node.url}\nuser = ann\ncredentials = login\n[bare]\nurl = {node.url}\n")
+            self.assertEqual(self.list_of("--node", "west"), self.EXPECTED)
+            # Those of the environment may be another node's.
+            self.assertEqual(self.list_of("--node", "bare", ZYR_CREDENTIALS=path)[0], 5)
+
+    def test_are_suggested(self):
+        self.write("[west]\nurl = x\n[east]\nurl = y\n")
+        self.assertEqual(self.list_of("--node", "wset"),
+                         (2, "", f'zyrctl: {self.file} names no node "wset"; did you mean "west"?\n'))
+        self.assertEqual(self.list_of("--node", "qqqqqq"),
+                         (2, "", f'zyrctl: {self.file} names no node "qqqqqq", it names west, east\n'))
+
+    def test_are_refused_if_they_are_none(self):
+        for text, complaint in (
+                ("[west]\nuser = ann\n", ': the node "west" has no url'),
+                ("[west]\nurl = x\ncolour = blue\n", ': cannot take "west.colour"; it takes [NAME] and below it url, '
+                                                     "user, credentials and ca = VALUE"),
+                ("url = x\n", ': cannot take "url"; it takes [NAME] and below it url, user, credentials and ca = VALUE'),
+                ("[west]\nurl = x\nuser = ann:sesame\n", ": a password has no place here; name a file with it: "
+                                                         "credentials = FILE")):
+            self.write(text)
+            self.assertEqual(self.list_of("--node", "west"), (2, "", f"zyrctl: {self.file}{complaint}\n"))
+        self.assertEqual(self.list_of("--node", "west", ZYR_NODES="/nowhere/x"),
+                         (2, "", "zyrctl: cannot read the file of named nodes /nowhere/x\n"))
+        self.assertEqual(self.list_of("--node", "west", "--url", "http://x/")[0], 2)
+
+
+class Tls(unittest.TestCase):
+    def setUp(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        self.certificate = os.path.join(folder, "cert.pem")
+        key = os.path.join(folder, "key.pem")
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
+                        "-nodes", "-keyout", key, "-out", self.certificate, "-days", "2", "-subj", "/CN=node",
+                        "-addext", "subjectAltName=IP:127.0.0.1"], check=True, capture_output=True)
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        context.load_cert_chain(self.certificate, key)
+        self.node = self.enterContext(FakeNode(tls=context))
+        self.folder = folder
+
+    def list_of(self, *words, **more):
+        return run("list", "ti.", *words, url=self.node.url, **more)
+
+    def test_takes_a_certificate_that_is_trusted(self):
+        for words, more in ((["--ca", self.certificate], {}), ([], {"ZYR_CA": self.certificate}),
+                            ([], {"CURL_CA_BUNDLE": self.certificate}), ([], {"SSL_CERT_FILE": self.certificate}),
+                            (["--ca", self.certificate], {"ZYR_CA": "/nowhere/x"})):
+            self.assertEqual(self.list_of(*words, **more), (0, "TI.GetEvents  Reads events. [test]\n", ""))
+
+    def test_takes_that_of_a_named_node(self):
+        nodes = os.path.join(self.folder, "nodes.ini")
+        with open(nodes, "w", encoding="utf-8") as file:
+            file.write(f"[west]\nurl = {self.node.url}\nca = cert.pem\n")
+        self.assertEqual(run("--node", "west", "list", "ti.", ZYR_NODES=nodes)[0], 0)
+
+    def test_refuses_other_certificates(self):
+        status, out, err = self.list_of()
+        self.assertEqual((status, out), (3, ""))
+        self.assertIn("certificate", err)
+        self.assertEqual(self.list_of("--ca", "/nowhere/x"),
+                         (2, "", "zyrctl: the file of certificates /nowhere/x is not there\n"))
+
+
+class Narrow(NodeTest):
+    def test_terminal_gets_records_in_place_of_a_table_that_is_too_wide(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=1", url=self.node.url, size=(24, 18))
+        self.assertEqual(out, ("tiResult  0\n"
+                               "acmMode   Fixed rate (1)\n"
+                               "power     15.5 dBm\n"
+                               "events (2)\n"
+                               "  eventName  count\n"
+                               "  LOS            3\n"
+                               "  Sync lost     12\n"))
+        _, out = run_on_terminal("CRI.GetStatus", "channelId=1", url=self.node.url, size=(24, 17))
+        self.assertEqual(out.splitlines()[3:], ["events (2)",
+                                                "  [0]", "    eventName  LOS", "    count      3",
+                                                "  [1]", "    eventName  Sync lost", "    count      12"])
+
+    def test_terminal_gets_the_beginning_of_long_lines_of_the_list(self):
+        _, out = run_on_terminal("list", "acm", url=self.node.url, size=(24, 30))
+        self.assertEqual(out, "CRI.EnableAcm   Switches ACM …\nCRI.SetAcmMode  Sets the ACM …\n")
+
+    def test_terminal_gets_help_in_more_lines(self):
+        _, out = run_on_terminal("help", "CRI.EnableAcm", url=self.node.url, size=(24, 70))
+        self.assertIn("\n  2  eTI_E_INVALID_ARGUMENT  RadioChannelID out of bounds\n"
+                      "      The node has no such radio channel.\n", out)
+        self.assertIn("RadioChannelID out of bounds  The node has no such radio channel.\n",
+                      self.run_with_node("help", "CRI.EnableAcm")[1])
 
 
 class Completion(NodeTest):
@@ -641,6 +1052,43 @@ class Completion(NodeTest):
         self.assertEqual(in_bash("zyrctl CRI.SetAcmMode ch", "CRI.SetAcmMode", "ch"), "<channelId=>" + registered)
         self.assertEqual(in_bash("zyrctl CRI.SetAcmMode acmMode=", "CRI.SetAcmMode", "acmMode", "="),
                          "<Off ><Fixed\\ rate >" + registered)
+
+
+    def test_works_in_zsh(self):
+        def in_zsh(*words):
+            # What zsh would offer, and with -S what it would put behind it in the place of a blank.
+            script = ('compadd() { print -r -- "$*" }\ncompdef() { print -r -- "$*" }\n'
+                      'eval "$("$ZYRCTL" completion zsh)"\n'
+                      'words=("$ZYRCTL" "$@"); CURRENT=$#words; PREFIX=$words[-1]; _zyrctl')
+            done = subprocess.run(["zsh", "-f", "-c", script, "zsh", *words], capture_output=True, text=True,
+                                  timeout=DEADLINE, env=environment(self.node.url, ZYRCTL=ZYRCTL), check=True)
+            return done.stdout
+        self.assertEqual(in_zsh("CRI.S"), "_zyrctl zyrctl\n-- CRI.SetAcmMode CRI.SetKey\n")
+        self.assertEqual(in_zsh("CRI.SetAcmMode", "c"), "_zyrctl zyrctl\n-S  -- channelId= config.ifSwitchMode=\n")
+        self.assertEqual(in_zsh("CRI.SetAcmMode", "acmMode="),
+                         "_zyrctl zyrctl\n-- acmMode=Off acmMode=Fixed rate\n")
+
+    def test_works_in_fish(self):
+        def in_fish(line):
+            with tempfile.TemporaryDirectory() as home:
+                script = ('set PATH (dirname $ZYRCTL) $PATH; zyrctl completion fish | source; complete --do-complete $LINE')
+                done = subprocess.run(["fish", "--no-config", "-c", script], capture_output=True, text=True, timeout=DEADLINE,
+                                      env=environment(self.node.url, ZYRCTL=ZYRCTL, LINE=line, HOME=home), check=True)
+            return done.stdout
+        self.assertEqual(in_fish("zyrctl CRI.S"), "CRI.SetAcmMode\nCRI.SetKey\n")
+        self.assertEqual(in_fish("zyrctl CRI.SetAcmMode acmMode="), "acmMode=Fixed rate\nacmMode=Off\n")
+
+    def test_is_one_of_three(self):
+        for shell in ("bash", "fish", "zsh"):
+            self.assertIn(f"zyrctl completion {shell}", self.run_with_node("completion", shell)[1])
+        self.assertEqual(self.complete("zyrctl completion "), ["bash", "fish", "zsh"])
+
+    def test_names_nodes(self):
+        with tempfile.NamedTemporaryFile("w") as file:
+            file.write("[west]\nurl = x\n[east]\nurl = y\n")
+            file.flush()
+            self.assertEqual(self.complete("zyrctl --node w", ZYR_NODES=file.name), ["west"])
+        self.assertEqual(self.complete("zyrctl --node w", ZYR_NODES="/nowhere/x"), [])
 
 
 class LongPoll(NodeTest):

@@ -2,9 +2,12 @@
 
 import json
 import os
+import pathlib
+import re
 import subprocess
+import unittest
 
-from node_process import PATIENCE, NodeTest, wait_for_transmitter
+from node_process import PATIENCE, Call, Node, NodeTest, wait_for_transmitter
 
 PROGRAM = os.environ["ZYRCTL"]
 
@@ -33,14 +36,15 @@ class ZyrctlTest(NodeTest):
         status = self.zyrctl("status", "1").splitlines()
         self.assertEqual(status[0], "Radio channel 1, node NormalOperation")
         self.assertIn("Link          Up", status)
-        self.assertTrue(any(line.startswith("Receiver      -") and ", 14920000, " in line for line in status), status)
+        self.assertTrue(any(line.startswith("Receiver      -") and " dBm, 14 920.000 MHz, " in line for line in status),
+                        status)
 
     def test_watched_status_draws_the_level_over_time(self):
         self.configure()
         rounds = self.zyrctl("status", "1", "--watch=0", "--count", "3").split("#")[1:]
         self.assertEqual([text.split(" ", 1)[0] for text in rounds], ["1", "2", "3"])
         self.assertNotIn("Level         ", rounds[0])
-        self.assertRegex(rounds[2], r"Level         [▁▂▃▄▅▆▇█]{3}  -\d+ to -\d+\n")
+        self.assertRegex(rounds[2], r"Level         [▁▂▃▄▅▆▇█]{3}  -\d+\.\d dBm to -\d+\.\d dBm\n")
 
     def test_frames_and_capability_are_tables(self):
         frames = self.zyrctl("frames", "2").splitlines()
@@ -71,8 +75,44 @@ RfLoop2  open
         self.assertEqual({event["eventName"] for event in events if event["isActive"]},
                          {"FarEndLinkDown", "LoopClosed"})
 
-    def test_every_listed_command_can_be_explained(self):
-        for command in self.proxy.system.listMethods():
-            if command.startswith(("CI.", "CRI.", "TI.", "SIM.")):
-                with self.subTest(command):
-                    self.assertIn(command, self.zyrctl("help", command))
+
+def zyrctl(node, command):
+    """Runs a command line on a node, as it stands in a text."""
+    environment = {**os.environ, "ZYR_URL": node.url, "PATH": f"{pathlib.Path(PROGRAM).parent}:{os.environ['PATH']}"}
+    done = subprocess.run(["sh", "-c", command], env=environment, capture_output=True, text=True,
+                          stdin=subprocess.DEVNULL, timeout=PATIENCE, check=False)
+    return done.returncode, done.stdout, done.stderr
+
+
+class ExamplesTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        """The example of each command, with the options of the node and the command before it."""
+        cls.examples = {}
+        with Node("--enable-ti") as node:
+            proxy = node.proxy()
+            for command in (method["name"] for method in proxy.zyr.describe()["methods"]):
+                _, out, _ = zyrctl(node, f"zyrctl help {command}")
+                told = re.search(r"^Example(?:, on a node of zyrnode (.*?))?(?:, behind that of (.*?))?:\n  (zyrctl .*)\n\Z",
+                                 out, re.MULTILINE)
+                cls.examples[command] = told.groups()
+
+    def run_example(self, node, command):
+        disturbs = node.proxy().zyr.describe(command)["disturbsTraffic"]
+        return zyrctl(node, self.examples[command][2] + (" --yes" if disturbs else ""))
+
+    def test_all_are_there(self):
+        self.assertEqual(sum(name.startswith(("CI.", "CRI.", "TI.")) for name in self.examples), 72)
+        self.assertIn("SIM.GetState", self.examples)
+
+    def test_each_works_on_a_node_that_has_just_started(self):
+        for command, (options, before, _) in self.examples.items():
+            with self.subTest(command), Node(*(options or "").split()) as node:
+                if before:
+                    self.assertEqual(self.run_example(node, before)[0], 0)
+                running = Call(self.run_example, node, command)
+                if node.proxy().zyr.describe(command)["longPoll"]:
+                    node.wait_for_hanging(1)
+                    node.proxy().CRI.EnableAcm({"channelId": 1, "enable": False})
+                status, _, err = running.result()
+                self.assertEqual((status, re.sub("^zyrctl: the shell's history keeps .*\n", "", err)), (0, ""))

@@ -76,7 +76,7 @@ void showRequest(Session& session, const PreparedCall& call)
 {
     std::vector<Value> params = call.params;
     for (Value& param : params) {
-        param = withoutSecrets(param);
+        param = session.node().secrets().hiddenIn(param);
     }
     if (session.settings.json) {
         session.console.print({indentedJson({{"method", call.method}, {"params", params}})});
@@ -88,23 +88,27 @@ void showRequest(Session& session, const PreparedCall& call)
 // What is typed stays in the shell's history.
 void warnOfSecrets(Session& session, const CallOptions& options)
 {
+    if (session.settings.json) {
+        return;
+    }
+    const auto warn = [&](const std::string& name) {
+        session.console.remark("zyrctl: the shell's history keeps " + printable(name) +
+                               "; --data @FILE and --data @- leave no trace there" +
+                               (options.command == kEncryptMethod ? ", nor does zyrctl encrypt" : ""));
+    };
+    const SecretNames& secrets = session.node().secrets();
     for (const std::string& assignment : options.assignments) {
         const std::size_t equals = assignment.find('=');
         const std::string name = assignment.substr(0, equals);
         const bool isGiven = equals != std::string::npos && equals + 1 < assignment.size();
-        if (isGiven && isSecretName(name) && !session.settings.json) {
-            session.console.remark("zyrctl: the shell's history keeps " + printable(name) +
-                                   "; --data @FILE and --data @- leave no trace there" +
-                                   (options.command == kEncryptMethod ? ", nor does zyrctl encrypt" : ""));
+        if (isGiven && secrets.contains(name.substr(name.rfind('.') + 1))) {
+            warn(name);
         }
     }
-}
-
-// A long poll lasts as long as there is nothing to report.
-void waitForLongPoll(Session& session, const PreparedCall& call)
-{
-    if (call.description && call.description->isLongPoll && !session.settings.timeout) {
-        session.node().setTimeout(std::chrono::milliseconds(0));
+    if (!options.data.empty() && options.data.front() != '@') {
+        for (const std::string& name : secrets.namesIn(dataOf(options.data).value_or(Value()))) {
+            warn(name);
+        }
     }
 }
 
@@ -119,7 +123,9 @@ void runCall(Session& session, const CallOptions& options)
     if (!options.yes && call.description && call.description->disturbsTraffic) {
         session.confirm(call.method);
     }
-    waitForLongPoll(session, call);
+    if (call.description) {
+        session.waitFor(*call.description);
+    }
     const auto fields = call.description ? call.description->response : std::vector<FieldDescription>();
     const auto ask = [&] { return session.node().call(call.method, call.params); };
     const auto askPart = [&] { return pick(ask(), fields, options.get); };
@@ -128,14 +134,14 @@ void runCall(Session& session, const CallOptions& options)
         watch(
             session, options.watch, [&] { return isPart ? askPart().value : ask(); },
             [&](const Value& answer, const std::set<std::string>& changed) {
-                return renderAnswer(answer, fields, changed);
+                return renderAnswer(answer, fields, changed, session.console.room());
             });
     } else if (isPart) {
         const Picked part = askPart();
-        session.show(part.value, renderPicked(part.value, part.field));
+        session.show(part.value, renderPicked(part.value, part.field, session.console.room()));
     } else {
         const Value answer = ask();
-        session.show(answer, renderAnswer(answer, fields));
+        session.show(answer, renderAnswer(answer, fields, {}, session.console.room()));
     }
 }
 
@@ -147,9 +153,10 @@ void addCallCommand(CLI::App& app, Session& session)
     CLI::App* const call =
         app.add_subcommand("call", "Call a command of the node; zyrctl COMMAND field=value is the same");
     call->add_option("COMMAND", options->command, "Name of a command, as in the list")->required();
-    call->add_option("FIELD=VALUE", options->assignments,
-                     "Fields of the request: texts or numbers of enumerations, record.field for nested ones, "
-                     "JSON for lists");
+    call->add_option(
+        "FIELD=VALUE", options->assignments,
+        "Fields of the request: texts or numbers of enumerations, record.field for nested ones, "
+        "JSON for lists; values alone for methods that take no record, such as system.methodHelp");
     call->add_option("--data", options->data, "The request as JSON; @FILE or @- (standard input) reads it");
     call->add_option("--get", options->get, "Only this part of the answer: events[0].isActive");
     call->add_flag("--dry-run", options->dryRun, "Print the request, secrets hidden, and do not call");

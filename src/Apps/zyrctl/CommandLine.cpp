@@ -34,6 +34,23 @@ bool isSubcommand(const CLI::App& app, const std::string& word)
 
 } // namespace
 
+std::vector<std::string> withJoinedNumbers(std::vector<std::string> words)
+{
+    for (std::size_t index = 0; index + 1 < words.size(); ++index) {
+        double number = 0;
+        if (words[index] == "--watch" && CLI::detail::lexical_cast(words[index + 1], number)) {
+            words[index] += "=" + words[index + 1];
+            words.erase(words.begin() + static_cast<std::ptrdiff_t>(index) + 1);
+        }
+    }
+    for (std::string& word : words) {
+        if (word.starts_with("--watch=.")) {
+            word.insert(word.find('.'), "0"); // ".5" is no number of an option
+        }
+    }
+    return words;
+}
+
 std::vector<std::string> withCallSubcommand(const CLI::App& app, std::vector<std::string> words)
 {
     for (std::size_t index = 0; index < words.size(); ++index) {
@@ -49,6 +66,17 @@ std::vector<std::string> withCallSubcommand(const CLI::App& app, std::vector<std
     return words;
 }
 
+std::vector<std::string> withWholeLists(const CLI::App& app, std::vector<std::string> words)
+{
+    for (std::size_t index = 0; index < words.size(); ++index) {
+        const bool isList = words[index].starts_with('[') && words[index].ends_with(']');
+        if (isList && (index == 0 || !takesNextWord(app, words[index - 1]))) {
+            words[index].insert(0, " ");
+        }
+    }
+    return words;
+}
+
 bool asksForJson(const std::vector<std::string>& words)
 {
     return std::ranges::find(words, "--json") != words.end();
@@ -57,9 +85,16 @@ bool asksForJson(const std::vector<std::string>& words)
 void hideSecrets(int argc, char** argv)
 {
     constexpr std::string_view joined = "--user=";
+    constexpr std::string_view joinedData = "--data=";
     for (int index = 1; index < argc; ++index) {
         const std::string_view word = argv[index];
         const bool isBehind = index > 1 && std::string_view(argv[index - 1]) == "--user";
+        const bool isData = index > 1 && std::string_view(argv[index - 1]) == "--data";
+        if ((isData || word.starts_with(joinedData)) && isSecretName(word)) {
+            char* const data = argv[index] + (isData ? 0 : joinedData.size());
+            std::memset(data, '*', std::strlen(data));
+            continue;
+        }
         char* const equals = std::strchr(argv[index], '=');
         if (equals != nullptr && !word.starts_with('-') && isSecretName(word.substr(0, word.find('=')))) {
             std::memset(equals + 1, '*', std::strlen(equals + 1));

@@ -123,7 +123,7 @@ Words candidatesFor(const Words& before, const std::string& current, const Compl
         return {};
     }
     if (first == "completion") {
-        return {"bash"};
+        return source.shells;
     }
     return first == "help" ? joined(source.subcommands, source.commands()) : source.commands();
 }
@@ -162,8 +162,9 @@ std::vector<std::string> completions(const std::vector<std::string>& words, cons
     if (isOption(current)) {
         return beginningWith(source.options, current);
     }
-    if (words.size() > 1 && contains(source.valueOptions, words[words.size() - 2])) {
-        return {};
+    const std::string before = words.size() > 1 ? words[words.size() - 2] : "";
+    if (contains(source.valueOptions, before)) {
+        return before == "--node" ? beginningWith(source.nodes(), current) : Words();
     }
     return beginningWith(candidatesFor(positionals(words, source.valueOptions), current, source), current);
 }
@@ -179,27 +180,6 @@ std::optional<std::string> optionValue(const std::vector<std::string>& words, co
         }
     }
     return std::nullopt;
-}
-
-std::string_view bashCompletionScript()
-{
-    // For bash "=" usually begins a new word, so that only what stands behind it is to be put in.
-    return R"script(# bash completion of zyrctl; load it with: source <(zyrctl completion bash)
-_zyrctl() {
-    local line=${COMP_LINE:0:COMP_POINT} candidate
-    local typed=${line##*[[:blank:]]}
-    COMPREPLY=()
-    while IFS= read -r candidate; do
-        if [[ $typed == *=* && $COMP_WORDBREAKS == *=* ]]; then
-            candidate=${candidate#*=}
-        fi
-        printf -v candidate %q "$candidate"
-        [[ $candidate == *= ]] || candidate+=' '
-        COMPREPLY+=("$candidate")
-    done < <("${COMP_WORDS[0]}" __complete "$line" 2>/dev/null)
-}
-complete -o nospace -F _zyrctl zyrctl
-)script";
 }
 
 } // namespace zyr_ctl

@@ -18,8 +18,10 @@ namespace zyr_ctl
 struct CompletionSource
 {
     std::vector<std::string> subcommands;
-    std::vector<std::string> options;      ///< all options: "--json"
-    std::vector<std::string> valueOptions; ///< those that are followed by a value
+    std::vector<std::string> options;                ///< all options: "--json"
+    std::vector<std::string> valueOptions;           ///< those that are followed by a value
+    std::vector<std::string> shells;                 ///< whose completion there is
+    std::function<std::vector<std::string>()> nodes; ///< the named ones
     std::function<std::vector<std::string>()> commands;
     std::function<std::optional<CommandDescription>(const std::string& command)> describe;
 };
@@ -33,8 +35,5 @@ std::vector<std::string> completions(const std::vector<std::string>& words, cons
 
 /// The value that an option has among the words: "--url X", "--url=X"; none if it isn't there.
 std::optional<std::string> optionValue(const std::vector<std::string>& words, const std::string& option);
-
-/// What bash has to load.
-std::string_view bashCompletionScript();
 
 } // namespace zyr_ctl

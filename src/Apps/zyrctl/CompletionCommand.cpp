@@ -1,7 +1,10 @@
 #include "Completion.h"
+#include "CompletionScripts.h"
+#include "NamedNodes.h"
 #include "Subcommands.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 
 namespace zyr_ctl
@@ -12,6 +15,30 @@ namespace
 
 // A shell that waits for a completion seems to hang.
 constexpr double kTimeout = 2;
+
+const std::map<std::string, std::string_view (*)()> kScripts{
+    {"bash", &bashCompletionScript},
+    {"fish", &fishCompletionScript},
+    {"zsh", &zshCompletionScript},
+};
+
+std::vector<std::string> shells()
+{
+    std::vector<std::string> names;
+    for (const auto& [name, script] : kScripts) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+std::vector<std::string> namesOfNodes()
+{
+    std::vector<std::string> names;
+    for (const NamedNode& node : readNodes(nodesFile())) {
+        names.push_back(node.name);
+    }
+    return names;
+}
 
 void addOptions(const CLI::App& app, CompletionSource& source)
 {
@@ -39,6 +66,8 @@ CompletionSource sourceOf(const CLI::App& app, Session& session)
     }
     std::ranges::sort(source.options);
     source.options.erase(std::unique(source.options.begin(), source.options.end()), source.options.end());
+    source.shells = shells();
+    source.nodes = &namesOfNodes;
     source.commands = [&session] { return session.node().methods(); };
     source.describe = [&session](const std::string& command) { return session.node().describe(command); };
     return source;
@@ -47,11 +76,14 @@ CompletionSource sourceOf(const CLI::App& app, Session& session)
 // The line that is being typed has its own settings.
 void takeSettings(const std::vector<std::string>& words, Settings& settings)
 {
-    settings.timeout = kTimeout;
     settings.verbose = false;
-    settings.url = optionValue(words, "--url").value_or(optionValue(words, "-u").value_or(settings.url));
-    settings.user = optionValue(words, "--user").value_or(settings.user);
-    settings.credentialsFile = optionValue(words, "--credentials").value_or(settings.credentialsFile);
+    ConnectionSettings& connection = settings.connection;
+    connection.timeout = kTimeout;
+    connection.url = optionValue(words, "--url").value_or(optionValue(words, "-u").value_or(""));
+    connection.node = optionValue(words, "--node").value_or("");
+    connection.user = optionValue(words, "--user").value_or("");
+    connection.credentialsFile = optionValue(words, "--credentials").value_or("");
+    connection.caFile = optionValue(words, "--ca").value_or("");
 }
 
 void runComplete(const CLI::App& app, Session& session, const std::string& line)
@@ -71,12 +103,8 @@ void addCompletionCommand(CLI::App& app, Session& session)
 {
     const auto shell = std::make_shared<std::string>();
     CLI::App* const completion = app.add_subcommand("completion", "Print the completion script of a shell");
-    completion->add_option("SHELL", *shell, "bash")
-        ->required()
-        ->check(CLI::IsMember(std::vector<std::string>{"bash"}));
-    completion->callback([&session, shell] { // keeps the option's text alive
-        session.console.write(bashCompletionScript());
-    });
+    completion->add_option("SHELL", *shell, "bash, fish or zsh")->required()->check(CLI::IsMember(shells()));
+    completion->callback([&session, shell] { session.console.write(kScripts.at(*shell)()); });
 
     const auto line = std::make_shared<std::string>();
     CLI::App* const complete = app.add_subcommand("__complete", "")->group("");

@@ -2,9 +2,12 @@
 
 #include "Text.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <span>
 
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -18,13 +21,27 @@ constexpr const char* kBold = "\x1b[1m";
 constexpr const char* kRed = "\x1b[31m";
 constexpr const char* kPlain = "\x1b[0m";
 
+bool canSteer(int descriptor)
+{
+    const char* const terminal = std::getenv("TERM");
+    const bool isDumb = terminal != nullptr && std::string_view(terminal) == "dumb";
+    return !isDumb && isatty(descriptor) == 1;
+}
+
 bool mayColour(int descriptor)
 {
     const char* const noColour = std::getenv("NO_COLOR");
-    const char* const terminal = std::getenv("TERM");
     const bool isForbidden = noColour != nullptr && *noColour != '\0';
-    const bool isDumb = terminal != nullptr && std::string_view(terminal) == "dumb";
-    return !isForbidden && !isDumb && isatty(descriptor) == 1;
+    return !isForbidden && canSteer(descriptor);
+}
+
+winsize sizeOfTerminal()
+{
+    winsize size{};
+    if (isatty(STDOUT_FILENO) != 1 || ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) {
+        return {};
+    }
+    return size;
 }
 
 // Keeps a terminal from showing what is typed.
@@ -57,7 +74,7 @@ class Unseen
 Console::Console()
     : m_out(std::cout), m_error(std::cerr), m_colourOut(mayColour(STDOUT_FILENO)),
       m_colourError(mayColour(STDERR_FILENO)),
-      m_canAsk(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1)
+      m_canAsk(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1), m_canRedraw(canSteer(STDOUT_FILENO))
 {}
 
 void Console::print(const std::vector<std::string>& lines)
@@ -67,13 +84,51 @@ void Console::print(const std::vector<std::string>& lines)
     }
 }
 
+void Console::print(const std::vector<Line>& lines)
+{
+    for (const Line& line : lines) {
+        m_out << (line.mayBeCut ? shortened(line.text, room()) : line.text) << '\n';
+    }
+}
+
+void Console::printMarked(const Line& line, std::string_view end)
+{
+    const bool isBold = line.isChanged && m_colourOut;
+    m_out << (isBold ? kBold : "") << (line.isChanged ? "* " : "  ") << line.text << (isBold ? kPlain : "")
+          << end;
+}
+
 void Console::printMarked(const std::vector<Line>& lines)
 {
     for (const Line& line : lines) {
-        const bool isBold = line.isChanged && m_colourOut;
-        m_out << (isBold ? kBold : "") << (line.isChanged ? "* " : "  ") << line.text
-              << (isBold ? kPlain : "") << '\n';
+        printMarked(line, "\n");
     }
+}
+
+void Console::redraw(const std::vector<Line>& lines)
+{
+    if (!m_canRedraw) {
+        printMarked(lines);
+        return;
+    }
+    constexpr std::size_t markWidth = 2;
+    const winsize size = sizeOfTerminal();
+    const std::size_t columns = size.ws_col > markWidth ? size.ws_col - markWidth : 0;
+    const std::size_t rows = size.ws_row > 1 ? size.ws_row - 1U : lines.size();
+    if (m_drawn > 0) {
+        m_out << "\x1b[" << m_drawn << "A\r";
+    }
+    m_drawn = std::min(lines.size(), rows);
+    for (Line line : std::span(lines).first(m_drawn)) {
+        line.text = shortened(line.text, columns);
+        printMarked(line, "\x1b[K\n");
+    }
+    m_out << "\x1b[J";
+}
+
+std::size_t Console::room() const
+{
+    return sizeOfTerminal().ws_col;
 }
 
 void Console::write(std::string_view text)
@@ -84,6 +139,7 @@ void Console::write(std::string_view text)
 void Console::remark(const std::string& text)
 {
     m_error << text << '\n';
+    m_drawn = 0; // what was drawn may no longer stand where it was
 }
 
 void Console::report(const Failure& failure, bool asJson)

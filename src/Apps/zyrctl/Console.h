@@ -21,10 +21,21 @@ class Console
     Console& operator=(const Console&) = delete;
 
     /// Writes lines of data.
+    void print(const std::vector<Line>& lines);
     void print(const std::vector<std::string>& lines);
 
     /// Writes lines of data with a mark before those that have changed.
     void printMarked(const std::vector<Line>& lines);
+
+    /// Writes lines of data with marks in the place of those that it has written before; without a terminal
+    /// below them. Lines that the terminal has no room for are left out.
+    void redraw(const std::vector<Line>& lines);
+
+    /// Whether `redraw` finds the place of what it has written before.
+    bool canRedraw() const { return m_canRedraw; }
+
+    /// The columns of the terminal that gets the data; 0: it is none, all lengths are fine.
+    std::size_t room() const;
 
     /// Writes text as it is, as data.
     void write(std::string_view text);
@@ -49,11 +60,15 @@ class Console
     void flush();
 
   private:
+    void printMarked(const Line& line, std::string_view end);
+
     std::ostream& m_out;
     std::ostream& m_error;
     bool m_colourOut;
     bool m_colourError;
     bool m_canAsk;
+    bool m_canRedraw;
+    std::size_t m_drawn = 0; ///< lines above the cursor that `redraw` has written
 };
 
 } // namespace zyr_ctl

@@ -1,6 +1,7 @@
 // encrypt: the encryption of a radio link, with a key that never stands on the command line.
 
 #include "Failure.h"
+#include "Limits.h"
 #include "Login.h"
 #include "Secrets.h"
 #include "Subcommands.h"
@@ -84,7 +85,7 @@ void addEncryptCommand(CLI::App& app, Session& session)
     const auto options = std::make_shared<EncryptOptions>();
     CLI::App* const encrypt =
         app.add_subcommand("encrypt", "Switch the encryption of a radio link on or off, at its frequencies");
-    encrypt->add_option("CHANNEL", options->channel, "Radio channel (1)")->check(CLI::PositiveNumber);
+    encrypt->add_option("CHANNEL", options->channel, "Radio channel (1)")->check(oneOrMore());
     auto* const source = encrypt->add_option_group("source");
     source->add_option("--key-file", options->keyFile,
                        "File (mode 0600) with the key; a line end behind it is left out");

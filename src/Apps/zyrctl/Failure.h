@@ -45,6 +45,13 @@ class Failure : public std::runtime_error
     std::optional<long> m_code;
 };
 
+/// The node doesn't answer now, which may pass: it is starting, stopping, or out of reach.
+class Unreachable : public Failure
+{
+  public:
+    using Failure::Failure;
+};
+
 /// A wrong command line.
 inline Failure usageFailure(const std::string& text)
 {

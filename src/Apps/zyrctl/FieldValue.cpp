@@ -81,10 +81,17 @@ std::optional<std::int64_t> numberOfText(const FieldDescription& field, const st
     return isOnlyOne ? std::optional(alike->number) : std::nullopt;
 }
 
+std::string rangeWords(const FieldDescription& field)
+{
+    return " from " + std::to_string(field.minimum) + " to " + std::to_string(field.maximum);
+}
+
 std::int64_t inRange(const FieldDescription& field, const std::string& path, std::int64_t number)
 {
     if (number < field.minimum || number > field.maximum) {
-        refuse(field, path, std::to_string(number));
+        // That of the type goes without saying only as long as it is kept.
+        const bool isUntold = field.texts.empty() && !hasRangeOfItsOwn(field);
+        refuse(field, path, std::to_string(number), isUntold ? rangeWords(field) : "");
     }
     return number;
 }
@@ -168,18 +175,10 @@ Value checkedArray(const FieldDescription& field, const std::string& path, const
     return checked;
 }
 
-std::string rangeText(const FieldDescription& field)
-{
-    if (field.minimum == INT64_MIN && field.maximum == INT64_MAX) {
-        return "an integer";
-    }
-    return "an integer from " + std::to_string(field.minimum) + " to " + std::to_string(field.maximum);
-}
-
 std::string integerText(const FieldDescription& field)
 {
     if (field.texts.empty()) {
-        return rangeText(field);
+        return "an integer" + (hasRangeOfItsOwn(field) ? rangeWords(field) : "");
     }
     std::vector<std::string> rows;
     for (const EnumText& row : field.texts) {

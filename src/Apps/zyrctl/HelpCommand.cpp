@@ -44,7 +44,7 @@ void runHelp(const CLI::App& app, Session& session, const std::string& command)
         return;
     }
     if (const auto description = session.node().describe(command, own)) {
-        session.show(description->original, asLines(helpLines(*description)));
+        session.show(description->original, asLines(helpLines(*description, session.console.room())));
     } else {
         showOwnHelp(session, command);
     }

@@ -1,6 +1,7 @@
 #include "HelpText.h"
 
 #include "FieldValue.h"
+#include "Measure.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -20,8 +21,9 @@ constexpr std::size_t kLeastRoom = 40; // for the last column, however wide the 
 
 std::string rangeOf(const FieldDescription& field)
 {
-    const bool isLimited = field.minimum != INT64_MIN || field.maximum != INT64_MAX;
-    return isLimited ? " " + std::to_string(field.minimum) + ".." + std::to_string(field.maximum) : "";
+    return hasRangeOfItsOwn(field)
+               ? " " + std::to_string(field.minimum) + ".." + std::to_string(field.maximum)
+               : "";
 }
 
 std::string typeText(const FieldDescription& field)
@@ -104,39 +106,52 @@ std::vector<std::size_t> widthsOf(const Rows& rows)
     return widths;
 }
 
-// Rows in columns, without headings; a column that is empty in all rows is left out, the last one is wrapped.
-void addColumns(std::vector<std::string>& lines, const Rows& rows)
+std::string withoutEnd(const std::string& line)
 {
+    return line.substr(0, line.find_last_not_of(' ') + 1);
+}
+
+// Rows in columns, without headings; a column that is empty in all rows is left out, the last one is wrapped,
+// below the others if they leave it no room.
+void addColumns(std::vector<std::string>& lines, const Rows& rows, std::size_t lineWidth)
+{
+    constexpr std::size_t gap = 2;
+    constexpr std::size_t indentBelow = 6;
     const std::vector<std::size_t> widths = widthsOf(rows);
     for (const auto& row : rows) {
         std::string front;
         for (std::size_t column = 0; column + 1 < row.size(); ++column) {
             front += widths[column] == 0 ? "" : "  " + padded(printable(row[column]), widths[column]);
         }
-        const std::size_t room = kLineWidth - std::min(widthOf(front) + 2, kLineWidth - kLeastRoom);
+        if (widthOf(front) + gap + kLeastRoom > lineWidth) {
+            lines.push_back(withoutEnd(front));
+            front.assign(indentBelow - gap, ' ');
+        }
+        const std::size_t room = std::max(lineWidth - widthOf(front) - gap, kLeastRoom);
         for (const std::string& piece : wrapped(printable(row.back()), room)) {
-            const std::string line = std::string(front).append("  ").append(piece);
-            lines.push_back(line.substr(0, line.find_last_not_of(' ') + 1));
+            if (const std::string line = withoutEnd(front + "  " + piece); !line.empty()) {
+                lines.push_back(line);
+            }
             front.assign(widthOf(front), ' ');
         }
     }
 }
 
-void addSection(std::vector<std::string>& lines, const std::string& title, const Rows& rows)
+void addSection(std::vector<std::string>& lines, const std::string& title, const Rows& rows,
+                std::size_t lineWidth)
 {
     if (!rows.empty()) {
         lines.emplace_back();
         lines.push_back(title);
-        addColumns(lines, rows);
+        addColumns(lines, rows, lineWidth);
     }
 }
 
-void addFields(std::vector<std::string>& lines, const std::string& title,
-               const std::vector<FieldDescription>& fields, bool isRequest)
+Rows fieldRows(const std::vector<FieldDescription>& fields, bool isRequest)
 {
     Rows rows;
     addFieldRows(rows, {}, fields, isRequest);
-    addSection(lines, title, rows);
+    return rows;
 }
 
 void addNotes(std::vector<std::string>& lines, const CommandDescription& command)
@@ -148,12 +163,16 @@ void addNotes(std::vector<std::string>& lines, const CommandDescription& command
         lines.emplace_back(
             "  Answers when there is something to report; waits without a limit unless --timeout is given.");
     }
+    if (command.longest > std::chrono::seconds(1)) {
+        lines.push_back("  Can take up to " + measured(command.longest.count(), "ms") + ".");
+    }
     if (command.disturbsTraffic) {
         lines.emplace_back("  Can disturb traffic: asks before it runs, unless --yes is given.");
     }
 }
 
-std::string exampleValue(const FieldDescription& field)
+// For a node that gives no example.
+std::string likelyValue(const FieldDescription& field)
 {
     switch (field.type) {
     case FieldType::Boolean:
@@ -170,36 +189,78 @@ std::string exampleValue(const FieldDescription& field)
     }
 }
 
-std::string shellWord(const std::string& word)
+// Some texts look like other numbers; the number itself is never taken for another.
+std::string unmistakable(const FieldDescription& field, const std::string& text)
 {
-    return word.find_first_of(" \"$&();<>|*?") == std::string::npos ? word : "'" + word + "'";
+    const bool isDigits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+    const auto row = std::ranges::find(field.texts, text, &EnumText::text);
+    return isDigits && row != field.texts.end() ? std::to_string(row->number) : text;
 }
 
-std::string example(const CommandDescription& command)
+std::string exampleValue(const FieldDescription& field)
 {
-    std::string line = "zyrctl " + command.name;
-    for (const FieldDescription& field : command.request) {
-        if (field.isRequired) {
-            line += " " + shellWord(field.name + "=" + exampleValue(field));
+    if (!field.example) {
+        return likelyValue(field);
+    }
+    return field.example->is_string() ? unmistakable(field, field.example->get<std::string>())
+                                      : compactJson(*field.example);
+}
+
+// The word as a shell takes it back.
+std::string shellWord(const std::string& word)
+{
+    constexpr std::string_view harmless =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-+.,:=/@%";
+    if (word.find_first_not_of(harmless) == std::string::npos) {
+        return word;
+    }
+    std::string quoted = "'";
+    for (const char c : word) {
+        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    }
+    return quoted + "'";
+}
+
+void addExampleWords(std::string& line, const std::string& path, const std::vector<FieldDescription>& fields)
+{
+    for (const FieldDescription& field : fields) {
+        const std::string name = memberPath(path, field.name);
+        if (field.type == FieldType::Struct && field.example) {
+            addExampleWords(line, name, field.fields);
+        } else if (field.isRequired || field.example) {
+            line += " " + shellWord(name + "=" + exampleValue(field));
         }
     }
-    return line;
+}
+
+void addExample(std::vector<std::string>& lines, const CommandDescription& command)
+{
+    std::string options = command.isTest ? " --enable-ti" : "";
+    options += command.nodeOptions.empty() ? "" : " " + command.nodeOptions;
+    const std::string node = options.empty() ? "" : ", on a node of zyrnode" + options;
+    const std::string before = command.before.empty() ? "" : ", behind that of " + command.before;
+    std::string line = "  zyrctl " + command.name;
+    addExampleWords(line, {}, command.request);
+    lines.emplace_back();
+    lines.push_back(printable("Example" + node + before + ":"));
+    lines.push_back(printable(line));
 }
 
 } // namespace
 
-std::vector<std::string> helpLines(const CommandDescription& command)
+std::vector<std::string> helpLines(const CommandDescription& command, std::size_t room)
 {
+    const std::size_t lineWidth = room == 0 ? kLineWidth : std::min(room, kLineWidth);
     std::vector<std::string> lines{printable(command.name), "  " + printable(command.help)};
     addNotes(lines, command);
-    addFields(lines, "Request:", command.request, true);
-    addFields(lines, "Response:", command.response, false);
+    addSection(lines, "Request:", fieldRows(command.request, true), lineWidth);
+    addSection(lines, "Response:", fieldRows(command.response, false), lineWidth);
     Rows faults;
     for (const FaultDescription& fault : command.faults) {
         faults.push_back({std::to_string(fault.code), fault.result, fault.text, fault.meaning});
     }
-    addSection(lines, "Faults:", faults);
-    addSection(lines, "Example:", {{example(command)}});
+    addSection(lines, "Faults:", faults, lineWidth);
+    addExample(lines, command);
     return lines;
 }
 

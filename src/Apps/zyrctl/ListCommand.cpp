@@ -62,7 +62,7 @@ std::vector<Line> listLines(const std::vector<CommandDescription>& commands, std
         const std::string line = padded(printable(command.name), width) + "  " +
                                  (help.empty() ? "" : printable(help.front())) +
                                  std::string(command.isTest ? testMark : "");
-        lines.push_back({line.substr(0, line.find_last_not_of(' ') + 1)});
+        lines.push_back({.text = line.substr(0, line.find_last_not_of(' ') + 1), .mayBeCut = true});
     }
     return lines;
 }
@@ -78,7 +78,7 @@ std::vector<Line> groupedLines(const std::vector<CommandDescription>& commands)
     for (const auto& [group, members] : groups) {
         lines.push_back({printable(group) + ":"});
         for (const Line& line : listLines(members, "")) {
-            lines.push_back({"  " + line.text});
+            lines.push_back({.text = "  " + line.text, .mayBeCut = true});
         }
     }
     return lines;

@@ -26,10 +26,16 @@ auto withExitStatus(Exchange exchange)
     try {
         return exchange();
     } catch (const zyr_gateway::ConnectError& error) {
-        throw Failure(ExitStatus::NoConnection, error.what());
+        throw Unreachable(ExitStatus::NoConnection, error.what());
     } catch (const zyr_gateway::TimeoutError& error) {
-        throw Failure(ExitStatus::Timeout, error.what());
+        throw Unreachable(ExitStatus::Timeout, error.what());
+    } catch (const zyr_gateway::BrokenOffError& error) {
+        throw Unreachable(ExitStatus::Protocol, error.what());
     } catch (const zyr_gateway::HttpStatusError& error) {
+        constexpr long serviceUnavailable = 503;
+        if (error.status() == serviceUnavailable) {
+            throw Unreachable(ExitStatus::Protocol, error.what(), error.status());
+        }
         throw Failure(ExitStatus::Protocol, error.what(), error.status());
     } catch (const zyr_gateway::ProtocolError& error) {
         throw Failure(ExitStatus::Protocol, error.what());
@@ -76,6 +82,19 @@ void Node::setTimeout(std::chrono::milliseconds timeout)
 
 Value Node::call(const std::string& method, const std::vector<Value>& params)
 {
+    try {
+        return ask(method, params);
+    } catch (const Unreachable& failure) {
+        if (failure.status() == ExitStatus::Timeout) {
+            throw Unreachable(ExitStatus::Timeout,
+                              std::string(failure.what()) + "; the node may still be running " + method);
+        }
+        throw;
+    }
+}
+
+Value Node::ask(const std::string& method, const std::vector<Value>& params)
+{
     MethodResponse response;
     try {
         response = exchange({method, params});
@@ -87,7 +106,14 @@ Value Node::call(const std::string& method, const std::vector<Value>& params)
     if (response.fault) {
         throw Failure(ExitStatus::Fault, response.fault->text, response.fault->code);
     }
-    return withoutSecrets(response.value);
+    return m_secrets.hiddenIn(response.value);
+}
+
+CommandDescription Node::learned(CommandDescription description)
+{
+    m_secrets.learn(description.request);
+    m_secrets.learn(description.response);
+    return description;
 }
 
 MethodResponse Node::exchange(const MethodCall& call)
@@ -99,7 +125,7 @@ MethodResponse Node::exchange(const MethodCall& call)
 void Node::showWire()
 {
     for (const auto& [prefix, bytes] : {std::pair("> ", &m_sent), std::pair("< ", &m_received)}) {
-        for (std::string& line : linesOf(withoutSecretsInXml(*bytes))) {
+        for (std::string& line : linesOf(m_secrets.hiddenInXml(*bytes))) {
             if (line.ends_with('\r')) {
                 line.pop_back();
             }
@@ -111,19 +137,23 @@ void Node::showWire()
 
 std::vector<std::string> Node::methods()
 {
-    return namesIn(call("system.listMethods", {}));
+    return namesIn(ask("system.listMethods", {}));
 }
 
 std::vector<CommandDescription> Node::describeAll()
 {
-    return readCommands(call(std::string(kDescribeMethod), {}));
+    std::vector<CommandDescription> descriptions = readCommands(ask(std::string(kDescribeMethod), {}));
+    for (CommandDescription& description : descriptions) {
+        description = learned(std::move(description));
+    }
+    return descriptions;
 }
 
 std::optional<CommandDescription> Node::describe(const std::string& method,
                                                  const std::vector<std::string>& alsoMeant)
 {
     try {
-        return readCommand(call(std::string(kDescribeMethod), {Value(method)}));
+        return learned(readCommand(ask(std::string(kDescribeMethod), {Value(method)})));
     } catch (const Failure& failure) {
         if (failure.status() != ExitStatus::Fault) {
             throw;
@@ -139,7 +169,7 @@ std::optional<CommandDescription> Node::describe(const std::string& method,
 
 std::string Node::methodHelp(const std::string& method)
 {
-    const Value help = call("system.methodHelp", {Value(method)});
+    const Value help = ask("system.methodHelp", {Value(method)});
     return help.is_string() ? help.get<std::string>() : std::string();
 }
 

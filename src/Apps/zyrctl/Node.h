@@ -2,6 +2,7 @@
 
 #include "Client.h"
 #include "NodeDescription.h"
+#include "Secrets.h"
 
 #include <chrono>
 #include <functional>
@@ -25,7 +26,8 @@ class Node
 
     /// Calls a method.
     /// @return the answer, without the values of secret members
-    /// @throws Failure: fault, timeout, connect, protocol
+    /// @throws Failure: fault, protocol
+    /// @throws Unreachable: timeout, connect, protocol
     Value call(const std::string& method, const std::vector<Value>& params);
 
     /// How long each further call may take; 0: as long as it wishes.
@@ -47,13 +49,19 @@ class Node
     /// What the node itself writes as help of a method.
     std::string methodHelp(const std::string& method);
 
+    /// Which fields are secret, as far as the node has told yet.
+    const SecretNames& secrets() const { return m_secrets; }
+
   private:
+    Value ask(const std::string& method, const std::vector<Value>& params);
+    CommandDescription learned(CommandDescription description);
     zyr_gateway::MethodResponse exchange(const zyr_gateway::MethodCall& call);
     void connect();
     void showWire();
 
     zyr_gateway::ClientOptions m_options;
     WireWatch m_watch;
+    SecretNames m_secrets;
     std::string m_sent;
     std::string m_received;
     std::optional<zyr_gateway::XmlRpcClient> m_client;

@@ -21,6 +21,8 @@ constexpr std::array<std::pair<std::string_view, FieldType>, 6> kTypes{{
     {"struct", FieldType::Struct},
 }};
 
+using Range = std::pair<std::int64_t, std::int64_t>;
+
 FieldType typeOf(const std::string& name)
 {
     const auto* const row = std::ranges::find(kTypes, name, &std::pair<std::string_view, FieldType>::first);
@@ -38,6 +40,15 @@ std::vector<FieldDescription> readFields(const Value& owner, const char* member)
     return fields;
 }
 
+std::vector<EnumText> readRows(const Value& owner, const char* member)
+{
+    std::vector<EnumText> rows;
+    for (const Value& row : owner.value(member, Value::array())) {
+        rows.push_back({row.at("number").get<std::int64_t>(), row.at("text").get<std::string>()});
+    }
+    return rows;
+}
+
 FieldDescription readField(const Value& description)
 {
     FieldDescription field;
@@ -45,13 +56,16 @@ FieldDescription readField(const Value& description)
     field.type = typeOf(description.at("type").get<std::string>());
     field.minimum = description.value("minimum", field.minimum);
     field.maximum = description.value("maximum", field.maximum);
-    for (const Value& row : description.value("texts", Value::array())) {
-        field.texts.push_back({row.at("number").get<std::int64_t>(), row.at("text").get<std::string>()});
-    }
+    field.texts = readRows(description, "texts");
     field.form = description.value("form", "");
+    field.values = description.value("values", std::vector<std::string>());
     field.unit = description.value("unit", "");
+    field.noValues = readRows(description, "noValues");
     field.help = description.value("help", "");
     field.isRequired = description.value("required", false);
+    if (description.contains("example")) {
+        field.example = description.at("example");
+    }
     field.isSecret = description.value("isSecret", false);
     field.fields = readFields(description, "fields");
     if (description.contains("element")) {
@@ -79,6 +93,10 @@ CommandDescription readWholeCommand(const Value& description)
     command.isTest = description.value("test", false);
     command.isLongPoll = description.value("longPoll", false);
     command.disturbsTraffic = description.value("disturbsTraffic", false);
+    const Value needs = description.value("needs", Value::object());
+    command.nodeOptions = needs.value("options", "");
+    command.before = needs.value("before", "");
+    command.longest = std::chrono::milliseconds(description.value("longest_ms", std::int64_t{0}));
     command.request = readFields(description, "request");
     command.response = readFields(description, "response");
     command.faults = readFaults(description);
@@ -107,6 +125,21 @@ std::vector<CommandDescription> readCommands(const Value& descriptions)
     std::vector<CommandDescription> commands;
     std::ranges::transform(descriptions.at("methods"), std::back_inserter(commands), &readCommand);
     return commands;
+}
+
+bool hasRangeOfItsOwn(const FieldDescription& field)
+{
+    constexpr std::array<Range, 8> ranges{{
+        {INT8_MIN, INT8_MAX},
+        {INT16_MIN, INT16_MAX},
+        {INT32_MIN, INT32_MAX},
+        {INT64_MIN, INT64_MAX},
+        {0, UINT8_MAX},
+        {0, UINT16_MAX},
+        {0, UINT32_MAX},
+        {0, INT64_MAX},
+    }};
+    return std::ranges::find(ranges, Range{field.minimum, field.maximum}) == ranges.end();
 }
 
 const FieldDescription* findField(const std::vector<FieldDescription>& fields, std::string_view name)

@@ -2,6 +2,7 @@
 
 #include "Value.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,9 +44,12 @@ struct FieldDescription
     std::int64_t maximum = INT64_MAX; ///< of an integer
     std::vector<EnumText> texts;      ///< of an enumeration
     std::string form;                 ///< of a string that isn't free text, such as "aa:bb:cc:dd:ee:ff"
+    std::vector<std::string> values;  ///< of a string: those that it can be, or that are of use
     std::string unit;
+    std::vector<EnumText> noValues; ///< numbers that are no value, and why there is none
     std::string help;
     bool isRequired = false;
+    std::optional<Value> example;          ///< of a request: a value that serves on the simulated node
     bool isSecret = false;                 ///< its value is shown nowhere
     std::vector<FieldDescription> fields;  ///< of a struct
     std::vector<FieldDescription> element; ///< of an array: exactly one, else none
@@ -66,10 +70,13 @@ struct CommandDescription
 {
     std::string name;
     std::string help;
-    std::string group;            ///< what it touches; empty if the node doesn't tell
-    bool isTest = false;          ///< refused while the test family is closed
-    bool isLongPoll = false;      ///< answers when there is something to report
-    bool disturbsTraffic = false; ///< people should be asked before it runs
+    std::string group;                    ///< what it touches; empty if the node doesn't tell
+    bool isTest = false;                  ///< refused while the test family is closed
+    bool isLongPoll = false;              ///< answers when there is something to report
+    bool disturbsTraffic = false;         ///< people should be asked before it runs
+    std::string nodeOptions;              ///< of zyrnode, with which its example serves
+    std::string before;                   ///< the command whose example has to run before its own
+    std::chrono::milliseconds longest{0}; ///< from its start to its answer; 0: not told
     std::vector<FieldDescription> request;
     std::vector<FieldDescription> response;
     std::vector<FaultDescription> faults;
@@ -88,6 +95,9 @@ CommandDescription readCommand(const Value& description);
 /// Reads the descriptions of all commands, in the node's order.
 /// @throws Failure (protocol) if they are none
 std::vector<CommandDescription> readCommands(const Value& descriptions);
+
+/// Whether the range of an integer is narrower than that of any type.
+bool hasRangeOfItsOwn(const FieldDescription& field);
 
 /// The field with this name, case included; null if there is none.
 const FieldDescription* findField(const std::vector<FieldDescription>& fields, std::string_view name);

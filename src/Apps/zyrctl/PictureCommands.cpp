@@ -2,10 +2,12 @@
 // look at.
 
 #include "Failure.h"
+#include "Limits.h"
 #include "Pictures.h"
 #include "Subcommands.h"
 #include "Watch.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace zyr_ctl
@@ -34,30 +36,39 @@ struct ChannelOptions
 
 void addChannel(CLI::App& subcommand, ChannelOptions& options)
 {
-    subcommand.add_option("CHANNEL", options.channel, "Radio channel (1)")->check(CLI::PositiveNumber);
+    subcommand.add_option("CHANNEL", options.channel, "Radio channel (1)")->check(oneOrMore());
 }
 
-// The texts of an enumeration somewhere among described fields, by the field's name.
-std::vector<EnumText> textsOf(const std::vector<FieldDescription>& fields, std::string_view name)
-{
-    for (const FieldDescription& field : fields) {
-        if (field.name == name && !field.texts.empty()) {
-            return field.texts;
-        }
-        for (const auto* inner : {&field.fields, &field.element}) {
-            std::vector<EnumText> found = textsOf(*inner, name);
-            if (!found.empty()) {
-                return found;
-            }
-        }
-    }
-    return {};
-}
-
-std::vector<FieldDescription> responseOf(Session& session, const char* method)
+Fields responseOf(Session& session, const char* method)
 {
     const auto description = session.node().describe(method);
-    return description ? description->response : std::vector<FieldDescription>();
+    return description ? description->response : Fields();
+}
+
+void addLevel(std::vector<std::int64_t>& levels, const Value& answer, const Fields& fields)
+{
+    const auto level = answer.find("ActualRFInputPower");
+    if (level == answer.end() || !level->is_number_integer()) {
+        return;
+    }
+    const auto number = level->get<std::int64_t>();
+    const FieldDescription* const field = findField(fields, "ActualRFInputPower");
+    const bool isNone = field != nullptr && std::ranges::find(field->noValues, number, &EnumText::number) !=
+                                                field->noValues.end();
+    if (!isNone) {
+        levels.push_back(number);
+    }
+    if (levels.size() > kLevels) {
+        levels.erase(levels.begin());
+    }
+}
+
+// Marks the lines that were others before.
+void markChanges(const std::vector<Line>& before, std::vector<Line>& lines)
+{
+    for (std::size_t index = 0; index < std::min(before.size(), lines.size()); ++index) {
+        lines[index].isChanged = lines[index].text != before[index].text;
+    }
 }
 
 void runStatus(Session& session, const ChannelOptions& options)
@@ -65,24 +76,24 @@ void runStatus(Session& session, const ChannelOptions& options)
     const auto ask = [&] {
         return session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}});
     };
+    const Fields fields = responseOf(session, kStatus);
     std::vector<std::int64_t> levels;
     const auto picture = [&](const Value& answer) {
-        const auto level = answer.find("ActualRFInputPower");
-        if (level != answer.end() && level->is_number_integer()) {
-            levels.push_back(level->get<std::int64_t>());
-        }
-        if (levels.size() > kLevels) {
-            levels.erase(levels.begin());
-        }
-        return statusPicture(options.channel, answer, levels);
+        addLevel(levels, answer, fields);
+        return statusPicture(options.channel, answer, fields, levels);
     };
-    if (options.watch.watch->count() != 0) {
-        watch(session, options.watch, ask,
-              [&](const Value& answer, const std::set<std::string>&) { return picture(answer); });
-    } else {
+    if (options.watch.watch->count() == 0) {
         const Value answer = ask();
         session.show(answer, picture(answer));
+        return;
     }
+    std::vector<Line> before;
+    watch(session, options.watch, ask, [&](const Value& answer, const std::set<std::string>&) {
+        std::vector<Line> lines = picture(answer);
+        markChanges(before, lines);
+        before = lines;
+        return lines;
+    });
 }
 
 Value askFrames(Session& session, const ChannelOptions& options)
@@ -94,8 +105,7 @@ void runFrames(Session& session, const ChannelOptions& options)
 {
     const auto response = responseOf(session, kFrames);
     const Value answer = askFrames(session, options);
-    session.show(answer,
-                 framesPicture(answer, textsOf(response, "Modulation"), textsOf(response, "FrameLinkType")));
+    session.show(answer, framesPicture(answer, response));
 }
 
 // The power depends on the frame: the one that was named, or else the channel's first.
@@ -117,7 +127,7 @@ void runCapability(Session& session, const ChannelOptions& options)
                                                                  {"minModulation", "4QAM_STRONG"},
                                                                  {"maxModulation", "4096QAM_LIGHT"},
                                                                  {"referenceSec", "4L"}}});
-    session.show(answer, capabilityPicture(options.channel, answer, textsOf(response, "first")));
+    session.show(answer, capabilityPicture(options.channel, answer, response));
 }
 
 void runLoops(Session& session)
@@ -141,24 +151,24 @@ Value askThresholds(Session& session, const ChannelOptions& options)
 
 void runAcm(Session& session, const ChannelOptions& options)
 {
-    const auto modeResponse = responseOf(session, kAcmMode);
-    AcmAnswers answers;
-    answers.modes = textsOf(modeResponse, "acmMode");
-    answers.positions = textsOf(modeResponse, "acmModePosition");
-    answers.mode = session.node().call(kAcmMode, {Value{{"channelId", options.channel}}});
-    answers.status = session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}});
-    answers.thresholds = askThresholds(session, options);
-    if (!answers.thresholds.empty()) {
-        answers.modulations = textsOf(responseOf(session, kThresholds), "modulationAndCoding");
+    AcmAnswers answers{.mode = {session.node().call(kAcmMode, {Value{{"channelId", options.channel}}}),
+                                responseOf(session, kAcmMode)},
+                       .status = {session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}}),
+                                  responseOf(session, kStatus)},
+                       .thresholds = {askThresholds(session, options), {}}};
+    if (!answers.thresholds.answer.empty()) {
+        answers.thresholds.fields = responseOf(session, kThresholds);
     }
-    session.show({{kAcmMode, answers.mode}, {kStatus, answers.status}, {kThresholds, answers.thresholds}},
+    session.show({{kAcmMode, answers.mode.answer},
+                  {kStatus, answers.status.answer},
+                  {kThresholds, answers.thresholds.answer}},
                  acmPicture(options.channel, answers));
 }
 
 void runCombiner(Session& session, const ChannelOptions& options)
 {
     const Value answer = session.node().call(kCombiner, {Value{{"channelId", options.channel}}});
-    session.show(answer, combinerPicture(options.channel, answer));
+    session.show(answer, combinerPicture(options.channel, answer, responseOf(session, kCombiner)));
 }
 
 } // namespace

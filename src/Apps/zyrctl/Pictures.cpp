@@ -1,5 +1,8 @@
 #include "Pictures.h"
 
+#include "Measure.h"
+#include "Text.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -15,7 +18,7 @@ constexpr std::array<std::string_view, 8> kBars{"▁", "▂", "▃", "▄", "▅
 
 std::string textOf(const Value& value)
 {
-    return value.is_string() ? value.get<std::string>() : value.dump();
+    return value.is_string() ? printable(value.get_ref<const std::string&>()) : compactJson(value);
 }
 
 std::string member(const Value& record, const char* name)
@@ -35,10 +38,48 @@ std::string enumeration(const Value& value, const std::vector<EnumText>& texts)
     if (value.is_number_integer()) {
         const auto row = std::ranges::find(texts, value.get<std::int64_t>(), &EnumText::number);
         if (row != texts.end()) {
-            return row->text;
+            return printable(row->text);
         }
     }
     return textOf(value);
+}
+
+// The members of a record as people read them.
+class Reading
+{
+  public:
+    Reading(const Value& record, const Fields& fields) : m_record(record), m_fields(fields) {}
+
+    std::string operator[](const char* name) const
+    {
+        const auto found = m_record.find(name);
+        return found == m_record.end() ? "-" : shownValue(*found, findField(m_fields, name));
+    }
+
+  private:
+    const Value& m_record;
+    const Fields& m_fields;
+};
+
+// The fields of the records in a list; none if it isn't described.
+const Fields& fieldsIn(const Fields& fields, const char* list)
+{
+    static const Fields none;
+    const FieldDescription* const field = findField(fields, list);
+    return field == nullptr || field->element.empty() ? none : field->element.front().fields;
+}
+
+const std::vector<EnumText>& textsOf(const Fields& fields, const char* name)
+{
+    static const std::vector<EnumText> none;
+    const FieldDescription* const field = findField(fields, name);
+    return field == nullptr ? none : field->texts;
+}
+
+std::string unitOf(const Fields& fields, const char* name)
+{
+    const FieldDescription* const field = findField(fields, name);
+    return field == nullptr ? "" : field->unit;
 }
 
 const Value& listOf(const Value& record, const char* name)
@@ -64,11 +105,11 @@ std::string joined(const std::vector<std::string>& words)
     return text.empty() ? "none" : text;
 }
 
-std::string runningFeatures(const Value& status)
+std::string runningFeatures(const Value& status, const Reading& reading)
 {
     std::vector<std::string> running;
     if (flag(status, "XpicIsStarted")) {
-        running.push_back("XPIC " + member(status, "XpicStatus") + ", XPI " + member(status, "ActualXpi"));
+        running.push_back("XPIC " + member(status, "XpicStatus") + ", XPI " + reading["ActualXpi"]);
     }
     if (flag(status, "MimoIsStarted")) {
         running.push_back(std::string("MIMO ") + (flag(status, "IsMimo4x4") ? "4x4 " : "2x2 ") +
@@ -109,31 +150,38 @@ std::string modulationRange(const Value& modulations, const std::vector<EnumText
            enumeration(modulations.back().value("Modulation", Value()), texts);
 }
 
-std::string capacityRange(const Value& modulations)
+std::string capacityRange(const Value& modulations, const std::string& unit)
 {
-    return modulations.empty()
-               ? "-"
-               : member(modulations.front(), "Capacity") + " to " + member(modulations.back(), "Capacity");
+    if (modulations.empty()) {
+        return "-";
+    }
+    const CommonUnit common = commonUnit(unit);
+    const auto capacity = [&](const Value& modulation) {
+        return digitsIn(common, modulation.value("Capacity", std::int64_t{0}));
+    };
+    return capacity(modulations.front()) + " to " + capacity(modulations.back()) +
+           (common.name.empty() ? "" : " " + common.name);
 }
 
-// "  256QAM                 250", in columns.
-std::string nameAndNumber(const std::string& name, std::int64_t number)
+// "  256QAM                25.0 dB", in columns.
+std::string nameAndNumber(const std::string& name, std::int64_t number, const std::string& unit)
 {
-    std::string digits = std::to_string(number);
-    digits.insert(0, digits.size() < 6 ? 6 - digits.size() : 0, ' ');
-    std::string text = "  " + name;
-    text.resize(std::max<std::size_t>(text.size(), 22), ' ');
-    return text + digits;
+    constexpr std::size_t nameWidth = 22;
+    constexpr std::size_t numberWidth = 8;
+    const std::string text = measured(number, unit);
+    return padded("  " + name, nameWidth) +
+           std::string(numberWidth - std::min(numberWidth, widthOf(text)), ' ') + text;
 }
 
-void addPowers(std::vector<Line>& lines, const Value& powers, const std::vector<EnumText>& modulations)
+void addPowers(std::vector<Line>& lines, const Value& powers, const Fields& fields)
 {
     constexpr std::int64_t kUnitsPerMark = 10;
     for (const Value& row : powers) {
         const std::int64_t power = row.value("second", std::int64_t{0});
         const auto marks = static_cast<std::size_t>(std::clamp<std::int64_t>(power / kUnitsPerMark, 0, 60));
-        lines.push_back({nameAndNumber(enumeration(row.value("first", Value()), modulations), power) + " " +
-                         std::string(marks, '#')});
+        const std::string name = enumeration(row.value("first", Value()), textsOf(fields, "first"));
+        lines.push_back(
+            {nameAndNumber(name, power, unitOf(fields, "second")) + " " + std::string(marks, '#')});
     }
 }
 
@@ -142,7 +190,7 @@ std::vector<Line> tableLines(const std::vector<std::string>& headings,
 {
     std::vector<Line> lines;
     for (std::string& text : renderTable(headings, rows)) {
-        lines.push_back({std::move(text)});
+        lines.push_back({.text = std::move(text), .mayBeCut = true});
     }
     return lines;
 }
@@ -157,11 +205,14 @@ struct Rung
 
 std::vector<Rung> rungsOf(const AcmAnswers& answers)
 {
-    const std::string received = member(answers.status, "ActualRxModulation");
-    const std::string sent = member(answers.status, "ActualTxModulation");
+    const Value& status = answers.status.answer;
+    const std::string received = member(status, "ActualRxModulation");
+    const std::string sent = member(status, "ActualTxModulation");
+    const Fields& fields = fieldsIn(answers.thresholds.fields, "thresholds");
     std::vector<Rung> rungs;
-    for (const Value& record : listOf(answers.thresholds, "thresholds")) {
-        std::string name = enumeration(record.value("modulationAndCoding", Value()), answers.modulations);
+    for (const Value& record : listOf(answers.thresholds.answer, "thresholds")) {
+        std::string name =
+            enumeration(record.value("modulationAndCoding", Value()), textsOf(fields, "modulationAndCoding"));
         std::vector<std::string> marks;
         if (name == received) {
             marks.emplace_back("received");
@@ -172,8 +223,8 @@ std::vector<Rung> rungsOf(const AcmAnswers& answers)
         rungs.push_back({std::move(name), record.value("threshold", std::int64_t{0}),
                          marks.empty() ? "" : joined(marks)});
     }
-    const auto snir = answers.status.find("ActualSNIR");
-    if (snir != answers.status.end() && snir->is_number_integer()) {
+    const auto snir = status.find("ActualSNIR");
+    if (snir != status.end() && snir->is_number_integer()) {
         rungs.push_back({"----", snir->get<std::int64_t>(), "SNIR now"});
     }
     return rungs;
@@ -181,13 +232,14 @@ std::vector<Rung> rungsOf(const AcmAnswers& answers)
 
 void addLadder(std::vector<Line>& lines, const AcmAnswers& answers)
 {
+    const std::string unit = unitOf(answers.status.fields, "ActualSNIR");
     auto rungs = rungsOf(answers);
     // The SNIR, which comes last, stands above the thresholds that it reaches.
     std::ranges::reverse(rungs);
     std::ranges::stable_sort(rungs, std::ranges::greater(), &Rung::threshold);
     for (const Rung& rung : rungs) {
         lines.push_back(
-            {nameAndNumber(rung.name, rung.threshold) + (rung.mark.empty() ? "" : "  " + rung.mark)});
+            {nameAndNumber(rung.name, rung.threshold, unit) + (rung.mark.empty() ? "" : "  " + rung.mark)});
     }
 }
 
@@ -228,62 +280,78 @@ std::string sparkline(std::span<const std::int64_t> numbers)
     return line;
 }
 
-std::vector<Line> statusPicture(std::int64_t channel, const Value& status,
+std::vector<Line> statusPicture(std::int64_t channel, const Value& status, const Fields& fields,
                                 std::span<const std::int64_t> levels)
 {
+    const Reading reading(status, fields);
     std::vector<Line> lines{
-        {"Radio channel " + std::to_string(channel) + ", node " + member(status, "ZyrState")},
-        labelled("Link", member(status, "RadioChannelStatus")),
-        labelled("Transmitter",
-                 member(status, "TXActualStatus") + ", " + member(status, "ReportedRFOutputPower") + ", " +
-                     member(status, "TxFrequency") + ", " + member(status, "ActualTxModulation")),
-        labelled("Receiver", member(status, "ActualRFInputPower") + ", " + member(status, "RxFrequency") +
-                                 ", " + member(status, "ActualRxModulation")),
-        labelled("SNIR", member(status, "ActualSNIR")),
-        labelled("Blocks", "errored " + member(status, "ErroredBlocks") + ", background " +
-                               member(status, "BackgroundBlocks")),
-        labelled("Hop latency", member(status, "HopLengthLatency") + " ns"),
-        labelled("Running", runningFeatures(status)),
+        {"Radio channel " + std::to_string(channel) + ", node " + reading["ZyrState"]},
+        labelled("Link", reading["RadioChannelStatus"]),
+        labelled("Transmitter", reading["TXActualStatus"] + ", " + reading["ReportedRFOutputPower"] + ", " +
+                                    reading["TxFrequency"] + ", " + reading["ActualTxModulation"]),
+        labelled("Receiver", reading["ActualRFInputPower"] + ", " + reading["RxFrequency"] + ", " +
+                                 reading["ActualRxModulation"]),
+        labelled("SNIR", reading["ActualSNIR"]),
+        labelled("Blocks",
+                 "errored " + reading["ErroredBlocks"] + ", background " + reading["BackgroundBlocks"]),
+        labelled("Hop latency", reading["HopLengthLatency"]),
+        labelled("Running", runningFeatures(status, reading)),
     };
     if (levels.size() > 1) {
         const auto [lowest, highest] = std::ranges::minmax(levels);
-        lines.push_back(labelled("Level", sparkline(levels) + "  " + std::to_string(lowest) + " to " +
-                                              std::to_string(highest)));
+        const std::string unit = unitOf(fields, "ActualRFInputPower");
+        lines.push_back(labelled("Level", sparkline(levels) + "  " + measured(lowest, unit) + " to " +
+                                              measured(highest, unit)));
     }
     return lines;
 }
 
-std::vector<Line> framesPicture(const Value& answer, const std::vector<EnumText>& modulations,
-                                const std::vector<EnumText>& linkTypes)
+std::vector<Line> framesPicture(const Value& answer, const Fields& fields)
 {
+    const Fields& frameFields = fieldsIn(fields, "FrameFormatCapabilities");
+    const Fields& modulationFields = fieldsIn(frameFields, "AvailableModulations");
     std::vector<std::vector<std::string>> rows;
     for (const Value& frame : listOf(answer, "FrameFormatCapabilities")) {
         const Value& available = listOf(frame, "AvailableModulations");
-        rows.push_back({member(frame, "RadioFrameID"),
-                        enumeration(frame.value("FrameLinkType", Value()), linkTypes),
-                        member(frame, "TelecomStd"), member(frame, "ChannelSpacing"),
-                        modulationRange(available, modulations), capacityRange(available)});
+        rows.push_back(
+            {member(frame, "RadioFrameID"),
+             enumeration(frame.value("FrameLinkType", Value()), textsOf(frameFields, "FrameLinkType")),
+             member(frame, "TelecomStd"), Reading(frame, frameFields)["ChannelSpacing"],
+             modulationRange(available, textsOf(modulationFields, "Modulation")),
+             capacityRange(available, unitOf(modulationFields, "Capacity"))});
     }
     return tableLines({"frame", "type", "standard", "spacing", "modulations", "capacity"}, rows);
 }
 
-std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer,
-                                    const std::vector<EnumText>& modulations)
+std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer, const Fields& fields)
 {
+    const Reading reading(answer, fields);
     std::vector<Line> lines{
-        {"Radio channel " + std::to_string(channel) + " of " + member(answer, "NumberOfChannels")},
-        labelled("Transmit", member(answer, "MinTXFrequency") + " to " + member(answer, "MaxTXFrequency") +
-                                 ", step " + member(answer, "FrequencyStepSize")),
-        labelled("Receive", member(answer, "MinRXFrequency") + " to " + member(answer, "MaxRXFrequency") +
-                                ", duplex " + member(answer, "DuplexType")),
-        labelled("Band",
-                 member(answer, "FrequencyBand") + ", sub-band " + member(answer, "FrequencySubBand")),
-        labelled("Temperature", member(answer, "MinTemp") + " to " + member(answer, "MaxTemp")),
+        {"Radio channel " + std::to_string(channel) + " of " + reading["NumberOfChannels"]},
+        labelled("Transmit", reading["MinTXFrequency"] + " to " + reading["MaxTXFrequency"] + ", step " +
+                                 reading["FrequencyStepSize"]),
+        labelled("Receive", reading["MinRXFrequency"] + " to " + reading["MaxRXFrequency"] + ", duplex " +
+                                reading["DuplexType"]),
+        labelled("Band", reading["FrequencyBand"] + ", sub-band " + reading["FrequencySubBand"]),
+        labelled("Temperature", reading["MinTemp"] + " to " + reading["MaxTemp"]),
         labelled("Features", availableFeatures(answer)),
-        labelled("Power", "from " + member(answer, "AvailableMinRFOutputPower") + ", up to"),
+        labelled("Power", "from " + reading["AvailableMinRFOutputPower"] + ", up to"),
     };
-    addPowers(lines, listOf(answer, "AvailableMaxRFOutputPower"), modulations);
+    addPowers(lines, listOf(answer, "AvailableMaxRFOutputPower"),
+              fieldsIn(fields, "AvailableMaxRFOutputPower"));
     return lines;
+}
+
+std::vector<Line> eventsPicture(const Value& answer)
+{
+    std::vector<std::vector<std::string>> rows;
+    for (const Value& event : listOf(answer, "events")) {
+        const std::string channel = member(event, "radioChannelId");
+        rows.push_back({flag(event, "isActive") ? "raised" : "cleared", member(event, "eventName"),
+                        channel == "0" ? "-" : channel, member(event, "numberOfTimesEventHasBeenActive")});
+    }
+    return rows.empty() ? std::vector<Line>{{"no alarms"}}
+                        : tableLines({"state", "alarm", "channel", "times"}, rows);
 }
 
 std::vector<Line> loopsPicture(const Value& answer)
@@ -297,16 +365,18 @@ std::vector<Line> loopsPicture(const Value& answer)
 
 std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers)
 {
+    const auto mode = [&](const char* name) {
+        return enumeration(answers.mode.answer.value(name, Value("-")), textsOf(answers.mode.fields, name));
+    };
+    const Reading status(answers.status.answer, answers.status.fields);
     std::vector<Line> lines{
         {"Radio channel " + std::to_string(channel)},
-        labelled("ACM mode",
-                 enumeration(answers.mode.value("acmMode", Value("-")), answers.modes) + ", " +
-                     enumeration(answers.mode.value("acmModePosition", Value("-")), answers.positions)),
-        labelled("Transmit", member(answers.status, "ActualTxModulation")),
-        labelled("Receive", member(answers.status, "ActualRxModulation")),
-        labelled("SNIR", member(answers.status, "ActualSNIR")),
+        labelled("ACM mode", mode("acmMode") + ", " + mode("acmModePosition")),
+        labelled("Transmit", status["ActualTxModulation"]),
+        labelled("Receive", status["ActualRxModulation"]),
+        labelled("SNIR", status["ActualSNIR"]),
     };
-    if (answers.thresholds.empty()) {
+    if (answers.thresholds.answer.empty()) {
         lines.push_back(labelled("Thresholds", "not told by this node"));
     } else {
         lines.push_back(labelled("Thresholds", "SNIR below which the receiver leaves the modulation"));
@@ -315,24 +385,22 @@ std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers)
     return lines;
 }
 
-std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer)
+std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer, const Fields& fields)
 {
+    const Reading reading(answer, fields);
     std::vector<Line> lines{
-        {"Radio channel " + std::to_string(channel) + ", combiner " + member(answer, "sdcOperStatus")},
-        labelled("Calibration",
-                 member(answer, "sdcDadeStatus") + ", delay " + member(answer, "sdcDadeDelay")),
-        labelled("Path in use", member(answer, "actualPath")),
-        labelled("Gain", member(answer, "sdcGain")),
+        {"Radio channel " + std::to_string(channel) + ", combiner " + reading["sdcOperStatus"]},
+        labelled("Calibration", reading["sdcDadeStatus"] + ", delay " + reading["sdcDadeDelay"]),
+        labelled("Path in use", reading["actualPath"]),
+        labelled("Gain", reading["sdcGain"]),
     };
-    const std::vector<std::vector<std::string>> rows{
-        {"main", member(answer, "sdcInputPowerMain"), character(answer, "hwErrorSdcMain"),
-         levelBar(answer, "sdcInputPowerMain")},
-        {"diversity", member(answer, "sdcInputPowerDiversity"), character(answer, "hwErrorSdcDiversity"),
-         levelBar(answer, "sdcInputPowerDiversity")},
-    };
-    for (std::string& text : renderTable({"path", "level", "error", ""}, rows)) {
-        lines.push_back({std::move(text)});
-    }
+    const std::vector<Line> table =
+        tableLines({"path", "level", "error", ""},
+                   {{"main", reading["sdcInputPowerMain"], character(answer, "hwErrorSdcMain"),
+                     levelBar(answer, "sdcInputPowerMain")},
+                    {"diversity", reading["sdcInputPowerDiversity"], character(answer, "hwErrorSdcDiversity"),
+                     levelBar(answer, "sdcInputPowerDiversity")}});
+    lines.insert(lines.end(), table.begin(), table.end());
     return lines;
 }
 

@@ -1,6 +1,7 @@
 #include "Rendering.h"
 
 #include "FieldValue.h"
+#include "Measure.h"
 #include "Scalars.h"
 #include "Text.h"
 #include "ValuePath.h"
@@ -56,14 +57,9 @@ const FieldDescription* elementOf(const FieldDescription* field)
     return field == nullptr || field->element.empty() ? nullptr : &field->element.front();
 }
 
-// "dBm", and " x 0.1 dB" for values in tenths, so that nobody takes two numbers for one.
-std::string unitOf(const FieldDescription* field)
+CommonUnit unitOf(const FieldDescription* field)
 {
-    if (field == nullptr || field->unit.empty()) {
-        return {};
-    }
-    const bool isFactor = field->unit.front() >= '0' && field->unit.front() <= '9';
-    return isFactor ? "x " + field->unit : field->unit;
+    return field == nullptr ? CommonUnit() : commonUnit(field->unit);
 }
 
 std::string plainScalar(const Value& value)
@@ -77,32 +73,39 @@ std::string plainScalar(const Value& value)
     return value.is_null() ? "-" : compactJson(value);
 }
 
-std::string namedScalar(const Value& value, const FieldDescription* field)
+// The text that stands for a number, if there is one.
+const EnumText* textOf(const Value& value, const FieldDescription* field)
 {
-    std::string plain = plainScalar(value);
     if (field == nullptr || !value.is_number_integer()) {
-        return plain;
+        return nullptr;
     }
-    const auto row = std::ranges::find(field->texts, value.get<std::int64_t>(), &EnumText::number);
-    return row == field->texts.end() ? plain : printable(row->text) + " (" + plain + ")";
+    for (const auto* rows : {&field->texts, &field->noValues}) {
+        const auto row = std::ranges::find(*rows, value.get<std::int64_t>(), &EnumText::number);
+        if (row != rows->end()) {
+            return &*row;
+        }
+    }
+    return nullptr;
 }
 
-std::string listText(const Value& list, const FieldDescription* element)
+// A scalar whose unit stands elsewhere.
+std::string digitsOf(const Value& value, const FieldDescription* field)
 {
+    if (const EnumText* const row = textOf(value, field)) {
+        return printable(row->text) + " (" + plainScalar(value) + ")";
+    }
+    const bool isMeasured = value.is_number() && field != nullptr && !field->unit.empty();
+    return isMeasured ? digitsIn(unitOf(field), value) : plainScalar(value);
+}
+
+std::string listText(const Value& list, const FieldDescription* field)
+{
+    FieldDescription element = elementOf(field) == nullptr ? FieldDescription() : *elementOf(field);
+    element.unit = field == nullptr ? "" : field->unit;
     std::vector<std::string> words;
     std::ranges::transform(list, std::back_inserter(words),
-                           [&](const Value& value) { return namedScalar(value, element); });
+                           [&](const Value& value) { return digitsOf(value, &element); });
     return words.empty() ? "(none)" : commaList(words);
-}
-
-// What stands behind a field's name in its line.
-std::string valueText(const Value& value, const FieldDescription* field)
-{
-    const bool isList = value.is_array();
-    std::string text = isList ? listText(value, elementOf(field)) : namedScalar(value, field);
-    const std::string unit = unitOf(field);
-    const bool isMeasured = !value.is_null() && !(isList && value.empty());
-    return unit.empty() || !isMeasured ? text : text + " " + unit;
 }
 
 std::string cellText(const Value& record, const std::string& name, const FieldDescription* field)
@@ -111,7 +114,7 @@ std::string cellText(const Value& record, const std::string& name, const FieldDe
         return "-";
     }
     const Value& value = record.at(name);
-    return isScalar(value) ? namedScalar(value, field) : listText(value, elementOf(field));
+    return isScalar(value) ? digitsOf(value, field) : listText(value, field);
 }
 
 // The members of all records, in the order in which they first appear.
@@ -130,20 +133,20 @@ std::vector<std::string> columnsOf(const Value& records)
 
 std::string headingOf(const std::string& name, const FieldDescription* field)
 {
-    const std::string unit = unitOf(field);
+    const std::string unit = unitOf(field).name;
     return printable(name) + (unit.empty() ? "" : " [" + unit + "]");
 }
 
 bool isNumber(const std::string& cell)
 {
-    return !cell.empty() && cell.find_first_not_of("0123456789.-") == std::string::npos;
+    return !cell.empty() && cell.find_first_not_of("0123456789.- ") == std::string::npos;
 }
 
 // One way through an answer; the path is that of the value in hand.
 class Renderer
 {
   public:
-    explicit Renderer(const Paths& changed) : m_changed(changed) {}
+    Renderer(const Paths& changed, std::size_t room) : m_changed(changed), m_room(room) {}
 
     void record(const Value& object, const std::vector<FieldDescription>& fields, const std::string& path,
                 std::size_t indent);
@@ -159,11 +162,12 @@ class Renderer
     }
     void member(const std::string& name, const Value& value, const FieldDescription* field,
                 const std::string& path, std::size_t indent, std::size_t width);
-    void table(const Value& records, const FieldDescription* element, const std::string& path,
+    bool table(const Value& records, const FieldDescription* element, const std::string& path,
                std::size_t indent);
     void goneMembers(const Value& object, const std::string& path, std::size_t indent);
 
     const Paths& m_changed;
+    std::size_t m_room;
 };
 
 bool standsInOneLine(const Value& value)
@@ -189,7 +193,7 @@ void Renderer::member(const std::string& name, const Value& value, const FieldDe
 {
     const std::string shown = printable(name);
     if (standsInOneLine(value)) {
-        add(indent, padded(shown, width) + "  " + valueText(value, field), touches(m_changed, path));
+        add(indent, padded(shown, width) + "  " + shownValue(value, field), touches(m_changed, path));
     } else if (isText(value)) {
         add(indent, shown, false);
         for (const std::string& line : linesOf(value.get_ref<const std::string&>())) {
@@ -207,8 +211,7 @@ void Renderer::member(const std::string& name, const Value& value, const FieldDe
 void Renderer::list(const Value& values, const FieldDescription* element, const std::string& path,
                     std::size_t indent)
 {
-    if (isTable(values)) {
-        table(values, element, path, indent);
+    if (isTable(values) && table(values, element, path, indent)) {
         return;
     }
     for (std::size_t index = 0; index < values.size(); ++index) {
@@ -219,13 +222,14 @@ void Renderer::list(const Value& values, const FieldDescription* element, const 
             record(value, fieldsOf(element), place, indent + kIndent);
         } else {
             const std::string text =
-                isScalar(value) ? namedScalar(value, element) : printable(compactJson(value));
+                isScalar(value) ? digitsOf(value, element) : printable(compactJson(value));
             add(indent, text, touches(m_changed, place));
         }
     }
 }
 
-void Renderer::table(const Value& records, const FieldDescription* element, const std::string& path,
+// False if the table is wider than the room for it.
+bool Renderer::table(const Value& records, const FieldDescription* element, const std::string& path,
                      std::size_t indent)
 {
     std::vector<std::string> headings;
@@ -238,10 +242,16 @@ void Renderer::table(const Value& records, const FieldDescription* element, cons
         }
     }
     const std::vector<std::string> table = renderTable(headings, rows);
+    const bool fits = std::ranges::all_of(
+        table, [&](const std::string& line) { return m_room == 0 || indent + widthOf(line) <= m_room; });
+    if (!fits) {
+        return false;
+    }
     add(indent, table.front(), false);
     for (std::size_t index = 0; index < rows.size(); ++index) {
         add(indent, table[index + 1], touches(m_changed, elementPath(path, index)));
     }
+    return true;
 }
 
 // What has changed and is no longer there has gone.
@@ -257,9 +267,9 @@ void Renderer::goneMembers(const Value& object, const std::string& path, std::si
 }
 
 Lines rendered(const Value& value, const std::vector<FieldDescription>& fields,
-               const FieldDescription* element, const Paths& changed)
+               const FieldDescription* element, const Paths& changed, std::size_t room)
 {
-    Renderer renderer(changed);
+    Renderer renderer(changed, room);
     if (value.is_object()) {
         renderer.record(value, fields, {}, 0);
     } else if (value.is_array()) {
@@ -276,15 +286,25 @@ Lines rendered(const Value& value, const std::vector<FieldDescription>& fields,
 
 } // namespace
 
-std::vector<Line> renderAnswer(const Value& answer, const std::vector<FieldDescription>& fields,
-                               const std::set<std::string>& changed)
+std::string shownValue(const Value& value, const FieldDescription* field)
 {
-    return rendered(answer, fields, nullptr, changed);
+    if (value.is_array()) {
+        const std::string unit = value.empty() ? "" : unitOf(field).name;
+        return listText(value, field) + (unit.empty() ? "" : " " + unit);
+    }
+    const bool isMeasured = value.is_number() && field != nullptr && textOf(value, field) == nullptr;
+    return isMeasured ? measured(value, field->unit) : digitsOf(value, field);
 }
 
-std::vector<Line> renderPicked(const Value& value, const FieldDescription* field)
+std::vector<Line> renderAnswer(const Value& answer, const std::vector<FieldDescription>& fields,
+                               const std::set<std::string>& changed, std::size_t room)
 {
-    return rendered(value, fieldsOf(field), elementOf(field), {});
+    return rendered(answer, fields, nullptr, changed, room);
+}
+
+std::vector<Line> renderPicked(const Value& value, const FieldDescription* field, std::size_t room)
+{
+    return rendered(value, fieldsOf(field), elementOf(field), {}, room);
 }
 
 std::vector<std::string> renderTable(const std::vector<std::string>& headings,

@@ -4,6 +4,8 @@
 #include "FieldValue.h"
 #include "Text.h"
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace zyr_ctl
@@ -19,14 +21,28 @@ struct Assignment
     std::string text;
 };
 
-std::vector<Assignment> assignmentsOf(const std::vector<std::string>& words)
+// "; say channelId=1" for a value that stands alone where that field could be meant.
+std::string hintFor(const std::vector<FieldDescription>& fields, std::size_t position,
+                    const std::string& word)
+{
+    const bool isBare = position < fields.size() && word.find('=') == std::string::npos;
+    return isBare ? "; did you mean " + fields[position].name + "=" +
+                        (fields[position].isSecret ? "..." : word) + "?"
+                  : "";
+}
+
+// @param fields  those that values without a name could be meant for
+std::vector<Assignment> assignmentsOf(const std::vector<std::string>& words,
+                                      const std::vector<FieldDescription>& fields = {})
 {
     std::vector<Assignment> assignments;
     std::set<std::string> paths;
     for (const std::string& word : words) {
         const std::size_t equals = word.find('=');
         if (equals == std::string::npos || equals == 0) {
-            throw usageFailure(inQuotes(word) + " is not of the form field=value");
+            const auto position = static_cast<std::size_t>(&word - words.data());
+            throw usageFailure(inQuotes(word) + " is not of the form field=value" +
+                               hintFor(fields, position, word));
         }
         assignments.push_back({word.substr(0, equals), word.substr(equals + 1)});
         if (!paths.insert(assignments.back().path).second) {
@@ -85,7 +101,8 @@ void assign(const CommandDescription& command, const Assignment& assignment, Val
 Value jsonOrText(const std::string& text)
 {
     Value value = Value::parse(text, nullptr, false);
-    return value.is_discarded() ? Value(text) : value;
+    // The blank is that of `withWholeLists`.
+    return !value.is_discarded() ? value : Value(text.starts_with(" [") ? text.substr(1) : text);
 }
 
 void assignUnchecked(const Assignment& assignment, Value& request)
@@ -105,24 +122,30 @@ std::vector<Value> checkedParams(const CommandDescription& command, const std::o
                                  const std::vector<std::string>& assignments)
 {
     Value request = objectOf(data);
-    for (const Assignment& assignment : assignmentsOf(assignments)) {
+    for (const Assignment& assignment : assignmentsOf(assignments, command.request)) {
         assign(command, assignment, request);
     }
     request = checkedMembers(command.request, command.name, {}, request);
     return command.request.empty() ? std::vector<Value>() : std::vector<Value>{request};
 }
 
-std::vector<Value> uncheckedParams(const std::optional<Value>& data,
-                                   const std::vector<std::string>& assignments)
+std::vector<Value> uncheckedParams(const std::optional<Value>& data, const std::vector<std::string>& words)
 {
-    if (!data && assignments.empty()) {
+    if (!data && words.empty()) {
         return {};
     }
-    if (data && data->is_array() && assignments.empty()) {
+    if (data && data->is_array() && words.empty()) {
         return {data->begin(), data->end()};
     }
+    const bool areValues = std::ranges::none_of(
+        words, [](const std::string& word) { return word.find('=') != std::string::npos; });
+    if (!data && areValues) {
+        std::vector<Value> params;
+        std::ranges::transform(words, std::back_inserter(params), &jsonOrText);
+        return params;
+    }
     Value request = objectOf(data);
-    for (const Assignment& assignment : assignmentsOf(assignments)) {
+    for (const Assignment& assignment : assignmentsOf(words)) {
         assignUnchecked(assignment, request);
     }
     return {request};

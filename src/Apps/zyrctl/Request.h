@@ -20,9 +20,9 @@ std::vector<Value> checkedParams(const CommandDescription& command, const std::o
                                  const std::vector<std::string>& assignments);
 
 /// The parameters of a method that the node doesn't describe. A value is what it is as JSON, else a string.
-/// @param data  an object, to which assignments are added, or an array of all parameters
+/// @param data   an object, to which assignments are added, or an array of all parameters
+/// @param words  assignments, which make one struct, or values, each a parameter
 /// @return no parameter if nothing is given
-std::vector<Value> uncheckedParams(const std::optional<Value>& data,
-                                   const std::vector<std::string>& assignments);
+std::vector<Value> uncheckedParams(const std::optional<Value>& data, const std::vector<std::string>& words);
 
 } // namespace zyr_ctl

@@ -50,18 +50,49 @@ bool isSecretName(std::string_view name)
                                [&](std::string_view word) { return small.find(word) != std::string::npos; });
 }
 
-Value withoutSecrets(const Value& value)
+void SecretNames::learn(const std::vector<FieldDescription>& fields)
+{
+    for (const FieldDescription& field : fields) {
+        if (field.isSecret) {
+            m_described.insert(field.name);
+        }
+        learn(field.fields);
+        learn(field.element);
+    }
+}
+
+bool SecretNames::contains(std::string_view name) const
+{
+    return isSecretName(name) || m_described.contains(name);
+}
+
+std::vector<std::string> SecretNames::namesIn(const Value& value) const
+{
+    std::vector<std::string> names;
+    for (const auto& [name, member] : value.items()) {
+        const bool isSecret = value.is_object() && contains(name) && !member.is_boolean() && member != "";
+        const std::vector<std::string> inner =
+            member.is_structured() ? namesIn(member) : std::vector<std::string>();
+        names.insert(names.end(), inner.begin(), inner.end());
+        if (isSecret) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+Value SecretNames::hiddenIn(const Value& value) const
 {
     Value shown = value;
     if (shown.is_object()) {
         for (const auto& [name, member] : shown.items()) {
             // A flag is none; the node describes secret fields with one.
-            const bool isSecret = isSecretName(name) && !member.is_boolean();
-            member = isSecret ? Value(kHidden) : withoutSecrets(member);
+            const bool isSecret = contains(name) && !member.is_boolean();
+            member = isSecret ? Value(kHidden) : hiddenIn(member);
         }
     } else if (shown.is_array()) {
         for (Value& element : shown) {
-            element = withoutSecrets(element);
+            element = hiddenIn(element);
         }
     }
     return shown;
@@ -73,7 +104,7 @@ void wipe(std::string& text)
     text.clear();
 }
 
-std::string withoutSecretsInXml(std::string_view xml)
+std::string SecretNames::hiddenInXml(std::string_view xml) const
 {
     std::string shown;
     for (;;) {
@@ -84,7 +115,7 @@ std::string withoutSecretsInXml(std::string_view xml)
         }
         const std::size_t name = start + kNameStart.size();
         const std::string_view behind = xml.substr(end + kNameEnd.size());
-        const bool isSecret = isSecretName(xml.substr(name, end - name)) && !isFlag(behind);
+        const bool isSecret = contains(xml.substr(name, end - name)) && !isFlag(behind);
         shown.append(xml.substr(0, end + kNameEnd.size()));
         xml.remove_prefix(end + kNameEnd.size());
         if (isSecret) {

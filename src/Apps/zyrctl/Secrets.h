@@ -1,23 +1,44 @@
 #pragma once
 
-#include "Value.h"
+#include "NodeDescription.h"
 
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Values that are shown nowhere.
 
 namespace zyr_ctl
 {
 
-using zyr_gateway::Value;
-
 /// Whether a field of this name holds a secret, such as "masterKey" or "password": by the name alone, so that
 /// it holds for methods too that the node doesn't describe.
 bool isSecretName(std::string_view name);
 
-/// The value with "(hidden)" in the place of its secret members, at any depth.
-Value withoutSecrets(const Value& value);
+/// The names of secret fields: those that look so, and those that a node describes so.
+class SecretNames
+{
+  public:
+    /// Takes the names of secret fields, nested ones included.
+    void learn(const std::vector<FieldDescription>& fields);
+
+    bool contains(std::string_view name) const;
+
+    /// The names of a value's secret members, at any depth, that aren't empty texts.
+    std::vector<std::string> namesIn(const Value& value) const;
+
+    /// The value with "(hidden)" in the place of its secret members, at any depth.
+    Value hiddenIn(const Value& value) const;
+
+    /// An XML-RPC document, or the beginning of one, with "(hidden)" in the place of its secret members'
+    /// values.
+    std::string hiddenInXml(std::string_view xml) const;
+
+  private:
+    std::set<std::string, std::less<>> m_described;
+};
 
 /// Overwrites a text that was secret and empties it.
 void wipe(std::string& text);
@@ -35,8 +56,4 @@ class Wiping
   private:
     std::string& m_text;
 };
-
-/// An XML-RPC document, or the beginning of one, with "(hidden)" in the place of its secret members' values.
-std::string withoutSecretsInXml(std::string_view xml);
-
 } // namespace zyr_ctl

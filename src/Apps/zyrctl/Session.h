@@ -1,11 +1,12 @@
 #pragma once
 
+#include "Connection.h"
 #include "Console.h"
 #include "Node.h"
 
 #include <memory>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace zyr_ctl
 {
@@ -13,10 +14,7 @@ namespace zyr_ctl
 /// What stands before or behind every subcommand.
 struct Settings
 {
-    std::string url = "http://127.0.0.1:8080/RPC2";
-    std::string user;              ///< name, or name:password
-    std::string credentialsFile;   ///< path
-    std::optional<double> timeout; ///< seconds; 0: none
+    ConnectionSettings connection;
     bool json = false;
     bool verbose = false;
 };
@@ -28,6 +26,9 @@ class Session
     /// The node; the first call gets it ready, none is made before.
     /// @throws Failure (usage) if the settings don't make a connection
     Node& node();
+
+    /// Lets calls take as long as the command can, unless the user has said how long.
+    void waitFor(const CommandDescription& command);
 
     /// Writes an answer as data: as JSON if that is asked for, else in lines.
     void show(const Value& value, const std::vector<Line>& lines);

@@ -21,6 +21,9 @@ void addCallCommand(CLI::App& app, Session& session);
 /// `status [CHANNEL]`, `frames [CHANNEL]`, `capability [CHANNEL]`, `loops`, `acm [CHANNEL]`
 void addPictureCommands(CLI::App& app, Session& session);
 
+/// `events [--follow]`
+void addEventsCommand(CLI::App& app, Session& session);
+
 /// `taps [CHANNEL]`
 void addTapsCommand(CLI::App& app, Session& session);
 
@@ -30,7 +33,7 @@ inline constexpr const char* kEncryptMethod = "CRI.SetRadioLinkEncryption";
 /// `encrypt [CHANNEL]`
 void addEncryptCommand(CLI::App& app, Session& session);
 
-/// `completion bash`, and the hidden `__complete LINE` that its script calls
+/// `completion SHELL`, and the hidden `__complete LINE` that the scripts call
 void addCompletionCommand(CLI::App& app, Session& session);
 
 /// The names of the subcommands that people may use.

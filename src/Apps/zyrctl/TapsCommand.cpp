@@ -1,5 +1,6 @@
 // taps: the state of TAPS of a channel, and the samples of its log as they are taken.
 
+#include "Limits.h"
 #include "Subcommands.h"
 #include "Text.h"
 
@@ -215,7 +216,7 @@ void addTapsCommand(CLI::App& app, Session& session)
 {
     const auto options = std::make_shared<TapsOptions>();
     CLI::App* const taps = app.add_subcommand("taps", "TAPS of a radio channel (a test command)");
-    taps->add_option("CHANNEL", options->channel, "Radio channel (1)")->check(CLI::PositiveNumber);
+    taps->add_option("CHANNEL", options->channel, "Radio channel (1)")->check(oneOrMore());
     CLI::Option* const log =
         taps->add_flag("--log", options->log,
                        "Show the samples of the log until Ctrl-C; stops the log if it has started it");
@@ -224,7 +225,7 @@ void addTapsCommand(CLI::App& app, Session& session)
         ->check(CLI::Range(std::int64_t{1}, std::int64_t{86400}))
         ->needs(log);
     taps->add_option("--count", options->count, "With --log: stop behind N samples")
-        ->check(CLI::PositiveNumber)
+        ->check(oneOrMore())
         ->needs(log);
     taps->callback([&session, options] { runTaps(session, *options); });
 }

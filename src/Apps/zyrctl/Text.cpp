@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <ctime>
 
 namespace zyr_ctl
 {
@@ -42,6 +44,11 @@ std::string escapeOf(char c)
     }
 }
 
+bool isFirstByte(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
 bool isControl(char c)
 {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
@@ -51,6 +58,15 @@ bool isControl(char c)
 bool isHighControl(std::string_view text)
 {
     return text.size() >= 2 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+}
+
+std::string nowAs(const char* form)
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    std::array<char, 32> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), form, &local)};
 }
 
 std::string dumped(const Value& value, int indent)
@@ -101,13 +117,40 @@ std::string printable(std::string_view text)
 
 std::size_t widthOf(std::string_view text)
 {
-    const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
     return static_cast<std::size_t>(std::ranges::count_if(text, isFirstByte));
+}
+
+std::string shortened(std::string_view text, std::size_t width)
+{
+    if (width == 0 || widthOf(text) <= width) {
+        return std::string(text);
+    }
+    std::size_t end = 0;
+    for (std::size_t columns = 0; columns < width; ++end) {
+        columns += isFirstByte(text[end]) ? 1 : 0;
+    }
+    return std::string(text.substr(0, end - 1)) + "…";
 }
 
 std::string padded(std::string_view text, std::size_t width)
 {
     return std::string(text) + std::string(width - std::min(width, widthOf(text)), ' ');
+}
+
+std::string environment(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+std::string dateAndTime()
+{
+    return nowAs("%Y-%m-%d %H:%M:%S");
+}
+
+std::string timeOfDay()
+{
+    return nowAs("%H:%M:%S");
 }
 
 std::vector<std::string> linesOf(std::string_view text)

@@ -34,6 +34,18 @@ std::size_t widthOf(std::string_view text);
 /// The text with blanks behind it, up to a width.
 std::string padded(std::string_view text, std::size_t width);
 
+/// The text, or its beginning with "…", so that it takes no more than a width; 0: any width.
+std::string shortened(std::string_view text, std::size_t width);
+
+/// The value of a variable of the environment; empty if it isn't there.
+std::string environment(const char* name);
+
+/// The date and the time of the day: "2026-03-01 14:05:59".
+std::string dateAndTime();
+
+/// The time of the day: "14:05:59".
+std::string timeOfDay();
+
 /// The lines of a text; a line feed at its end begins no further line.
 std::vector<std::string> linesOf(std::string_view text);
 

@@ -26,6 +26,9 @@ std::vector<std::string> stepsOf(const std::string& path)
             steps.back() += c;
         }
     }
+    if (path.starts_with('[')) {
+        steps.erase(steps.begin());
+    }
     return steps;
 }
 

@@ -1,14 +1,14 @@
 #include "Watch.h"
 
+#include "Limits.h"
 #include "Rendering.h"
 #include "Text.h"
 #include "ValuePath.h"
 
-#include <array>
 #include <chrono>
-#include <ctime>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace zyr_ctl
 {
@@ -16,55 +16,99 @@ namespace zyr_ctl
 namespace
 {
 
-std::string timeOfDay()
+/// What is watched, as it is shown.
+class Watched
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    std::array<char, 16> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), "%H:%M:%S", &local)};
-}
+  public:
+    Watched(Session& session, const Render& render) : m_session(session), m_render(render) {}
 
-using Render = std::function<std::vector<Line>(const Value& answer, const std::set<std::string>& changed)>;
-
-void showRound(Session& session, std::uint64_t number, const Render& render, const Value& value,
-               const std::set<std::string>& changed)
-{
-    if (session.settings.json) {
-        session.console.print({compactJson({{"changed", changed}, {"value", value}})});
-    } else {
-        session.console.print({"#" + std::to_string(number) + " " + timeOfDay()});
-        session.console.printMarked(render(value, changed));
+    void show(const Value& value)
+    {
+        ++m_number;
+        const std::set<std::string> changed =
+            m_before ? changedPaths(*m_before, value) : std::set<std::string>();
+        if (m_isGone && !isDrawn()) {
+            m_session.console.remark("zyrctl: the node is back");
+        }
+        m_isGone = false;
+        if (m_session.settings.json) {
+            m_session.console.print({compactJson({{"changed", changed}, {"value", value}})});
+        } else {
+            m_lines = m_render(value, changed);
+            draw("#" + std::to_string(m_number) + " " + timeOfDay());
+        }
+        m_session.console.flush();
+        m_before = value;
     }
-    session.console.flush();
-}
+
+    void showGone(const Failure& failure)
+    {
+        if (isDrawn()) {
+            for (Line& line : m_lines) {
+                line.isChanged = false;
+            }
+            draw("#" + std::to_string(m_number) + " " + timeOfDay() + "  " + printable(failure.what()));
+            m_session.console.flush();
+        } else if (!m_isGone) {
+            m_session.console.remark("zyrctl: " + printable(failure.what()) + "; trying again");
+        }
+        m_isGone = true;
+    }
+
+  private:
+    bool isDrawn() const { return !m_session.settings.json && m_session.console.canRedraw(); }
+
+    void draw(const std::string& heading)
+    {
+        if (!isDrawn()) {
+            m_session.console.print({heading});
+            m_session.console.printMarked(m_lines);
+            return;
+        }
+        std::vector<Line> all{{heading}};
+        all.insert(all.end(), m_lines.begin(), m_lines.end());
+        m_session.console.redraw(all);
+    }
+
+    Session& m_session;
+    const Render& m_render;
+    std::uint64_t m_number = 0;
+    std::optional<Value> m_before;
+    std::vector<Line> m_lines;
+    bool m_isGone = false;
+};
 
 } // namespace
 
 void addWatchOptions(CLI::App& subcommand, WatchOptions& options)
 {
-    options.watch =
-        subcommand
-            .add_flag("--watch{2}", options.seconds,
-                      "Call again and again, every 2 or --watch=SECONDS, and mark what has changed")
-            ->check(CLI::Range(0.0, 86400.0));
-    subcommand.add_option("--count", options.count, "With --watch: stop behind N calls")
-        ->check(CLI::PositiveNumber)
+    options.watch = subcommand
+                        .add_flag("--watch{2}", options.seconds,
+                                  "Call again and again, every 2 or --watch SECONDS (0.5), and mark what has "
+                                  "changed; goes on when the node comes back")
+                        ->check(secondsOfADay());
+    subcommand.add_option("--count", options.count, "With --watch: stop behind N answers")
+        ->check(oneOrMore())
         ->needs(options.watch);
 }
 
 void watch(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
            const Render& render)
 {
-    std::optional<Value> before;
-    for (std::uint64_t number = 1;; ++number) {
-        Value value = ask();
-        showRound(session, number, render, value,
-                  before ? changedPaths(*before, value) : std::set<std::string>());
-        if (number == options.count) {
+    Watched watched(session, render);
+    for (std::uint64_t answers = 0;;) {
+        try {
+            watched.show(ask());
+            ++answers;
+        } catch (const Unreachable& failure) {
+            if (answers == 0) {
+                throw;
+            }
+            watched.showGone(failure);
+        }
+        if (answers == options.count && options.count != 0) {
             return;
         }
-        before = std::move(value);
         std::this_thread::sleep_for(std::chrono::duration<double>(options.seconds));
     }
 }

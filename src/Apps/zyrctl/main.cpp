@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "Limits.h"
 #include "Session.h"
 #include "Subcommands.h"
 
@@ -13,26 +14,40 @@ namespace
 void addSettings(CLI::App& app, Settings& settings)
 {
     app.set_version_flag("--version", "zyrctl " ZYR_VERSION);
-    app.add_option("-u,--url", settings.url, "URL of the node's server")
-        ->envname("ZYR_URL")
-        ->capture_default_str();
-    app.add_option("--user", settings.user, "User for Basic authentication: NAME, or NAME:PASSWORD");
-    app.add_option("--credentials", settings.credentialsFile, "File (mode 0600) with a line user:password")
-        ->envname("ZYR_CREDENTIALS");
-    app.add_option("--timeout", settings.timeout, "Seconds that a call may take, 0 for no limit (30)")
-        ->check(CLI::NonNegativeNumber);
+    ConnectionSettings& connection = settings.connection;
+    CLI::Option* const url =
+        app.add_option("-u,--url", connection.url,
+                       "URL of the node's server; else that of ZYR_URL, else http://127.0.0.1:8080/RPC2");
+    app.add_option("--node", connection.node,
+                   "A node named in the file ZYR_NODES, or zyrctl/nodes.ini below ~/.config: sections [NAME] "
+                   "with url, user, credentials and ca = VALUE")
+        ->excludes(url);
+    app.add_option("--user", connection.user, "User for Basic authentication: NAME, or NAME:PASSWORD");
+    app.add_option("--credentials", connection.credentialsFile,
+                   "File (mode 0600) with a line user:password; else that of ZYR_CREDENTIALS");
+    app.add_option("--ca", connection.caFile,
+                   "File of trusted certificates (PEM); else that of ZYR_CA, CURL_CA_BUNDLE or "
+                   "SSL_CERT_FILE, else the system's");
+    app.add_option(
+           "--timeout", connection.timeout,
+           "Seconds that a call may take, 0 for no limit; else 30 more than the command's longest time")
+        ->check(notNegative());
     app.add_flag("--json", settings.json, "All output as JSON, errors included");
     app.add_flag("-v,--verbose", settings.verbose, "Show what passes over the wire, secrets hidden");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     app.fallthrough();
 }
 
 ExitStatus run(CLI::App& app, Session& session, int argc, char** argv)
 {
-    const std::vector<std::string> words = withCallSubcommand(app, {argv + 1, argv + argc});
+    const std::vector<std::string> words =
+        withWholeLists(app, withCallSubcommand(app, withJoinedNumbers({argv + 1, argv + argc})));
     hideSecrets(argc, argv);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
+        if (app.get_subcommands().empty()) {
+            session.console.write(app.help());
+        }
         session.console.flush();
         return ExitStatus::Done;
     } catch (const CLI::Success& request) { // --help, --version
@@ -58,6 +73,7 @@ int main(int argc, char** argv)
         addCallCommand(app, session);
         addHelpCommand(app, session);
         addListCommand(app, session);
+        addEventsCommand(app, session);
         addPictureCommands(app, session);
         addTapsCommand(app, session);
         addEncryptCommand(app, session);
