@@ -34,17 +34,26 @@ if ! { cmake --preset release && cmake --build --preset release -j "$(nproc)"; }
 fi
 
 bin=build/release/bin
-"$bin/zyrnode" --listen 127.0.0.1:0 --channels 2 --enable-ti --seed 1 >"$node_output" &
-node=$!
-tries=0
-until url=$(sed -n 's/^listening on //p' "$node_output") && [ -n "$url" ]; do
-    tries=$((tries + 1))
-    if [ "$tries" -gt 100 ] || ! kill -0 "$node" 2>/dev/null; then
-        echo "The node did not start." >&2
-        exit 1
-    fi
-    sleep 0.1
+# Where the client looks for it, or on a free port if that one is taken.
+for address in 127.0.0.1:8080 127.0.0.1:0; do
+    "$bin/zyrnode" --listen "$address" --channels 2 --enable-ti --seed 1 >"$node_output" &
+    node=$!
+    tries=0
+    until url=$(sed -n 's/^listening on //p' "$node_output") && [ -n "$url" ]; do
+        tries=$((tries + 1))
+        if [ "$tries" -gt 100 ] || ! kill -0 "$node" 2>/dev/null; then
+            kill "$node" 2>/dev/null || true
+            node=
+            break
+        fi
+        sleep 0.1
+    done
+    [ -z "$node" ] || break
 done
+if [ -z "$node" ]; then
+    echo "The node did not start." >&2
+    exit 1
+fi
 echo "A simulated node with two channels listens on $url"
 
 python3 tools/session.py "$url"

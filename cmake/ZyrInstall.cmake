@@ -1,4 +1,5 @@
-# Installation: headers in their rooms, the two shared libraries, find_package(ZyrTopApi) and pkg-config.
+# Installation: headers in their rooms, the two shared libraries, find_package(ZyrTopApi) and pkg-config, the
+# programs with their completion, and the docs.
 
 include(CMakePackageConfigHelpers)
 
@@ -24,9 +25,18 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZyrTopApiConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/ZyrTopApiConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZyrTopApi)
 
+# Relative, so that it holds under whatever prefix the files are installed.
+file(RELATIVE_PATH ZYR_PREFIX_FROM_PC /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 configure_file(cmake/zyrtopapi.pc.in zyrtopapi.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zyrtopapi.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 if(NOT ZYR_LIBRARY_ONLY)
     install(TARGETS zyrnode zyrctl)
+    set(ZYR_COMPLETION src/Apps/zyrctl/completion)
+    install(FILES ${ZYR_COMPLETION}/zyrctl.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME zyrctl)
+    install(FILES ${ZYR_COMPLETION}/_zyrctl DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+    install(FILES ${ZYR_COMPLETION}/zyrctl.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()

@@ -1,8 +1,9 @@
 #!/bin/sh
 # Installs a build into a folder of its own and builds a program against it, in both ways.
-# usage: install_test.sh CMAKE BUILD CONSUMER COMPILER LIBDIR
+# The program and its CMake file are those that the README shows.
+# usage: install_test.sh CMAKE BUILD COMPILER LIBDIR
 set -eu
-cmake=$1 build=$2 consumer=$3 compiler=$4 libdir=$5
+cmake=$1 build=$2 compiler=$3 libdir=$4
 here=$(dirname "$0")
 expected="eTI_E_INVALID_ARGUMENT RadioChannelID out of bounds"
 
@@ -26,19 +27,31 @@ for file in "$build/$libdir"/*.so "$build"/bin/* "$folder/prefix/$libdir"/*.so "
     fi
 done
 
+consumer=$folder/consumer
+mkdir "$consumer"
+shown() {
+    sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" "$here/../../README.md" | sed '1d;$d'
+}
+shown cpp >"$consumer/main.cpp"
+shown cmake >"$consumer/CMakeLists.txt"
 "$cmake" -S "$consumer" -B "$folder/build" -DCMAKE_CXX_COMPILER="$compiler" \
     -DCMAKE_PREFIX_PATH="$folder/prefix" >/dev/null
 "$cmake" --build "$folder/build" >/dev/null
-found=$("$folder/build/consumer")
+found=$("$folder/build/app")
 [ "$found" = "$expected" ] || { echo "find_package: '$found'" >&2; exit 1; }
 
 # The folder is another one than the prefix that the build was configured for.
-flags=$(PKG_CONFIG_PATH="$folder/prefix/$libdir/pkgconfig" \
-    pkg-config --define-prefix --define-variable=prefix="$folder/prefix" --cflags --libs zyrtopapi)
+flags=$(PKG_CONFIG_PATH="$folder/prefix/$libdir/pkgconfig" pkg-config --cflags --libs zyrtopapi)
 # shellcheck disable=SC2086
-"$compiler" "$consumer/main.cpp" -o "$folder/consumer" $flags -Wl,-rpath,"$folder/prefix/$libdir"
-found=$("$folder/consumer")
+"$compiler" "$consumer/main.cpp" -o "$folder/app" $flags -Wl,-rpath,"$folder/prefix/$libdir"
+found=$("$folder/app")
 [ "$found" = "$expected" ] || { echo "pkg-config: '$found'" >&2; exit 1; }
 
 "$folder/prefix/bin/zyrnode" --version >/dev/null
 "$folder/prefix/bin/zyrctl" --version >/dev/null
+
+share=$folder/prefix/share
+for file in bash-completion/completions/zyrctl zsh/site-functions/_zyrctl fish/vendor_completions.d/zyrctl.fish \
+    doc/ZyrTopApi/README.md doc/ZyrTopApi/docs/commands.md doc/ZyrTopApi/docs/fade.md; do
+    [ -s "$share/$file" ] || { echo "share/$file is not installed" >&2; exit 1; }
+done
