@@ -123,7 +123,7 @@ TEST(Login, IsTheUsersLine)
 
 CompletionSource source()
 {
-    return {{"call", "help", "list", "completion"},
+    return {{"call", "help", "list", "completion", "status"},
             {"--json", "--node", "--url", "--watch"},
             {"--node", "--url", "-u"},
             {"bash", "zsh"},
@@ -148,10 +148,11 @@ TEST(Completion, OffersCommandsAndSubcommands)
     EXPECT_EQ(completed("zyrctl c"), (Words{"call", "completion"}));
     EXPECT_EQ(completed("zyrctl CRI.E"), (Words{"CRI.Example"}));
     EXPECT_EQ(completed("zyrctl "),
-              (Words{"call", "help", "list", "completion", "CRI.Example", "CRI.Other"}));
+              (Words{"call", "help", "list", "completion", "status", "CRI.Example", "CRI.Other"}));
     EXPECT_EQ(completed("zyrctl -u http://x call "), (Words{"CRI.Example", "CRI.Other"}));
     EXPECT_EQ(completed("zyrctl completion "), (Words{"bash", "zsh"}));
     EXPECT_EQ(completed("zyrctl list CRI.E"), (Words{"CRI.Example"}));
+    EXPECT_EQ(completed("zyrctl status "), (Words{}));
     EXPECT_EQ(completed("zyrctl"), (Words{}));
 }
 

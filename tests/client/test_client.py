@@ -137,7 +137,10 @@ class Taps(NodeTest):
 
     def setUp(self):
         super().setUp()
-        self.node.add_command("TI.ManageTaps")
+        self.node.add_described({"name": "TI.ManageTaps", "request": [], "response": [
+            {"name": "LogPeriodSec", "type": "int", "unit": "s"},
+            {"name": "TapsLogData", "type": "struct", "fields": [
+                {"name": "maxPowerOut", "type": "int", "unit": "0.1 dBm"}]}]}, {"tiResult": 0})
 
     @staticmethod
     def sample(time, left):
@@ -146,7 +149,7 @@ class Taps(NodeTest):
     def test_shows_the_state(self):
         self.node.answers["TI.ManageTaps"] = [self.STATE]
         self.assertEqual(self.run_with_node("taps", "2"),
-                         (0, "RadioChannelID: 2\nTapsLogActive: false\nLogPeriodSec: 1\n", ""))
+                         (0, "tiResult        0\nRadioChannelID  2\nTapsLogActive   false\nLogPeriodSec    1 s\n", ""))
         self.assertEqual(self.node.calls, [self.ASK])
 
     def test_follows_a_log_of_its_own_and_stops_it(self):
@@ -154,8 +157,8 @@ class Taps(NodeTest):
                                               self.sample("1,3 s", 0), {"tiResult": 0}]
         self.assertEqual(self.run_with_node("taps", "2", "--log", "--count", "2"), (0, (
             "samplesRemaining  timeStamp  maxPowerOut\n"
-            "1                 300 ms     -50\n"
-            "0                 1,3 s      -50\n"), ""))
+            "1                 300 ms     -5.0 dBm\n"
+            "0                 1,3 s      -5.0 dBm\n"), ""))
         self.assertEqual(self.node.calls, [self.ASK, self.START, self.READ, self.READ, self.STOP])
 
     def test_leaves_a_log_that_was_running(self):

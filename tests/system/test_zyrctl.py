@@ -84,6 +84,40 @@ def zyrctl(node, command):
     return done.returncode, done.stdout, done.stderr
 
 
+class FollowTest(unittest.TestCase):
+    """What goes on when the node comes back."""
+
+    def start(self, node, *words):
+        process = self.enterContext(subprocess.Popen(
+            [PROGRAM, *words], env={**os.environ, "ZYR_URL": node.url}, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True))
+        self.addCleanup(process.kill)
+        return process
+
+    def test_watch_survives_a_restart_of_the_node(self):
+        with Node() as node:
+            watch = self.start(node, "CRI.GetAcmMode", "channelId=1", "--watch", "0.05")
+            self.assertTrue(watch.stdout.readline().startswith("#1 "))
+            node.stop()
+            self.assertTrue(watch.stderr.readline().endswith("; trying again\n"))
+        with Node(listen=f"127.0.0.1:{node.port}"):
+            self.assertEqual(watch.stderr.readline(), "zyrctl: the node is back\n")
+
+    def test_events_are_followed_across_a_restart_of_the_node(self):
+        with Node() as node:
+            events = self.start(node, "events", "--follow")
+            self.assertEqual(events.stdout.readline(), "no alarms\n")
+            node.wait_for_hanging(1)
+            node.proxy().CRI.EnableAcm({"channelId": 2, "enable": False})
+            self.assertRegex(events.stdout.readline(), r"^[-0-9]+ [:0-9]+  AcmDisabled on channel 2: raised\n$")
+            node.stop()
+            self.assertTrue(events.stderr.readline().endswith("; trying again\n"))
+        with Node(listen=f"127.0.0.1:{node.port}") as node:
+            self.assertEqual(events.stderr.readline(), "zyrctl: the node is back\n")
+            self.assertRegex(events.stdout.readline(), r"^[-0-9]+ [:0-9]+  AcmDisabled on channel 2: cleared\n$")
+            node.wait_for_hanging(1)
+
+
 class ExamplesTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):

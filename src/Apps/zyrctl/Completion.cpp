@@ -125,7 +125,10 @@ Words candidatesFor(const Words& before, const std::string& current, const Compl
     if (first == "completion") {
         return source.shells;
     }
-    return first == "help" ? joined(source.subcommands, source.commands()) : source.commands();
+    if (first == "help") {
+        return joined(source.subcommands, source.commands());
+    }
+    return first == "call" || first == "list" ? source.commands() : Words();
 }
 
 } // namespace

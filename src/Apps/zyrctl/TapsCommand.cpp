@@ -146,44 +146,63 @@ std::string csvCell(const std::string& text)
     return quoted + "\"";
 }
 
-// A row of the table, each cell as wide as its heading at least.
-std::string row(const Value& sample, const TapsOptions& options, bool isHeading)
+std::string csvRow(const Value& sample, bool isHeading)
 {
     std::string text;
     for (const auto& [name, value] : sample.items()) {
-        const std::string cell = isHeading ? name : cellText(value);
-        if (options.csv) {
-            text += (text.empty() ? "" : ",") + csvCell(cell);
-        } else {
-            text +=
-                (text.empty() ? "" : "  ") + padded(printable(cell), std::max(widthOf(name), std::size_t{8}));
-        }
+        text += (text.empty() ? "" : ",") + csvCell(isHeading ? name : cellText(value));
     }
-    return options.csv ? text : text.substr(0, text.find_last_not_of(' ') + 1);
+    return text;
 }
 
-void showSample(Session& session, const TapsOptions& options, const Value& sample, bool isFirst)
+// A row of the table, each cell as wide as its heading at least.
+std::string tableRow(const Value& sample, const std::vector<FieldDescription>& fields, bool isHeading)
 {
+    constexpr std::size_t leastWidth = 9;
+    std::string text;
+    for (const auto& [name, value] : sample.items()) {
+        const std::string cell = isHeading ? printable(name) : shownValue(value, findField(fields, name));
+        text += (text.empty() ? "" : "  ") + padded(cell, std::max(widthOf(name), leastWidth));
+    }
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+void showSample(Session& session, const TapsOptions& options, const std::vector<FieldDescription>& fields,
+                const Value& sample, bool isFirst)
+{
+    const auto row = [&](bool isHeading) {
+        return options.csv ? csvRow(sample, isHeading) : tableRow(sample, fields, isHeading);
+    };
     if (session.settings.json) {
         session.console.print({compactJson(sample)});
     } else {
         if (isFirst) {
-            session.console.print({row(sample, options, true)});
+            session.console.print({row(true)});
         }
-        session.console.print({row(sample, options, false)});
+        session.console.print({row(false)});
     }
     session.console.flush();
 }
 
+std::vector<FieldDescription> responseOf(Session& session)
+{
+    const auto description = session.node().describe(kTaps);
+    return description ? description->response : std::vector<FieldDescription>();
+}
+
 void follow(Session& session, const TapsOptions& options)
 {
+    const std::vector<FieldDescription> response = responseOf(session);
+    const FieldDescription* const samples = findField(response, "TapsLogData");
+    const std::vector<FieldDescription> fields =
+        samples == nullptr ? std::vector<FieldDescription>() : samples->fields;
     const StopSignals stopSignals;
     FollowedLog log(session, options);
     std::uint64_t shown = 0;
     for (bool isStopped = false; !isStopped;) {
         const std::optional<Value> sample = log.sample();
         if (sample) {
-            showSample(session, options, *sample, shown == 0);
+            showSample(session, options, fields, *sample, shown == 0);
             ++shown;
         }
         const bool isEnough = options.count != 0 && shown >= options.count;
@@ -201,13 +220,7 @@ void runTaps(Session& session, const TapsOptions& options)
         return;
     }
     const Value state = manageTaps(session, options);
-    std::vector<Line> lines;
-    for (const auto& [name, value] : state.items()) {
-        if (name != "tiResult") {
-            lines.push_back({printable(name) + ": " + printable(cellText(value))});
-        }
-    }
-    session.show(state, lines);
+    session.show(state, renderAnswer(state, responseOf(session), {}, session.console.room()));
 }
 
 } // namespace
