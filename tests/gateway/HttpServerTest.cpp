@@ -1,7 +1,10 @@
 #include "HttpServer.h"
 
 #include "HttpTestClient.h"
+#include "MemorySink.h"
+#include "TraceService.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,6 +14,10 @@
 #include <mutex>
 #include <thread>
 #include <vector>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace zyr_gateway;
 using namespace std::chrono_literals;
@@ -79,6 +86,14 @@ class Desk
         HttpServer::Answer answer = std::move(m_waiting.front().second);
         m_waiting.pop_front();
         return answer;
+    }
+
+    /// Gives all that are here the same answer; in which order they came is not known.
+    void answerAll(const std::string& body)
+    {
+        while (size() > 0) {
+            take()({200, "text/xml", body});
+        }
     }
 
   private:
@@ -400,15 +415,17 @@ TEST(HttpServerDeadlineTest, SilentConnectionHasTheIdleTime)
     HttpTestClient fresh(server.port());
     EXPECT_TRUE(fresh.readToEnd());
     HttpTestClient used(server.port());
-    EXPECT_EQ(used.ask(post("x")).status, "200");
     const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(used.ask(post("x")).status, "200");
     EXPECT_TRUE(used.readToEnd());
     EXPECT_GE(std::chrono::steady_clock::now() - start, 90ms);
 }
 
 TEST(HttpServerDeadlineTest, IdleTimeIsNotTheDeadline)
 {
-    HttpServer server(quickOptions(), &echo);
+    HttpOptions options = quickOptions();
+    options.idleTimeout = 60s;
+    HttpServer server(std::move(options), &echo);
     server.start();
     HttpTestClient client(server.port());
     EXPECT_EQ(client.ask(post("x")).status, "200");
@@ -447,33 +464,326 @@ TEST(HttpServerDeadlineTest, WhoDoesNotTakeTheAnswerIsCut)
     EXPECT_LT(client.pending().size(), size);
 }
 
-TEST(HttpServerLimitTest, ConnectionOverTheLimitIsAnswered503)
+TEST(HttpServerLimitTest, ConnectionOverTheLimitIsTold503AtOnceWhenNoneIsIdle)
 {
+    Desk desk;
     HttpOptions options;
     options.maxConnections = 3;
-    HttpServer server(std::move(options), &echo);
+    HttpServer server(std::move(options), desk.handler());
     server.start();
     std::list<HttpTestClient> clients;
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(clients.emplace_back(server.port()).ask(post("x")).status, "200");
+        clients.emplace_back(server.port()).send(post("x"));
     }
+    ASSERT_TRUE(desk.waitFor(3));
     HttpTestClient excess(server.port());
     const auto answer = excess.ask(post("x"));
     EXPECT_EQ(answer.status, "503");
     EXPECT_EQ(answer.body, "There are too many connections.\n");
     EXPECT_TRUE(excess.readToEnd());
-    EXPECT_EQ(clients.front().ask(post("x")).status, "200");
+    desk.answerAll("here");
+    for (HttpTestClient& client : clients) {
+        EXPECT_EQ(client.answer().body, "here");
+    }
+}
+
+TEST(HttpServerLimitTest, ConnectionOverTheLimitTakesThePlaceOfTheLongestIdleOne)
+{
+    HttpOptions options;
+    options.maxConnections = 3;
+    HttpServer server(std::move(options), &echo);
+    server.start();
+    HttpTestClient first(server.port());
+    HttpTestClient second(server.port());
+    HttpTestClient third(server.port());
+    for (HttpTestClient* const client : {&first, &second, &third, &first}) {
+        ASSERT_EQ(client->ask(post("x")).status, "200");
+    }
+    HttpTestClient fourth(server.port());
+    EXPECT_EQ(fourth.ask(post("x")).status, "200");
+    EXPECT_TRUE(second.readToEnd());
+    EXPECT_EQ(first.ask(post("x")).status, "200");
+    EXPECT_EQ(third.ask(post("x")).status, "200");
 }
 
 TEST(HttpServerLimitTest, ThereAre128ConnectionsByDefault)
 {
-    HttpServer server(HttpOptions{}, &echo);
+    Desk desk;
+    HttpServer server(HttpOptions{}, desk.handler());
     server.start();
     std::list<HttpTestClient> clients;
     for (int i = 0; i < 128; ++i) {
-        ASSERT_EQ(clients.emplace_back(server.port()).ask(post("x")).status, "200") << i;
+        clients.emplace_back(server.port()).send(post("x"));
     }
+    ASSERT_TRUE(desk.waitFor(128));
     EXPECT_EQ(HttpTestClient(server.port()).ask(post("x")).status, "503");
+    std::list<HttpTestClient> more;
+    // Some more may begin a request; beyond these, there is no word.
+    for (int i = 0; i < 32; ++i) {
+        ASSERT_TRUE(more.emplace_back(server.port()).send("P"));
+    }
+    HttpTestClient last(server.port());
+    EXPECT_TRUE(last.readToEnd());
+    EXPECT_EQ(last.pending(), "");
+}
+
+TEST(HttpServerLimitTest, TwoHundredIdleConnectionsKeepNobodyWaiting)
+{
+    HttpServer server(HttpOptions{}, &echo);
+    server.start();
+    std::list<HttpTestClient> idle;
+    for (int i = 0; i < 200; ++i) {
+        ASSERT_TRUE(idle.emplace_back(server.port()).connected());
+    }
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(HttpTestClient(server.port()).ask(post("x")).status, "200");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
+}
+
+TEST(HttpServerLimitTest, WhatIsHeldIsBoundedAndCountedOut)
+{
+    Desk desk;
+    HttpOptions options;
+    options.maxHeld = 1'000'000;
+    HttpServer server(std::move(options), desk.handler());
+    server.start();
+    HttpTestClient first(server.port());
+    HttpTestClient second(server.port());
+    HttpTestClient third(server.port());
+    first.send(post(std::string(400'000, 'a')));
+    ASSERT_TRUE(desk.waitFor(1));
+    second.send(post(std::string(400'000, 'b')));
+    ASSERT_TRUE(desk.waitFor(2));
+    third.send(post(std::string(210'000, 'c')));
+    const auto refused = third.answer();
+    EXPECT_EQ(refused.status, "503");
+    EXPECT_EQ(refused.body, "There is too much in work.\n");
+    desk.take()({200, "text/xml", std::string(610'000, 'd')});
+    const auto tooLong = first.answer();
+    EXPECT_EQ(tooLong.status, "503") << "an answer counts too";
+    EXPECT_EQ(tooLong.body, "There is too much in work.\n");
+    desk.take()({200, "text/xml", std::string(990'000, 'e')});
+    EXPECT_EQ(second.answer().body.size(), 990'000U) << "in the place of its request";
+    for (int round = 0; round < 5; ++round) {
+        HttpTestClient client(server.port());
+        client.send(post(std::string(500'000, 'd')));
+        ASSERT_TRUE(desk.waitFor(1));
+        desk.take()({200, "text/xml", "in time"});
+        EXPECT_EQ(client.answer().body, "in time") << round;
+    }
+}
+
+TEST(HttpServerLimitTest, OpenFileLimitIsRaisedOrNamed)
+{
+    const auto startedWith = [](rlim_t soft, rlim_t hard) {
+        const pid_t child = fork();
+        if (child == 0) {
+            const rlimit limit{soft, hard};
+            setrlimit(RLIMIT_NOFILE, &limit);
+            HttpServer server(HttpOptions{}, &echo);
+            try {
+                server.start();
+            } catch (const HttpServerError& error) {
+                _exit(std::string(error.what()) == "the limit of open files is 100, and 352 are needed; "
+                                                   "raise it, as with: ulimit -Hn 352"
+                          ? 2
+                          : 3);
+            }
+            rlimit now{};
+            getrlimit(RLIMIT_NOFILE, &now);
+            _exit(now.rlim_cur == 352 ? 1 : 4);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    };
+    EXPECT_EQ(startedWith(100, 400), 1);
+    EXPECT_EQ(startedWith(100, 100), 2);
+}
+
+TEST(HttpServerLeavingTest, ClientThatLeavesBeforeItsAnswerIsTold)
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    int left = 0;
+    std::deque<HttpServer::Answer> kept;
+    HttpServer server(HttpOptions{}, [&](const HttpRequest&, const HttpServer::Answer& answer) {
+        answer.whenClientLeaves([&] {
+            const std::lock_guard lock(mutex);
+            ++left;
+            changed.notify_all();
+        });
+        const std::lock_guard lock(mutex);
+        kept.push_back(answer);
+        changed.notify_all();
+    });
+    server.start();
+    HttpTestClient stays(server.port());
+    stays.send(post("x"));
+    {
+        HttpTestClient atOnce(server.port());
+        atOnce.send(post("x"));
+    }
+    {
+        std::unique_lock lock(mutex);
+        ASSERT_TRUE(changed.wait_for(lock, 10s, [&] { return kept.size() == 2 && left == 1; }));
+    }
+    for (const HttpServer::Answer& answer : kept) {
+        answer({200, "text/xml", "here"});
+    }
+    EXPECT_EQ(stays.answer().body, "here");
+    EXPECT_EQ(left, 1);
+}
+
+TEST_F(HttpServerTest, BeginningOfARequestThatEndsIsNoticedAtOnce)
+{
+    HttpTestClient client(mServer.port());
+    const auto start = std::chrono::steady_clock::now();
+    client.send("POST /RPC2 HT");
+    client.endSending();
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
+    EXPECT_EQ(client.pending(), "");
+}
+
+TEST_F(HttpServerTest, WholeRequestThatIsHalfClosedAtOnceIsAnswered)
+{
+    for (int round = 0; round < 200; ++round) {
+        HttpTestClient client(mServer.port());
+        client.send(post("x"));
+        client.endSending();
+        ASSERT_EQ(client.answer().status, "200") << round;
+        ASSERT_TRUE(client.readToEnd());
+    }
+}
+
+TEST(HttpServerLeavingTest, HalfClosedRequestWhoseAnswerComesLaterIsAnswered)
+{
+    Desk desk;
+    HttpServer server(HttpOptions{}, desk.handler());
+    server.start();
+    for (int round = 0; round < 100; ++round) {
+        HttpTestClient client(server.port());
+        client.send(post("x"));
+        client.endSending();
+        ASSERT_TRUE(desk.waitFor(1));
+        desk.take()({200, "text/xml", "here"});
+        ASSERT_EQ(client.answer().body, "here") << round;
+        ASSERT_TRUE(client.readToEnd());
+    }
+}
+
+TEST(HttpServerLeavingTest, ClientsThatLeaveTheirRequestsTakeNobodysPlace)
+{
+    Desk desk;
+    HttpOptions options;
+    options.maxConnections = 4;
+    HttpServer server(std::move(options), desk.handler());
+    server.start();
+    for (int count = 0; count < 20; ++count) {
+        HttpTestClient leaving(server.port());
+        leaving.send(post("x"));
+        ASSERT_TRUE(desk.waitFor(static_cast<std::size_t>(count) + 1));
+    }
+    std::optional<HttpTestClient> client(server.port());
+    client->send(post("y"));
+    ASSERT_TRUE(desk.waitFor(21));
+    desk.answerAll("here");
+    EXPECT_EQ(client->answer().body, "here");
+}
+
+TEST_F(HttpServerTest, WhatBreaksTheGrammarIs400OnceAndEndsTheConnection)
+{
+    const std::string fine = "Host: localhost\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n";
+    const std::string line = "POST /RPC2 HTTP/1.1\r\n";
+    const auto zero = std::string(1, '\0');
+    const std::vector<std::string> heads{
+        line + fine + "Transfer-Encoding : chunked\r\n",
+        line + fine + "X-Folded: a\r\n b\r\n",
+        line + " folded: first\r\n" + fine,
+        line + fine + "X-Pad: a" + zero + "b\r\n",
+        line + "Host: localhost" + zero + ".evil\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n",
+        line + "Host: localhost\r\nContent-Type: text/xml" + zero + "\r\nContent-Length: 1\r\n",
+        "POST /RPC2" + zero + " HTTP/1.1\r\n" + fine,
+        "POST /RPC2\x7F HTTP/1.1\r\n" + fine,
+        "POST  /RPC2 HTTP/1.1\r\n" + fine,
+        "POST /RPC2 HTTP/1.1 \r\n" + fine,
+        "POST /RPC2\r\n" + fine,
+        "POST /RPC2 http/1.1\r\n" + fine,
+        "PO(ST /RPC2 HTTP/1.1\r\n" + fine,
+        line + fine + "no colon\r\n",
+        line + fine + ": no name\r\n",
+        line + fine + "X\x01Y: a\r\n",
+        line + fine + "X-Pad: a\rb\r\n",
+        "POST /RPC2 HTTP/1.1\n" + fine,
+        line + fine + "X-Pad: a\n",
+    };
+    for (const std::string& bytes : heads) {
+        HttpTestClient client(mServer.port());
+        const auto answer = client.ask(bytes + "\r\nx" + post("second"));
+        EXPECT_EQ(answer.status, "400") << bytes;
+        EXPECT_NE(answer.head.find("Connection: close\r\n"), std::string::npos) << bytes;
+        EXPECT_TRUE(client.readToEnd()) << bytes;
+        EXPECT_EQ(client.pending(), "") << bytes;
+    }
+    EXPECT_EQ(ask(line + fine + "X-Blank:\r\nX-Tab: a\tb\xC3\xA4\r\n\r\nx").status, "200");
+    EXPECT_EQ(ask("POST /RPC2 HTTP/2.0\r\n" + fine + "\r\nx").status, "505");
+    EXPECT_EQ(ask("\r\n" + line + fine + "\r\nx").status, "200") << "an empty line before is lawful";
+}
+
+TEST_F(HttpServerTest, PageOfAnotherSiteIsRefusedWhateverItSends)
+{
+    for (const std::string fields :
+         {"Origin: http://evil.example\r\n", "Origin: null\r\n", "Origin: \r\n",
+          "Origin: http://localhost:1\r\n", "Sec-Fetch-Site: cross-site\r\n", "Sec-Fetch-Site: same-site\r\n",
+          "Sec-Fetch-Site: none\r\nSec-Fetch-Site: cross-site\r\n",
+          "Origin: http://localhost\r\nSec-Fetch-Site: Cross-Site\r\n"}) {
+        const auto answer = ask(post("x", fields));
+        EXPECT_EQ(answer.status, "403") << fields;
+        EXPECT_EQ(answer.body, "A page of another site may not call this server.\n");
+        EXPECT_EQ(
+            ask(head("POST /RPC2 HTTP/1.1", "Content-Type: text/plain\r\nContent-Length: 1\r\n" + fields) +
+                "x")
+                .status,
+            "403")
+            << fields;
+    }
+    for (const std::string fields : {"Origin: http://localhost\r\nSec-Fetch-Site: same-origin\r\n",
+                                     "Origin: https://LOCALHOST\r\n", "Sec-Fetch-Site: none\r\n"}) {
+        EXPECT_EQ(ask(post("x", fields)).status, "200") << fields;
+    }
+}
+
+TEST_F(HttpServerTest, RefusalsAndRequestsAreTraced)
+{
+    const auto sink = std::make_shared<zyr_platform::MemorySink>();
+    const auto added = zyr_platform::TraceService::get().addSink(sink);
+    const auto traced = [&] {
+        std::vector<std::string> texts;
+        for (const auto& record : sink->take()) {
+            texts.push_back(std::to_string(record.level) + " " + record.channel + " " + record.text);
+        }
+        return texts;
+    };
+    zyr_platform::TraceService::get().setLevel("ZYR.GATEWAY", 4);
+    EXPECT_EQ(ask(post("x")).status, "200");
+    EXPECT_EQ(traced(), std::vector<std::string>{});
+    EXPECT_EQ(ask("POST /RPC2 HTTP/1.1\r\nHost: evil.\"example\r\n\r\n").status, "400");
+    const auto refused = traced();
+    ASSERT_EQ(refused.size(), 1U);
+    EXPECT_THAT(refused.front(),
+                testing::MatchesRegex(
+                    "2 ZYR.GATEWAY refused with 400: 127.0.0.1 port [0-9]+, Host \"evil.\\?example\", "
+                    "\"POST\" \"/RPC2\": The Host field does not name this machine; use localhost or "
+                    "127.0.0.1."));
+    zyr_platform::TraceService::get().setLevel("ZYR.GATEWAY", 5);
+    EXPECT_EQ(ask(post("x")).status, "200");
+    zyr_platform::TraceService::get().resetLevels();
+    const auto served = traced();
+    ASSERT_EQ(served.size(), 1U);
+    EXPECT_THAT(served.front(),
+                testing::MatchesRegex("5 ZYR.GATEWAY 200 in [0-9]+ ms, 84 bytes in, 21 bytes out, "
+                                      "127.0.0.1 port [0-9]+"));
 }
 
 TEST(HttpServerLimitTest, SixtyFourHangingRequestsHoldNobodyUp)
@@ -502,16 +812,18 @@ TEST(HttpServerLimitTest, SixtyFourHangingRequestsHoldNobodyUp)
             ASSERT_EQ(other.ask(post("now")).body, "POST /RPC2 text/xml now");
         }
     }
+    desk.answerAll("freed");
     for (HttpTestClient& client : hanging) {
-        desk.take()({200, "text/xml", "freed"});
         EXPECT_EQ(client.answer().body, "freed");
     }
 }
 
 TEST(HttpServerAnswerTest, AnswerMayComeFromAnyThreadWhileTheHandlerReturns)
 {
+    std::mutex mutex;
     std::vector<std::thread> threads;
     HttpServer server(HttpOptions{}, [&](HttpRequest request, HttpServer::Answer answer) {
+        const std::lock_guard lock(mutex);
         threads.emplace_back([body = std::move(request.body), answer = std::move(answer)] {
             answer({200, "text/xml", body});
         });

@@ -54,6 +54,9 @@ class HttpTestClient
         return true;
     }
 
+    /// Sends nothing more, but still reads.
+    void endSending() const { shutdown(m_socket, SHUT_WR); }
+
     /// Reads one answer.
     Answer answer()
     {

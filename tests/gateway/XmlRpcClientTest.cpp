@@ -12,8 +12,10 @@
 #include <memory>
 #include <thread>
 
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace zyr_gateway;
@@ -87,7 +89,7 @@ class TemporaryCertificate
         FILE* file = fopen(certificateFile().c_str(), "w");
         PEM_write_X509(file, certificate.get());
         fclose(file);
-        file = fopen(keyFile().c_str(), "w");
+        file = fdopen(open(keyFile().c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), "w");
         PEM_write_PrivateKey(file, key.get(), nullptr, nullptr, 0, nullptr, nullptr);
         fclose(file);
     }
@@ -329,6 +331,18 @@ TEST_F(XmlRpcClientTlsTest, FilesThatAreNoneOrOneAloneAreRefused)
     missing.tlsKeyFile = "/no/such/key.pem";
     HttpServer server(std::move(missing), &XmlRpcClientTlsTest::answer);
     EXPECT_THROW(server.start(), HttpServerError);
+    chmod(mCertificate.keyFile().c_str(), 0640);
+    HttpServer lax(options(), &XmlRpcClientTlsTest::answer);
+    try {
+        lax.start();
+        ADD_FAILURE();
+    } catch (const HttpServerError& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  "the TLS key " + mCertificate.keyFile() +
+                      " can be read or written by others than its owner; run: chmod 600 " +
+                      mCertificate.keyFile());
+    }
+    chmod(mCertificate.keyFile().c_str(), 0600);
     HttpOptions wrong = options();
     wrong.tlsCertificateFile = wrong.tlsKeyFile;
     HttpServer another(std::move(wrong), &XmlRpcClientTlsTest::answer);

@@ -173,21 +173,67 @@ TEST(XmlRpcCodecTest, CommentsAndProcessingInstructionsAreIgnored)
     EXPECT_EQ(parameter("<value><!-- x --><int>1<!-- y -->2<?pi?></int></value>"), Value(12));
 }
 
-TEST(XmlRpcCodecTest, DateIsItsText)
+/// A binary value of the text's bytes.
+Value binary(const std::string& text)
 {
-    EXPECT_EQ(parameter("<value><dateTime.iso8601> 20240102T03:04:05 </dateTime.iso8601></value>"),
-              Value("20240102T03:04:05"));
+    return Value::binary({text.begin(), text.end()});
 }
 
-TEST(XmlRpcCodecTest, Base64IsItsBytes)
+TEST(XmlRpcCodecTest, DateIsItsTextUnderItsSubtype)
 {
-    EXPECT_EQ(parameter("<value><base64> TW\nFu TWE= </base64></value>"), Value("ManMa"));
-    EXPECT_EQ(parameter("<value><base64>AP+A</base64></value>"), Value(std::string("\0\xFF\x80", 3)));
-    EXPECT_EQ(parameter("<value><base64/></value>"), Value(""));
+    const std::string text = "20240102T03:04:05";
+    EXPECT_EQ(parameter("<value><dateTime.iso8601> " + text + " </dateTime.iso8601></value>"),
+              Value::binary({text.begin(), text.end()}, 1));
+}
+
+TEST(XmlRpcCodecTest, Base64IsItsBytesAndNoString)
+{
+    EXPECT_EQ(parameter("<value><base64> TW\nFu TWE= </base64></value>"), binary("ManMa"));
+    EXPECT_EQ(parameter("<value><base64>AP+A</base64></value>"), binary(std::string("\0\xFF\x80", 3)));
+    EXPECT_EQ(parameter("<value><base64/></value>"), binary(""));
     for (const std::string text : {"TWF", "TWFu=", "TW=u", "T===", "====", "TWF*"}) {
         EXPECT_EQ(kindOf("<value><base64>" + text + "</base64></value>"), XmlRpcError::Kind::BadValue)
             << text;
     }
+}
+
+TEST(XmlRpcCodecTest, AnswerThatIsTooLongIsNotWritten)
+{
+    const Value value = std::string(10, 'x');
+    const std::string whole = writeResponse(value);
+    const std::size_t size = whole.find("</param>"); // what follows does not count
+    EXPECT_EQ(writeResponse(value, size), whole);
+    EXPECT_THROW((void)writeResponse(value, size - 1), DocumentTooLong);
+    EXPECT_THROW((void)writeResponse(Value::array({value, value, value}), 150), DocumentTooLong);
+}
+
+TEST(XmlRpcCodecTest, ArrayThatIsWrittenPieceByPieceIsTheSameDocument)
+{
+    ArrayResponse response(1000);
+    response.add(1);
+    response.add({{"a", "b"}});
+    EXPECT_EQ(response.finish(), writeResponse(Value::array({1, {{"a", "b"}}})));
+    ArrayResponse shortOne(200);
+    shortOne.add("x");
+    EXPECT_THROW(shortOne.add(std::string(100, 'y')), DocumentTooLong);
+    Value deep = 1;
+    for (int depth = 2; depth < 32; ++depth) {
+        deep = Value::array({deep});
+    }
+    ArrayResponse deepOne(10'000);
+    EXPECT_NO_THROW(deepOne.add(deep));
+    EXPECT_THROW(deepOne.add(Value::array({deep})), std::invalid_argument);
+}
+
+TEST(XmlRpcCodecTest, ThreadThatReadsManyDocumentsReadsEachForItself)
+{
+    for (const std::string bad : {"<methodCall><methodName>a", "<a/>", "\xFF", ""}) {
+        EXPECT_EQ(parameter("<value><int>12</int></value>"), Value(12));
+        EXPECT_THROW((void)parseMethodCall(bad), XmlRpcError) << bad;
+    }
+    const std::string longText(100'000, 'x');
+    EXPECT_EQ(parameter("<value>" + longText + "</value>"), Value(longText));
+    EXPECT_EQ(parameter("<value><int>12</int></value>"), Value(12));
 }
 
 TEST(XmlRpcCodecTest, NilIsNull)

@@ -191,8 +191,8 @@ TEST_F(XmlRpcServerTest, RefusalsTellResultMethodAndMember)
               "2 eTI_E_REQUIRED_INPUT_MISSING: CRI.EnableAcm: enable is missing, it takes a boolean");
     EXPECT_EQ(fault("CRI.EnableAcm"), "2 eTI_E_REQUIRED_INPUT_MISSING: CRI.EnableAcm: channelId is missing, "
                                       "it takes an integer from 1 to 2");
-    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 1}, {"enable", 1}}}),
-              "3 eTI_E_PARAMETER_TYPE_INVALID: CRI.EnableAcm: enable is 1, it takes a boolean");
+    EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 1}, {"enable", 2}}}),
+              "3 eTI_E_PARAMETER_TYPE_INVALID: CRI.EnableAcm: enable is 2, it takes a boolean");
     EXPECT_EQ(fault("CRI.EnableAcm", {{{"channelId", 3}, {"enable", true}}}),
               "3 eTI_E_PARAMETER_INVALID: CRI.EnableAcm: channelId is 3, it takes an integer from 1 to 2");
     EXPECT_EQ(fault("CI.GetEvents", {{{"all", true}}}),
@@ -202,6 +202,45 @@ TEST_F(XmlRpcServerTest, RefusalsTellResultMethodAndMember)
         "3 eTI_E_PARAMETER_TYPE_INVALID: CI.GetEvents: the parameter is no struct, it takes one struct");
     EXPECT_EQ(fault("CI.GetEvents", {Value::object(), Value::object()}),
               "3 eTI_E_PARAMETER_INVALID: CI.GetEvents: 2 parameters are given, it takes one struct");
+}
+
+TEST_F(XmlRpcServerTest, WhatStockClientsCannotSayOtherwiseIsTaken)
+{
+    server->start();
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 1}, {"enable", 1}}}), R"({"tiResult":0})");
+    EXPECT_EQ(transcript.lines().back(), "IAcmHandler_1.enableAcm(true)");
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", 0}}}), R"({"tiResult":0})");
+    EXPECT_EQ(transcript.lines().back(), "IAcmHandler_2.enableAcm(false)");
+    EXPECT_EQ(answer("CI.ReleaseFastEventsRequests", {Value::array()}), R"({"tiResult":0})");
+    EXPECT_EQ(
+        fault("CI.ReleaseFastEventsRequests", {Value::array({1})}),
+        "3 eTI_E_PARAMETER_TYPE_INVALID: CI.ReleaseFastEventsRequests: the parameter is no struct, it takes "
+        "one struct");
+    EXPECT_EQ(
+        fault("CRI.EnableAcm", {{{"channelId", nullptr}, {"enable", true}}}),
+        "3 eTI_E_PARAMETER_TYPE_INVALID: CRI.EnableAcm: channelId is nil, it takes an integer from 1 to 2");
+}
+
+TEST_F(XmlRpcServerTest, DatesAndBase64AreRefusedByTheirNames)
+{
+    server->start();
+    const auto faultOf = [this](const std::string& value) {
+        const std::string body = "<methodCall><methodName>CRI.EnableAcm</"
+                                 "methodName><params><param><value><struct><member><name>channelId"
+                                 "</name><value>" +
+                                 value + "</value></member></struct></value></param></params></methodCall>";
+        HttpTestClient raw(server->port());
+        return zyr_gateway::parseMethodResponse(
+                   raw.ask("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: "
+                           "text/xml\r\nContent-Length: " +
+                           std::to_string(body.size()) + "\r\n\r\n" + body)
+                       .body)
+            .fault->text;
+    };
+    const std::string begin = "eTI_E_PARAMETER_TYPE_INVALID: CRI.EnableAcm: channelId is ";
+    EXPECT_EQ(faultOf("<dateTime.iso8601>20240102T03:04:05</dateTime.iso8601>"),
+              begin + "a dateTime.iso8601, it takes an integer from 1 to 2");
+    EXPECT_EQ(faultOf("<base64>MQ==</base64>"), begin + "base64, it takes an integer from 1 to 2");
 }
 
 TEST_F(XmlRpcServerTest, MalformedDocumentIsAFault)
@@ -339,6 +378,40 @@ TEST_F(XmlRpcServerTest, MulticallTakesAHundredCalls)
               "3 eTI_E_PARAMETER_TYPE_INVALID: system.multicall: it takes one array, of calls");
 }
 
+// A method whose answers are so long.
+void addLongMethod(XmlRpcServer& server, std::size_t size)
+{
+    server.addMethod({.name = "SIM.Long", .help = "Answers much."},
+                     [size](const Value&) { return Value(std::string(size, 'x')); });
+}
+
+TEST_F(XmlRpcServerTest, AnswerHas8MiBAtTheMost)
+{
+    addLongMethod(*server, 8UL * 1024UL * 1024UL);
+    server->start();
+    EXPECT_EQ(fault("SIM.Long"), "4 eTI_E_FAILED: SIM.Long: the answer is longer than 8 MiB");
+    open(false);
+    addLongMethod(*server, 8'000'000);
+    server->start();
+    EXPECT_EQ(call("SIM.Long").value.get_ref<const std::string&>().size(), 8'000'000U);
+}
+
+TEST_F(XmlRpcServerTest, MulticallAsAWholeHas8MiBAtTheMostAndStopsThere)
+{
+    addLongMethod(*server, 3'000'000);
+    server->start();
+    const Value one = Value::parse(R"({"methodName": "SIM.Long", "params": []})");
+    const Value effect =
+        Value::parse(R"({"methodName": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": true}]})");
+    EXPECT_EQ(call("system.multicall", {Value::array({one, one})}).value.size(), 2U);
+    transcript.clear();
+    EXPECT_EQ(
+        fault("system.multicall", {Value::array({one, one, one, effect})}),
+        "4 eTI_E_FAILED: system.multicall: the answers are longer than 8 MiB with that of call 3, which was "
+        "the last one made");
+    EXPECT_TRUE(transcript.lines().empty());
+}
+
 TEST_F(XmlRpcServerTest, WhatAMethodThrowsIsAFaultAndTheServerGoesOn)
 {
     server->addMethod({.name = "SIM.Throw", .help = "Throws."},
@@ -384,6 +457,87 @@ TEST_F(XmlRpcServerTest, HangingLongPollsHoldUpNobody)
     for (const std::string& outcome : polls.outcomes) {
         EXPECT_EQ(outcome, "4 CI.GetFastEvents has been terminated");
     }
+}
+
+TEST_F(XmlRpcServerTest, MethodThatIsHeldHoldsUpNeitherOtherMethodsNorMoreOfItsOwn)
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    int held = 0;
+    bool mayGo = false;
+    server->addMethod({.name = "SIM.Hold", .help = "Waits.", .longest = std::chrono::minutes(1)},
+                      [&](const Value&) {
+                          std::unique_lock lock(mutex);
+                          ++held;
+                          changed.notify_all();
+                          changed.wait(lock, [&] { return mayGo; });
+                          return Value(1);
+                      });
+    server->start();
+    LongPolls holding(6, [this] { return answer("SIM.Hold"); });
+    {
+        std::unique_lock lock(mutex);
+        changed.wait(lock, [&] { return held == 6; });
+    }
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}), R"({"tiResult":0})");
+    {
+        const std::lock_guard lock(mutex);
+        mayGo = true;
+    }
+    changed.notify_all();
+    holding.join();
+    EXPECT_EQ(holding.outcomes, std::vector<std::string>(6, "1"));
+}
+
+TEST_F(XmlRpcServerTest, LongPollBeyondTheCapIsRefusedByAFault)
+{
+    server->start();
+    LongPolls polls(64, [this] { return fault("CI.GetFastEvents", {{{"events", Value::array()}}}); });
+    alarms.waitForHanging(64);
+    EXPECT_EQ(fault("CI.GetFastEvents", {{{"events", Value::array()}}}),
+              "4 eTI_E_FAILED: CI.GetFastEvents: too many long polls hang already, 64 can");
+    EXPECT_EQ(server->longPolls().hanging, 64U);
+    EXPECT_EQ(server->longPolls().orphans, 0U);
+    answer("CI.ReleaseFastEventsRequests");
+    polls.join();
+}
+
+TEST_F(XmlRpcServerTest, LongPollBringsAShortViewOnly)
+{
+    server->start();
+    Value events = Value::array();
+    events.insert(events.end(), 400,
+                  {{"eventName", "LinkDown"},
+                   {"isActive", true},
+                   {"numberOfTimesEventHasBeenActive", 1},
+                   {"radioChannelId", 2}});
+    EXPECT_EQ(fault("CI.GetFastEvents", {{{"events", events}}}),
+              "3 eTI_E_PARAMETER_INVALID: CI.GetFastEvents: the request is longer than 64 KiB");
+}
+
+TEST_F(XmlRpcServerTest, ClientsThatLeaveTheirPollsLeaveTheServerAsItWas)
+{
+    server->start();
+    LongPolls staying(2, [this] { return fault("CI.GetFastEvents", {{{"events", Value::array()}}}); });
+    alarms.waitForHanging(2);
+    const std::string body =
+        zyr_gateway::writeMethodCall({"CI.GetFastEvents", {{{"events", Value::array()}}}});
+    for (int count = 0; count < 300; ++count) {
+        HttpTestClient leaving(server->port());
+        leaving.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: " +
+                     std::to_string(body.size()) + "\r\n\r\n" + body);
+    }
+    const auto isSettled = [](XmlRpcServer::LongPollCount count) {
+        return count.hanging == 2 && count.orphans == 0;
+    };
+    while (!isSettled(server->longPolls())) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}), R"({"tiResult":0})");
+    // Those who stayed have noticed nothing so far, and the release that a client asks for ends them.
+    EXPECT_EQ(answer("CI.ReleaseFastEventsRequests"), R"({"tiResult":0})");
+    staying.join();
+    EXPECT_EQ(staying.outcomes, std::vector<std::string>(2, "4 CI.GetFastEvents has been terminated"));
 }
 
 TEST_F(XmlRpcServerTest, StopReleasesAndAnswersLongPolls)

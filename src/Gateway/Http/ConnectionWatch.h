@@ -4,23 +4,26 @@
 #include <cstddef>
 #include <cstdint>
 #include <list>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
 
-struct pollfd;
-
 namespace zyr_gateway
 {
 
-/// Knows all connections and cuts those that take too long: silent for too long between two requests, too
-/// slow with a request, or too slow in taking an answer. A connection whose answer is due is never cut.
+class Exchange;
+
+/// Knows all connections. It cuts those that take too long: silent for too long between two requests, too
+/// slow with a request, or too slow in taking an answer; and those whose other side has ended in the middle
+/// of a request. When there are too many, it cuts the one that has been idle longest. It tells an exchange
+/// whose client leaves. A connection whose answer is due is never cut.
 ///
 /// Cutting shuts the socket down; whoever reads from it finds the end and closes it.
 ///
-/// A thread of its own looks at the connections several times per deadline, and sleeps when there are none.
-/// The first byte of a request is seen by the kernel's count of bytes received, because the HTTP library
-/// speaks up only when a header is complete.
+/// A thread of its own is woken when the other side of a connection ends, looks at all connections several
+/// times per deadline, and sleeps when there are none. The first byte of a request is seen by the kernel's
+/// count of bytes received, because the HTTP library speaks up only when a line is complete.
 class ConnectionWatch
 {
   public:
@@ -29,7 +32,9 @@ class ConnectionWatch
     /// The limits in force.
     struct Limits
     {
+        /// More are `excess`. Those that wait for an answer while their other side has ended don't count.
         std::size_t maxConnections;
+        std::size_t maxExcess; ///< more are cut at once
         std::chrono::milliseconds requestDeadline;
         std::chrono::milliseconds idleTimeout;
         bool encrypted; ///< bytes on the wire are then not those of the requests
@@ -49,11 +54,14 @@ class ConnectionWatch
         };
 
         int socket;
-        bool excess; ///< came when there were `maxConnections` already
+        std::uint64_t serial;
+        bool excess = false; ///< has found no place
         Phase phase = Phase::Silent;
         Clock::time_point since = Clock::now();
         std::uint64_t consumed = 0; ///< bytes received that belong to requests already answered
         bool linger = false;
+        bool hasEnded = false;                ///< the other side sends nothing more
+        std::shared_ptr<Exchange> exchange{}; ///< while it is working
     };
 
     explicit ConnectionWatch(const Limits& limits);
@@ -66,10 +74,13 @@ class ConnectionWatch
     /// The connection is about to be closed; its socket is still open.
     void closing(Connection* connection);
 
-    /// The header of a request is complete.
+    /// A request has begun.
     void receiving(Connection& connection);
+    /// Whether the connection came when there were `maxConnections` already, none of them idle, and still
+    /// finds no place.
+    [[nodiscard]] bool isExcess(Connection& connection);
     /// The request is complete and its answer is due.
-    void working(Connection& connection);
+    void working(Connection& connection, const std::shared_ptr<Exchange>& exchange);
     /// The answer has been handed out for sending.
     void answering(Connection& connection);
     /// The answer has been sent, and the next request may begin.
@@ -87,18 +98,26 @@ class ConnectionWatch
     };
 
     void run();
+    void ended(std::uint64_t serial);
     void sweep(Clock::time_point now);
     [[nodiscard]] bool isOverdue(Connection& connection, Clock::time_point now) const;
+    [[nodiscard]] bool isIdle(const Connection& connection) const;
+    [[nodiscard]] static bool isCutShort(const Connection& connection);
+    [[nodiscard]] std::size_t count() const;
+    [[nodiscard]] std::size_t countAfresh() const;
+    void makeRoom(Connection& newcomer);
+    static void cut(Connection& connection);
     void drain(Clock::time_point now);
-    [[nodiscard]] std::vector<pollfd> waitList();
     [[nodiscard]] int waitTime();
     void wake() const;
     static void enter(Connection& connection, Connection::Phase phase);
 
     Limits m_limits;
     int m_wakeEvent;
+    int m_epoll;
     std::mutex m_mutex;
     bool m_ending = false;
+    std::uint64_t m_lastSerial = 0;
     std::list<Connection> m_connections;
     std::vector<Lingering> m_lingering;
     std::thread m_thread;

@@ -1,5 +1,7 @@
 #include "Credentials.h"
 
+#include "PrivateFile.h"
+
 #include <crypt.h>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
@@ -7,14 +9,8 @@
 #include <openssl/rand.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <utility>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace zyr_gateway
 {
@@ -22,61 +18,13 @@ namespace zyr_gateway
 namespace
 {
 
-constexpr std::size_t kMaxFileSize = 1024UL * 1024UL;
-
-/// An open file; closes itself.
-class File
-{
-  public:
-    explicit File(const std::string& path) : m_descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-    ~File()
-    {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
-
-  private:
-    int m_descriptor;
-};
-
-/// Looks at the open file, not at its path, so that nobody can change it in between.
-void requirePrivate(const File& file, const std::string& path)
-{
-    struct stat status
-    {};
-    if (fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        throw CredentialsError("the credentials file " + path + " is not a regular file");
-    }
-    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
-        throw CredentialsError("the credentials file " + path +
-                               " can be read or written by others than its owner; run: chmod 600 " + path);
-    }
-}
-
 std::string contentOf(const std::string& path)
 {
-    const File file(path);
-    if (file.descriptor() < 0) {
-        throw CredentialsError("cannot open the credentials file " + path + ": " + std::strerror(errno));
+    try {
+        return readPrivateFile(path, "credentials file");
+    } catch (const FileError& error) {
+        throw CredentialsError(error.what());
     }
-    requirePrivate(file, path);
-    std::string content;
-    std::array<char, 4096> buffer{};
-    ssize_t count = 0;
-    while ((count = read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
-        content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > kMaxFileSize) {
-            throw CredentialsError("the credentials file " + path + " is longer than 1 MiB");
-        }
-    }
-    if (count < 0) {
-        throw CredentialsError("cannot read the credentials file " + path + ": " + std::strerror(errno));
-    }
-    return content;
 }
 
 /// Takes the first line off the text.

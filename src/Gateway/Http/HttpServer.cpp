@@ -2,8 +2,11 @@
 
 #include "ConnectionWatch.h"
 #include "Exchange.h"
+#include "GatewayTrace.h"
 #include "ListenSocket.h"
+#include "MemoryBudget.h"
 #include "PasswordChecker.h"
+#include "PrivateFile.h"
 #include "RequestHead.h"
 
 #include <microhttpd.h>
@@ -20,14 +23,28 @@
 #include <set>
 #include <utility>
 
+#include <netdb.h>
+#include <netinet/tcp.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+
 namespace zyr_gateway
 {
 
 namespace
 {
 
-/// Connections beyond the limit that are still taken, so that they can be told 503. More wait in the backlog.
+using Clock = std::chrono::steady_clock;
+
+/// Connections beyond the limit that are still taken, so that they can be told 503.
 constexpr std::size_t kSpareConnections = 32;
+/// As many may wait for an answer although their other side has ended, which do not count for the limit.
+constexpr std::size_t kEndedConnections = 128;
+/// Descriptors that the process needs for other things.
+constexpr std::size_t kOtherDescriptors = 64;
+
+/// A longer body gets its memory as it comes.
+constexpr std::size_t kReservedBody = 16UL * 1024UL;
 
 /// How long a stop waits for answers to leave that have been given.
 constexpr std::chrono::milliseconds kSendGrace{1000};
@@ -44,26 +61,75 @@ struct Login
 /// What the HTTP library keeps for us with a request.
 struct Request
 {
+    std::string target;      ///< as it was sent
+    const char* targetPlace; ///< where the library has it
+    bool hasBegun = false;
     HttpRequest request;
     Login login;
-    std::size_t headSize = 0;
-    std::shared_ptr<Exchange> exchange; ///< from the moment in which the request is complete
+    std::size_t bodyLength = 0; ///< as announced
+    std::size_t size = 0;       ///< of head and body
+    Clock::time_point since = Clock::now();
+    std::shared_ptr<Exchange> exchange; ///< once the head is in order
+    bool isTooMuch = false;
+    bool isSubmitted = false;
+    bool isEnlisted = false;
     bool answering = false;
 };
 
-/// Answers in the place of a handler that has let its answer fall.
-class AnswerOnce
+/// The body of an answer while the library sends it.
+struct SentBody
 {
-  public:
-    explicit AnswerOnce(std::shared_ptr<Exchange> exchange) : m_exchange(std::move(exchange)) {}
-    ~AnswerOnce() { m_exchange->answer(plainResponse(500, "The request was not answered.")); }
-    AnswerOnce(const AnswerOnce&) = delete;
-    AnswerOnce& operator=(const AnswerOnce&) = delete;
-    void operator()(HttpResponse response) const { m_exchange->answer(std::move(response)); }
-
-  private:
-    std::shared_ptr<Exchange> m_exchange;
+    std::string text;
+    std::shared_ptr<Exchange> exchange; ///< null: its memory does not count
 };
+
+void freeSentBody(void* body)
+{
+    const std::unique_ptr<SentBody> sent(static_cast<SentBody*>(body));
+    sent->text = std::string();
+    if (sent->exchange) {
+        sent->exchange->release();
+    }
+}
+
+std::string peerOf(int socket)
+{
+    sockaddr_storage address{};
+    socklen_t size = sizeof address;
+    std::array<char, NI_MAXHOST> host{};
+    std::array<char, NI_MAXSERV> port{};
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    const bool known = getpeername(socket, generic, &size) == 0 &&
+                       getnameinfo(generic, size, host.data(), host.size(), port.data(), port.size(),
+                                   NI_NUMERICHOST | NI_NUMERICSERV) == 0;
+    return known ? std::string(host.data()) + " port " + port.data() : "a client that is gone";
+}
+
+/// What vanishes without a word is noticed after a minute.
+void keepAlive(int socket)
+{
+    const auto set = [socket](int level, int name, int value) {
+        setsockopt(socket, level, name, &value, sizeof value);
+    };
+    set(SOL_SOCKET, SO_KEEPALIVE, 1);
+    set(IPPROTO_TCP, TCP_KEEPIDLE, 30);
+    set(IPPROTO_TCP, TCP_KEEPINTVL, 10);
+    set(IPPROTO_TCP, TCP_KEEPCNT, 3);
+}
+
+void requireDescriptors(rlim_t count)
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= count) {
+        return;
+    }
+    limit.rlim_cur = count;
+    if (limit.rlim_max < count || setrlimit(RLIMIT_NOFILE, &limit) != 0) {
+        throw HttpServerError("the limit of open files is " + std::to_string(limit.rlim_max) + ", and " +
+                              std::to_string(count) + " are needed; raise it, as with: ulimit -Hn " +
+                              std::to_string(count));
+    }
+}
 
 std::string fileContent(const std::string& path)
 {
@@ -75,21 +141,42 @@ std::string fileContent(const std::string& path)
     return content;
 }
 
+std::string privateKey(const std::string& path)
+{
+    try {
+        return readPrivateFile(path, "TLS key");
+    } catch (const FileError& error) {
+        throw HttpServerError(error.what());
+    }
+}
+
 const MHD_ConnectionInfo& infoOf(MHD_Connection* connection, MHD_ConnectionInfoType type)
 {
     return *MHD_get_connection_info(connection, type);
 }
 
-ConnectionWatch::Connection& watched(MHD_Connection* connection)
+int socketOf(MHD_Connection* connection)
 {
-    return *static_cast<ConnectionWatch::Connection*>(
+    return infoOf(connection, MHD_CONNECTION_INFO_CONNECTION_FD).connect_fd;
+}
+
+/// Null when there was no memory for it.
+ConnectionWatch::Connection* watched(MHD_Connection* connection)
+{
+    return static_cast<ConnectionWatch::Connection*>(
         infoOf(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT).socket_context);
 }
 
-RequestHead headOf(MHD_Connection* connection, const char* path, const char* method, const char* version)
+RequestHead headOf(MHD_Connection* connection, const Request& request, const char* method,
+                   const char* version)
 {
-    RequestHead head{method, path, version, {}, 0};
-    head.size = infoOf(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE).header_size;
+    RequestHead head{.method = method,
+                     .version = version,
+                     .fields = {},
+                     .size = infoOf(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE).header_size,
+                     .target = request.target,
+                     .targetPlace = request.targetPlace};
+    head.fields.reserve(16);
     MHD_get_connection_values(
         connection, MHD_HEADER_KIND,
         [](void* fields, MHD_ValueKind, const char* name, const char* value) {
@@ -110,16 +197,18 @@ Login loginOf(MHD_Connection* connection)
     return login;
 }
 
-MHD_Result send(MHD_Connection* connection, const HttpResponse& response, bool close)
+/// @param exchange where the memory of the body counts; null: nowhere
+MHD_Result send(MHD_Connection* connection, HttpResponse response, bool close,
+                std::shared_ptr<Exchange> exchange)
 {
-    // The library copies the body and does not change it; its interface is older than const.
-    const ResponsePointer message(MHD_create_response_from_buffer(response.body.size(),
-                                                                  const_cast<char*>(response.body.data()),
-                                                                  MHD_RESPMEM_MUST_COPY),
+    auto body = std::make_unique<SentBody>(SentBody{std::move(response.body), std::move(exchange)});
+    const ResponsePointer message(MHD_create_response_from_buffer_with_free_callback_cls(
+                                      body->text.size(), body->text.data(), &freeSentBody, body.get()),
                                   &MHD_destroy_response);
     if (!message) {
         return MHD_NO;
     }
+    (void)body.release(); // the message's from now on
     const auto add = [&](const char* name, const char* value) {
         return MHD_add_response_header(message.get(), name, value) == MHD_YES;
     };
@@ -138,6 +227,31 @@ MHD_Result send(MHD_Connection* connection, const HttpResponse& response, bool c
 
 } // namespace
 
+/// Stands for the answer to one request, which must not be let fall.
+struct HttpServer::Answer::Ticket
+{
+    explicit Ticket(std::shared_ptr<Exchange> exchange_) : exchange(std::move(exchange_)) {}
+    ~Ticket() { exchange->letFall(); }
+    Ticket(const Ticket&) = delete;
+    Ticket& operator=(const Ticket&) = delete;
+
+    const std::shared_ptr<Exchange> exchange;
+};
+
+HttpServer::Answer::Answer(std::shared_ptr<Exchange> exchange)
+    : m_ticket(std::make_shared<Ticket>(std::move(exchange)))
+{}
+
+void HttpServer::Answer::operator()(HttpResponse response) const
+{
+    m_ticket->exchange->answer(std::move(response));
+}
+
+void HttpServer::Answer::whenClientLeaves(std::function<void()> function) const
+{
+    m_ticket->exchange->whenClientLeaves(std::move(function));
+}
+
 class HttpServer::Impl
 {
   public:
@@ -148,12 +262,14 @@ class HttpServer::Impl
 
     void start();
     [[nodiscard]] std::uint16_t port() const noexcept { return m_port; }
+    void setCredentials(Credentials credentials);
     void stopAccepting();
     void stop(std::chrono::milliseconds grace);
 
   private:
     using ExchangePointer = std::shared_ptr<Exchange>;
 
+    static void* onTarget(void* self, const char* target, MHD_Connection* connection);
     static MHD_Result onAccess(void* self, MHD_Connection* connection, const char* url, const char* method,
                                const char* version, const char* data, std::size_t* size, void** request);
     static void onCompleted(void* self, MHD_Connection* connection, void** request,
@@ -164,11 +280,15 @@ class HttpServer::Impl
 
     MHD_Daemon* startDaemon(int listenSocket);
     MHD_Result begin(MHD_Connection* connection, const RequestHead& head, Request& request);
+    static void receive(Request& request, std::string_view data);
     MHD_Result refuse(MHD_Connection* connection, Request& request, const HttpResponse& response);
     MHD_Result proceed(MHD_Connection* connection, Request& request);
-    void submit(Request& request);
+    MHD_Result answer(MHD_Connection* connection, Request& request, HttpResponse response);
+    void submit(MHD_Connection* connection, Request& request);
+    void check(HttpRequest request, Login login, const std::string& peer, const ExchangePointer& exchange);
     void handle(HttpRequest request, const ExchangePointer& exchange);
-    [[nodiscard]] bool enlist(const ExchangePointer& exchange);
+    [[nodiscard]] std::shared_ptr<const Credentials> credentials();
+    void enlist(const ExchangePointer& exchange);
     void answerAll();
     void waitForAnswers(std::chrono::milliseconds time);
 
@@ -185,14 +305,21 @@ class HttpServer::Impl
     MHD_Daemon* m_daemon = nullptr;
     bool m_accepting = false;
 
+    const bool m_needsLogin;
+    const std::shared_ptr<MemoryBudget> m_held;
+    std::atomic<bool> m_stopping = false;
+    std::atomic<std::size_t> m_inWork = 0; ///< complete requests whose answers have not left yet
     std::mutex m_mutex;
-    std::condition_variable m_fewerDue;
-    bool m_stopping = false;
-    std::set<ExchangePointer> m_due; ///< complete requests whose answers have not left yet
+    std::condition_variable m_noneInWork;
+    std::shared_ptr<const Credentials> m_credentials;
+    bool m_isOver = false;           ///< what is not answered yet gets no other answer than 503
+    std::set<ExchangePointer> m_due; ///< those of them that were not answered at once
 };
 
 HttpServer::Impl::Impl(HttpOptions options, Handler handler)
-    : m_options(std::move(options)), m_handler(std::move(handler))
+    : m_options(std::move(options)), m_handler(std::move(handler)),
+      m_needsLogin(m_options.credentials.has_value()),
+      m_held(std::make_shared<MemoryBudget>(m_options.maxHeld))
 {
     if (!isListenAddress(m_options.address)) {
         throw HttpServerError("cannot listen on \"" + m_options.address +
@@ -206,6 +333,22 @@ HttpServer::Impl::Impl(HttpOptions options, Handler handler)
     if (m_options.tlsCertificateFile.empty() != m_options.tlsKeyFile.empty()) {
         throw HttpServerError("TLS needs both --tls-cert FILE and --tls-key FILE");
     }
+    if (m_needsLogin) {
+        m_credentials = std::make_shared<const Credentials>(*std::move(m_options.credentials));
+    }
+}
+
+void HttpServer::Impl::setCredentials(Credentials credentials)
+{
+    auto fresh = std::make_shared<const Credentials>(std::move(credentials));
+    const std::lock_guard lock(m_mutex);
+    m_credentials.swap(fresh);
+}
+
+std::shared_ptr<const Credentials> HttpServer::Impl::credentials()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_credentials;
 }
 
 void HttpServer::Impl::start()
@@ -213,12 +356,14 @@ void HttpServer::Impl::start()
     const bool encrypted = !m_options.tlsCertificateFile.empty();
     if (encrypted) {
         m_certificate = fileContent(m_options.tlsCertificateFile);
-        m_key = fileContent(m_options.tlsKeyFile);
+        m_key = privateKey(m_options.tlsKeyFile);
     }
+    requireDescriptors(m_options.maxConnections + kSpareConnections + kEndedConnections + kOtherDescriptors);
     auto listenSocket = std::make_unique<ListenSocket>(m_options.address, m_options.port);
-    m_watch = std::make_unique<ConnectionWatch>(ConnectionWatch::Limits{
-        m_options.maxConnections, m_options.requestDeadline, m_options.idleTimeout, encrypted});
-    if (m_options.credentials) {
+    m_watch = std::make_unique<ConnectionWatch>(
+        ConnectionWatch::Limits{m_options.maxConnections, kSpareConnections, m_options.requestDeadline,
+                                m_options.idleTimeout, encrypted});
+    if (m_needsLogin) {
         m_checker = std::make_unique<PasswordChecker>();
     }
     m_starting = true;
@@ -243,7 +388,8 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
     }
     tls.push_back({MHD_OPTION_END, 0, nullptr});
     // The library's own limits lie beyond ours, so that ours give the answer.
-    const auto connections = static_cast<unsigned>(m_options.maxConnections + kSpareConnections);
+    const auto connections =
+        static_cast<unsigned>(m_options.maxConnections + 2 * kSpareConnections + kEndedConnections);
     const std::size_t memory = 4 * m_options.maxHeaderSize;
     return MHD_start_daemon(flags, 0, nullptr, nullptr, &onAccess, this,       //
                             MHD_OPTION_EXTERNAL_LOGGER, &onLog, this,          //
@@ -251,6 +397,7 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
                             MHD_OPTION_CONNECTION_LIMIT, connections,          //
                             MHD_OPTION_CONNECTION_MEMORY_LIMIT, memory,        //
                             MHD_OPTION_STRICT_FOR_CLIENT, 1,                   //
+                            MHD_OPTION_URI_LOG_CALLBACK, &onTarget, this,      //
                             MHD_OPTION_NOTIFY_COMPLETED, &onCompleted, this,   //
                             MHD_OPTION_NOTIFY_CONNECTION, &onConnection, this, //
                             MHD_OPTION_ARRAY, tls.data(),                      //
@@ -259,10 +406,7 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
 
 void HttpServer::Impl::stopAccepting()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_stopping = true;
-    }
+    m_stopping = true;
     if (std::exchange(m_accepting, false)) {
         // The socket is ours from then on. It stays open, though: the daemon's thread may still look at it.
         MHD_quiesce_daemon(m_daemon);
@@ -288,13 +432,14 @@ void HttpServer::Impl::stop(std::chrono::milliseconds grace)
 void HttpServer::Impl::waitForAnswers(std::chrono::milliseconds time)
 {
     std::unique_lock lock(m_mutex);
-    m_fewerDue.wait_for(lock, time, [this] { return m_due.empty(); });
+    m_noneInWork.wait_for(lock, time, [this] { return m_inWork == 0; });
 }
 
 void HttpServer::Impl::answerAll()
 {
     const auto due = [this] {
         const std::lock_guard lock(m_mutex);
+        m_isOver = true;
         return m_due;
     }();
     for (const ExchangePointer& exchange : due) {
@@ -302,29 +447,46 @@ void HttpServer::Impl::answerAll()
     }
 }
 
-/// False when the server is stopping and takes no more requests.
-bool HttpServer::Impl::enlist(const ExchangePointer& exchange)
+void HttpServer::Impl::enlist(const ExchangePointer& exchange)
 {
     const std::lock_guard lock(m_mutex);
     m_due.insert(exchange);
-    return !m_stopping;
+    if (m_isOver) {
+        exchange->answer(plainResponse(503, "The server is stopping."));
+    }
 }
 
-MHD_Result HttpServer::Impl::onAccess(void* self, MHD_Connection* connection, const char* url,
-                                      const char* method, const char* version, const char* data,
-                                      std::size_t* size, void** request)
+/// Called when the request line is complete.
+void* HttpServer::Impl::onTarget(void* self, const char* target, MHD_Connection* connection)
+{
+    try {
+        auto request = std::make_unique<Request>();
+        request->target = target == nullptr ? "" : target;
+        request->targetPlace = target;
+        if (ConnectionWatch::Connection* const client = watched(connection)) {
+            static_cast<Impl*>(self)->m_watch->receiving(*client);
+        }
+        return request.release();
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
+
+MHD_Result HttpServer::Impl::onAccess(void* self, MHD_Connection* connection, const char*, const char* method,
+                                      const char* version, const char* data, std::size_t* size,
+                                      void** request)
 {
     auto& server = *static_cast<Impl*>(self);
+    if (*request == nullptr || watched(connection) == nullptr) {
+        return MHD_NO;
+    }
+    auto& running = *static_cast<Request*>(*request);
     try {
-        if (*request == nullptr) {
-            auto fresh = std::make_unique<Request>();
-            Request& begun = *fresh;
-            *request = fresh.release();
-            return server.begin(connection, headOf(connection, url, method, version), begun);
+        if (!std::exchange(running.hasBegun, true)) {
+            return server.begin(connection, headOf(connection, running, method, version), running);
         }
-        auto& running = *static_cast<Request*>(*request);
         if (*size > 0) {
-            running.request.body.append(data, *size);
+            receive(running, {data, *size});
             *size = 0;
             return MHD_YES;
         }
@@ -337,90 +499,151 @@ MHD_Result HttpServer::Impl::onAccess(void* self, MHD_Connection* connection, co
 
 MHD_Result HttpServer::Impl::begin(MHD_Connection* connection, const RequestHead& head, Request& request)
 {
-    ConnectionWatch::Connection& client = watched(connection);
-    m_watch->receiving(client);
-    request.headSize = head.size;
-    if (client.excess) {
+    request.size = head.size;
+    if (m_watch->isExcess(*watched(connection))) {
         return refuse(connection, request, plainResponse(503, "There are too many connections."));
     }
-    if (const auto refusal = refusalOf(head, m_options)) {
+    if (const auto refusal = refusalOf(head, m_options, m_needsLogin)) {
+        log(refusal->status == 400 || refusal->status == 401 || refusal->status == 403 ? 2 : 5, [&] {
+            return "refused with " + std::to_string(refusal->status) + ": " + peerOf(socketOf(connection)) +
+                   ", Host " + forTrace(head.value("Host")) + ", " + forTrace(head.method) + " " +
+                   forTrace(head.path()) + ": " + refusal->body.substr(0, refusal->body.size() - 1);
+        });
         return refuse(connection, request, *refusal);
     }
-    if (m_options.credentials) {
+    if (m_needsLogin) {
         request.login = loginOf(connection);
     }
     request.request.method = head.method;
-    request.request.path = head.path;
+    request.request.path = head.path();
     request.request.contentType = mediaType(head.value("Content-Type"));
+    request.bodyLength = static_cast<std::size_t>(*bodyLength(head));
+    request.request.body.reserve(std::min(request.bodyLength, kReservedBody));
+    request.exchange = std::make_shared<Exchange>(m_held);
     return MHD_YES;
+}
+
+/// A body that is too much is read to its end, because the library takes no answer before.
+void HttpServer::Impl::receive(Request& request, std::string_view data)
+{
+    request.size += data.size();
+    if (request.isTooMuch) {
+        return;
+    }
+    std::string& body = request.request.body;
+    try {
+        const std::size_t size = body.size() + data.size();
+        request.isTooMuch = !request.exchange->holdBody(size);
+        if (size > body.capacity()) {
+            body.reserve(std::min(request.bodyLength, 2 * size));
+        }
+        body.append(data);
+    } catch (const std::bad_alloc&) {
+        request.isTooMuch = true;
+    }
+    if (request.isTooMuch) {
+        std::string().swap(body);
+    }
 }
 
 MHD_Result HttpServer::Impl::refuse(MHD_Connection* connection, Request& request,
                                     const HttpResponse& response)
 {
     request.answering = true;
-    m_watch->lingerAfter(watched(connection));
-    m_watch->answering(watched(connection));
-    return send(connection, response, true);
+    m_watch->lingerAfter(*watched(connection));
+    m_watch->answering(*watched(connection));
+    return send(connection, response, true, nullptr);
 }
 
-/// Called when the request is complete, and again when its connection has been woken.
+/// Called when the request is complete, and again until it has been answered.
 MHD_Result HttpServer::Impl::proceed(MHD_Connection* connection, Request& request)
 {
     if (request.answering) {
         return MHD_YES;
     }
-    if (!request.exchange) {
-        request.exchange = std::make_shared<Exchange>();
-        m_watch->working(watched(connection));
-        submit(request);
+    if (request.isTooMuch) {
+        return refuse(connection, request, tooMuchInWork());
     }
-    const auto response = request.exchange->takeOrSleep(connection);
-    if (!response) {
-        return MHD_YES;
+    if (std::exchange(request.isSubmitted, true)) {
+        auto response = request.exchange->takeOrSleep(connection);
+        return response ? answer(connection, request, *std::move(response)) : MHD_YES;
     }
-    request.answering = true;
-    m_watch->answering(watched(connection));
-    const bool close = [this] {
-        const std::lock_guard lock(m_mutex);
-        return m_stopping;
-    }();
-    return send(connection, *response, close || response->status == 401);
+    ++m_inWork;
+    submit(connection, request);
+    if (auto response = request.exchange->take()) {
+        return answer(connection, request, *std::move(response));
+    }
+    // The connection does not sleep before the next round: put to sleep in the round in which it was read
+    // from, it would be read from first when it wakes, and a client that has ended its side taken for gone.
+    request.isEnlisted = true;
+    enlist(request.exchange);
+    m_watch->working(*watched(connection), request.exchange);
+    return MHD_YES;
 }
 
-void HttpServer::Impl::submit(Request& request)
+MHD_Result HttpServer::Impl::answer(MHD_Connection* connection, Request& request, HttpResponse response)
 {
-    const ExchangePointer exchange = request.exchange;
-    request.headSize += request.request.body.size();
-    if (!enlist(exchange)) {
+    request.answering = true;
+    m_watch->answering(*watched(connection));
+    log(5, [&] {
+        const auto taken =
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - request.since);
+        const std::string& user = request.request.user;
+        return std::to_string(response.status) + " in " + std::to_string(taken.count()) + " ms, " +
+               std::to_string(request.size) + " bytes in, " + std::to_string(response.body.size()) +
+               " bytes out, " + (user.empty() ? "" : "user " + forTrace(user) + ", ") +
+               peerOf(socketOf(connection));
+    });
+    const bool close = m_stopping || response.status == 401;
+    return send(connection, std::move(response), close, request.exchange);
+}
+
+void HttpServer::Impl::submit(MHD_Connection* connection, Request& request)
+{
+    const ExchangePointer& exchange = request.exchange;
+    if (m_stopping) {
         exchange->answer(plainResponse(503, "The server is stopping."));
         return;
     }
-    const Login login = std::exchange(request.login, {});
-    request.request.user = login.user;
-    const bool known =
-        !m_options.credentials || m_options.credentials->isRemembered(login.user, login.password);
-    if (known) {
+    if (!m_needsLogin) {
         handle(std::move(request.request), exchange);
         return;
     }
-    auto check = [this, login, exchange, request = std::move(request.request)]() mutable {
-        if (m_options.credentials->accepts(login.user, login.password)) {
-            handle(std::move(request), exchange);
-        } else {
-            exchange->answer(plainResponse(401, "The user or the password is wrong."));
-        }
+    Login login = std::exchange(request.login, {});
+    request.request.user = login.user;
+    HttpRequest work = std::move(request.request);
+    request.request.user = login.user;
+    if (credentials()->isRemembered(login.user, login.password)) {
+        handle(std::move(work), exchange);
+        return;
+    }
+    auto task = [this, exchange, login = std::move(login), work = std::move(work),
+                 peer = peerOf(socketOf(connection))]() mutable {
+        check(std::move(work), std::move(login), peer, exchange);
     };
-    if (!m_checker->submit(std::move(check))) {
+    if (!m_checker->submit(std::move(task))) {
         exchange->answer(plainResponse(503, "Too many passwords are waiting to be checked."));
     }
 }
 
+void HttpServer::Impl::check(HttpRequest request, Login login, const std::string& peer,
+                             const ExchangePointer& exchange)
+{
+    if (credentials()->accepts(login.user, login.password)) {
+        handle(std::move(request), exchange);
+        return;
+    }
+    log(2, [&] { return "failed login: user " + forTrace(login.user) + ", " + peer; });
+    exchange->answer(plainResponse(401, "The user or the password is wrong."));
+}
+
 void HttpServer::Impl::handle(HttpRequest request, const ExchangePointer& exchange)
 {
-    const auto once = std::make_shared<AnswerOnce>(exchange);
+    const Answer answer(exchange); // falls behind what is said here
     try {
-        m_handler(std::move(request), [once](HttpResponse response) { (*once)(std::move(response)); });
+        m_handler(std::move(request), answer);
+    } catch (const std::bad_alloc&) {
+        exchange->answer(plainResponse(503, "The server is out of memory."));
     } catch (...) {
         exchange->answer(plainResponse(500, "The request has failed."));
     }
@@ -434,11 +657,17 @@ void HttpServer::Impl::onCompleted(void* self, MHD_Connection* connection, void*
     if (!ended) {
         return;
     }
-    server.m_watch->answered(watched(connection), ended->headSize);
-    if (ended->exchange) {
+    if (ConnectionWatch::Connection* const client = watched(connection)) {
+        server.m_watch->answered(*client, ended->size);
+    }
+    if (!ended->isSubmitted) {
+        return;
+    }
+    const bool isLast = --server.m_inWork == 0;
+    if (ended->isEnlisted || (isLast && server.m_stopping)) {
         const std::lock_guard lock(server.m_mutex);
         server.m_due.erase(ended->exchange);
-        server.m_fewerDue.notify_all();
+        server.m_noneInWork.notify_all();
     }
 }
 
@@ -446,10 +675,19 @@ void HttpServer::Impl::onConnection(void* self, MHD_Connection* connection, void
                                     MHD_ConnectionNotificationCode code)
 {
     auto& server = *static_cast<Impl*>(self);
-    if (code == MHD_CONNECTION_NOTIFY_STARTED) {
-        *context = server.m_watch->opened(infoOf(connection, MHD_CONNECTION_INFO_CONNECTION_FD).connect_fd);
-    } else {
-        server.m_watch->closing(static_cast<ConnectionWatch::Connection*>(*context));
+    if (code == MHD_CONNECTION_NOTIFY_CLOSED) {
+        if (*context != nullptr) {
+            server.m_watch->closing(static_cast<ConnectionWatch::Connection*>(*context));
+        }
+        return;
+    }
+    const int socket = socketOf(connection);
+    keepAlive(socket);
+    try {
+        *context = server.m_watch->opened(socket);
+    } catch (const std::exception&) {
+        // Out of memory.
+        shutdown(socket, SHUT_RDWR);
     }
 }
 
@@ -480,6 +718,11 @@ void HttpServer::start()
 std::uint16_t HttpServer::port() const noexcept
 {
     return m_impl->port();
+}
+
+void HttpServer::setCredentials(Credentials credentials)
+{
+    m_impl->setCredentials(std::move(credentials));
 }
 
 void HttpServer::stopAccepting()

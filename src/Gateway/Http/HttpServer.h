@@ -27,9 +27,14 @@ struct HttpOptions
     std::string address = "127.0.0.1"; ///< numeric IPv4 or IPv6 address, or `localhost`
     std::uint16_t port = 0;            ///< 0 takes a free one, see `HttpServer::port`
 
-    std::size_t maxConnections = 128;         ///< a connection more is answered with 503
+    /// For one more, the connection goes that has been idle longest; when none is idle, it is answered with
+    /// 503.
+    std::size_t maxConnections = 128;
     std::size_t maxBodySize = 512UL * 1024UL; ///< bytes; more is answered with 413
     std::size_t maxHeaderSize = 8UL * 1024UL; ///< bytes, request line included; more is answered with 431
+
+    /// Bytes of all bodies and answers that are held at one time; what would be more is answered with 503.
+    std::size_t maxHeld = 64UL * 1024UL * 1024UL;
 
     /// From the first byte of a request to its last, and again from the answer to its last byte sent.
     std::chrono::milliseconds requestDeadline{10'000};
@@ -59,24 +64,45 @@ struct HttpResponse
     std::string body;
 };
 
+class Exchange;
+
 /// An HTTP server for one handler: POST to `/` and `/RPC2` with an XML content type.
 ///
-/// One thread does all input and output, one looks after deadlines; a third checks passwords when there are
-/// credentials. A request that waits for its answer holds no thread.
+/// One thread does all input and output, and calls the handler; one looks after deadlines and clients that
+/// leave; a third checks passwords when there are credentials. A request that waits for its answer holds no
+/// thread.
 ///
-/// What it answers itself: 400 (not HTTP, a `Host` that is not this machine's while on loopback, a doubled
-/// `Content-Length`), 401, 404, 405, 411, 413, 415, 431, 500 (the handler has thrown, or has let its answer
-/// fall), 503 (too many connections, or stopping). A request line longer than four times `maxHeaderSize` is
-/// answered with 414.
+/// What it answers itself: 400 (not HTTP by its strict grammar, a `Host` that is not this machine's while on
+/// loopback, a doubled `Content-Length`), 401, 403 (a page of another site calls), 404, 405, 411, 413, 415,
+/// 431, 500 (the handler has thrown, or has let its answer fall), 503 (too many connections, too much in
+/// work, out of memory, or stopping). A request line longer than four times `maxHeaderSize` is answered with
+/// 414. But for 500, and for 503 in the middle of things, the connection ends with such an answer.
+///
+/// It traces to "ZYR.GATEWAY": failed logins and refused requests at level 2, each request at level 5.
 class HttpServer
 {
   public:
     /// Delivers the answer. Any thread may call it, once; later calls, also those after the server has
-    /// stopped or is gone, do nothing.
-    using Answer = std::function<void(HttpResponse)>;
+    /// stopped or is gone, do nothing. Copies stand for the same answer.
+    class Answer
+    {
+      public:
+        explicit Answer(std::shared_ptr<Exchange> exchange);
+        void operator()(HttpResponse response) const;
 
-    /// Takes a request. Called by the thread that does all input and output, so it must not wait: it hands
-    /// the work on, or answers at once.
+        /// Has a function called, at most once, when the client leaves before the answer. A client that only
+        /// ends its own side of the connection counts as one that leaves, since the two look the same; an
+        /// answer is sent to it all the same. The function may be called from another thread at once, and
+        /// must not throw.
+        void whenClientLeaves(std::function<void()> function) const;
+
+      private:
+        struct Ticket;
+        std::shared_ptr<Ticket> m_ticket;
+    };
+
+    /// Takes a request. Called by the thread that does all input and output, or the one that checks
+    /// passwords, so it must not wait: it hands the work on, or answers at once.
     using Handler = std::function<void(HttpRequest, Answer)>;
 
     /// Checks the options; nothing listens yet.
@@ -87,12 +113,16 @@ class HttpServer
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
 
-    /// Listens. To be called once.
-    /// @throws HttpServerError when the port is taken, or the TLS files cannot be used
+    /// Listens. To be called once. Raises the process's limit of open files if it is too low.
+    /// @throws HttpServerError when the port is taken, the TLS files cannot be used, or the limit of open
+    ///         files cannot be raised
     void start();
 
     /// The port that it listens on, also when 0 was asked; 0 before `start`.
     [[nodiscard]] std::uint16_t port() const noexcept;
+
+    /// From now on, these are the users. Only for a server that has credentials already. Any thread.
+    void setCredentials(Credentials credentials);
 
     /// Takes no more connections, and answers further requests on the open ones with 503. Requests that have
     /// been handed to the handler stay.

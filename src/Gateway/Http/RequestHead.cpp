@@ -1,9 +1,15 @@
 #include "RequestHead.h"
 
+#include "GatewayTrace.h"
+
+#include <microhttpd.h>
+
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cstddef>
+#include <cstring>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -38,6 +44,74 @@ bool isDigits(std::string_view text)
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+/// The characters of a token: methods and names of fields.
+constexpr std::array<bool, 256> kTokenCharacters = [] {
+    std::array<bool, 256> table{};
+    for (const char c : std::string_view("!#$%&'*+-.^_`|~0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                         "abcdefghijklmnopqrstuvwxyz")) {
+        table.at(static_cast<unsigned char>(c)) = true;
+    }
+    return table;
+}();
+
+bool isToken(std::string_view text)
+{
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+        return kTokenCharacters[static_cast<unsigned char>(c)];
+    });
+}
+
+bool isValueCharacter(char c)
+{
+    const auto code = static_cast<unsigned char>(c);
+    return c == '\t' || (code >= 0x20 && code != 0x7F);
+}
+
+bool isTargetCharacter(char c)
+{
+    return c > 0x20 && c < 0x7F;
+}
+
+/// Whether the library leaves the texts of a head where they came in, one behind the other. Later ones may
+/// do otherwise, and are strict themselves.
+bool areTextsInPlace()
+{
+    static const bool result = std::string_view(MHD_get_version()) < "0.9.76";
+    return result;
+}
+
+/// The number of blanks at the beginning.
+std::ptrdiff_t blanksAt(const char* text)
+{
+    return static_cast<std::ptrdiff_t>(std::strspn(text, kBlanks.data()));
+}
+
+/// Whether the texts make up the whole head. The library zeroes what stands between them: one byte behind the
+/// method, the target and a name, two at the end of a line that ends with CR LF. What it has left out, such
+/// as the rest of a line behind a zero byte, or moved, such as a name that a continued line was added to,
+/// does not fit.
+bool isWhole(const RequestHead& head)
+{
+    constexpr std::ptrdiff_t lineEnd = 2;
+    const auto isAt = [](std::string_view text, const char* place) { return text.data() == place; };
+    const char* const behindTarget = head.targetPlace + head.target.size();
+    if (head.targetPlace != head.method.end() + 1 || !isAt(head.version, behindTarget + 1)) {
+        return false;
+    }
+    const char* place = head.version.end() + lineEnd;
+    for (const auto& [name, value] : head.fields) {
+        if (!isAt(name, place)) {
+            return false;
+        }
+        const char* const behindColon = name.end() + 1;
+        if (!isAt(value, behindColon + blanksAt(behindColon))) {
+            return false;
+        }
+        place = value.end() + lineEnd;
+    }
+    return place + lineEnd == head.method.data() + head.size;
+}
+
 /// The host of a `Host` value, without port and brackets; empty when the value is malformed.
 std::string_view hostOf(std::string_view value)
 {
@@ -63,8 +137,26 @@ Refusal refusalOfHost(const RequestHead& head, const HttpOptions& options)
     if (head.count("Host") == 0 && head.version == "HTTP/1.0") {
         return std::nullopt;
     }
-    if (isLoopback(options.address) && !isLoopback(hostOf(trimmed(head.value("Host"))))) {
+    if (isLoopback(options.address) && !isLoopback(hostOf(head.value("Host")))) {
         return plainResponse(400, "The Host field does not name this machine; use localhost or 127.0.0.1.");
+    }
+    return std::nullopt;
+}
+
+/// A browser says where the page comes from that calls; programs that are no browsers say nothing. A page of
+/// another site has no business here, whatever it sends.
+Refusal refusalOfForeignPage(const RequestHead& head)
+{
+    const std::string_view site = head.value("Sec-Fetch-Site");
+    const bool isForeignSite =
+        !site.empty() && !equalIgnoringCase(site, "same-origin") && !equalIgnoringCase(site, "none");
+    const std::string_view origin = head.value("Origin");
+    const std::size_t scheme = origin.find("://");
+    const bool isForeignOrigin =
+        head.count("Origin") > 0 && (scheme == std::string_view::npos ||
+                                     !equalIgnoringCase(origin.substr(scheme + 3), head.value("Host")));
+    if (isForeignSite || isForeignOrigin || head.count("Sec-Fetch-Site") > 1 || head.count("Origin") > 1) {
+        return plainResponse(403, "A page of another site may not call this server.");
     }
     return std::nullopt;
 }
@@ -78,7 +170,7 @@ Refusal refusalOfFraming(const RequestHead& head)
     if (head.count("Content-Length") == 1 && head.count("Transfer-Encoding") > 0) {
         return plainResponse(400, "The request has both a Content-Length and a Transfer-Encoding field.");
     }
-    if (head.count("Content-Length") == 1 && !isDigits(trimmed(head.value("Content-Length")))) {
+    if (head.count("Content-Length") == 1 && !isDigits(head.value("Content-Length"))) {
         return plainResponse(400, "The Content-Length field is not a number.");
     }
     return std::nullopt;
@@ -86,7 +178,7 @@ Refusal refusalOfFraming(const RequestHead& head)
 
 Refusal refusalOfTarget(const RequestHead& head)
 {
-    if (head.path != "/" && head.path != "/RPC2") {
+    if (head.path() != "/" && head.path() != "/RPC2") {
         return plainResponse(404, "Nothing is served here; call /RPC2.");
     }
     if (head.method != "POST") {
@@ -100,10 +192,8 @@ Refusal refusalOfLength(const RequestHead& head, std::size_t maxBodySize)
     if (head.count("Content-Length") == 0) {
         return plainResponse(411, "The request has no Content-Length field; chunks are not accepted.");
     }
-    const std::string_view digits = trimmed(head.value("Content-Length"));
-    std::uint64_t length = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), length);
-    if (result.ec != std::errc{} || length > maxBodySize) {
+    const auto length = bodyLength(head);
+    if (!length || *length > maxBodySize) {
         return plainResponse(413, "The body is longer than " + std::to_string(maxBodySize) + " bytes.");
     }
     return std::nullopt;
@@ -157,7 +247,28 @@ std::string_view RequestHead::value(std::string_view name) const
     const auto field = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
         return equalIgnoringCase(candidate.first, name);
     });
-    return field == fields.end() ? std::string_view() : std::string_view(field->second);
+    return field == fields.end() ? std::string_view() : trimmed(field->second);
+}
+
+std::string_view defectOf(const RequestHead& head)
+{
+    const bool isFieldNamed = std::all_of(head.fields.begin(), head.fields.end(),
+                                          [](const auto& field) { return isToken(field.first); });
+    if (!isToken(head.method) || !std::all_of(head.target.begin(), head.target.end(), &isTargetCharacter)) {
+        return "The request line is not of the form METHOD PATH HTTP/1.1.";
+    }
+    if (!isFieldNamed) {
+        return "A header line is not a name with a colon right behind it.";
+    }
+    for (const auto& [name, value] : head.fields) {
+        if (!std::all_of(value.begin(), value.end(), &isValueCharacter)) {
+            return "The value of a header field holds a control character.";
+        }
+    }
+    if (areTextsInPlace() && !isWhole(head)) {
+        return "The header holds a continued line, a zero byte, or a line that does not end with CR LF.";
+    }
+    return {};
 }
 
 bool isLoopback(std::string_view address)
@@ -182,11 +293,22 @@ std::string mediaType(std::string_view contentType)
     return type;
 }
 
-std::optional<HttpResponse> refusalOf(const RequestHead& head, const HttpOptions& options)
+std::optional<std::uint64_t> bodyLength(const RequestHead& head)
+{
+    const std::string_view digits = head.value("Content-Length");
+    std::uint64_t length = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), length);
+    return isDigits(digits) && result.ec == std::errc{} ? std::optional(length) : std::nullopt;
+}
+
+std::optional<HttpResponse> refusalOf(const RequestHead& head, const HttpOptions& options, bool needsLogin)
 {
     if (head.size > options.maxHeaderSize) {
         return plainResponse(431, "The header is longer than " + std::to_string(options.maxHeaderSize) +
                                       " bytes.");
+    }
+    if (const std::string_view defect = defectOf(head); !defect.empty()) {
+        return plainResponse(400, defect);
     }
     if (auto refusal = refusalOfHost(head, options)) {
         return refusal;
@@ -194,7 +316,10 @@ std::optional<HttpResponse> refusalOf(const RequestHead& head, const HttpOptions
     if (auto refusal = refusalOfFraming(head)) {
         return refusal;
     }
-    if (options.credentials && head.count("Authorization") != 1) {
+    if (auto refusal = refusalOfForeignPage(head)) {
+        return refusal;
+    }
+    if (needsLogin && head.count("Authorization") != 1) {
         return plainResponse(401, "A user and a password are necessary.");
     }
     if (auto refusal = refusalOfTarget(head)) {
@@ -206,9 +331,23 @@ std::optional<HttpResponse> refusalOf(const RequestHead& head, const HttpOptions
     return refusalOfContentType(head);
 }
 
+std::string forTrace(std::string_view text)
+{
+    constexpr std::size_t longest = 64;
+    std::string shown(text.substr(0, longest));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return c < 0x20 || c == 0x7F || c == '"'; }, '?');
+    return "\"" + shown + (text.size() > longest ? "\"..." : "\"");
+}
+
 HttpResponse plainResponse(unsigned status, std::string_view text)
 {
     return {status, "text/plain; charset=utf-8", std::string(text) + "\n"};
+}
+
+HttpResponse tooMuchInWork()
+{
+    return plainResponse(503, "There is too much in work.");
 }
 
 } // namespace zyr_gateway

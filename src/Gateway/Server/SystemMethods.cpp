@@ -1,8 +1,12 @@
 #include "RecordError.h"
 #include "Reference.h"
+#include "ServerParts.h"
 #include "XmlRpcServer.h"
 
 #include <cstddef>
+#include <exception>
+#include <new>
+#include <optional>
 #include <utility>
 
 // The introspection methods of `XmlRpcServer`.
@@ -16,7 +20,6 @@ namespace
 using zyr_registration::RecordError;
 
 constexpr std::size_t kMostCalls = 100;
-constexpr const char* kMulticall = "system.multicall";
 
 // The one string parameter of a method.
 const std::string& onlyString(const std::string& method, const std::vector<Value>& params)
@@ -63,9 +66,9 @@ MethodCall callOf(const Value& call)
 } // namespace
 
 void XmlRpcServer::addSystemMethod(std::string name, std::string help, Value signatures,
-                                   std::function<Value(const Params&)> call)
+                                   std::function<Value(const Params&)> call, Effort effort)
 {
-    add(std::move(name), {std::move(help), std::move(signatures), Value(), false,
+    add(std::move(name), {std::move(help), std::move(signatures), Value(), effort, false,
                           [call = std::move(call)](const Params& params) {
                               return Answer{call(params), 0, {}};
                           }});
@@ -99,25 +102,29 @@ void XmlRpcServer::addSystemMethods()
                         takeNothing("system.getCapabilities", params);
                         return capabilities();
                     });
+    // Taken before it gets here, see `takeMulticall`.
     addSystemMethod(
-        kMulticall,
+        std::string(kMulticall),
         "Makes up to 100 calls in order. Each is a struct of methodName and params; each answer is an "
         "array of the one value, or a struct of faultCode and faultString. Neither this method nor a "
-        "long poll can be called so.",
-        signature({"array", "array"}), [this](const Params& params) { return multicall(params); });
+        "long poll can be called so. All answers together have 8 MiB at the most.",
+        signature({"array", "array"}), [](const Params&) { return Value(); });
     addSystemMethod(
         "zyr.describe",
         "Describes a method by its name, for programs: a struct of name, help, fields of request and "
         "response, faults and more. Without a name it describes all methods that take a struct: a struct "
         "of methods, an array of such structs, and hash.",
         Value::array({Value::array({"struct"}), Value::array({"struct", "string"})}),
-        [this](const Params& params) { return describe(params); });
-    addSystemMethod("zyr.describeHash",
-                    "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
-                    signature({"string"}), [this](const Params& params) {
-                        takeNothing("zyr.describeHash", params);
-                        return Value(zyr_registration::hashOf(descriptions()));
-                    });
+        [this](const Params& params) { return describe(params); }, Effort::Big);
+    addSystemMethod(
+        "zyr.describeHash",
+        "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
+        signature({"string"}),
+        [this](const Params& params) {
+            takeNothing("zyr.describeHash", params);
+            return Value(zyr_registration::hashOf(descriptions()));
+        },
+        Effort::Big);
 }
 
 Value XmlRpcServer::describe(const Params& params) const
@@ -147,42 +154,147 @@ Value XmlRpcServer::descriptions() const
     return described;
 }
 
-Value XmlRpcServer::multicall(const Params& params)
+// The calls of one "system.multicall". Each waits for its turn like a call that comes alone, and holds no
+// thread meanwhile; what is prompt is made among the big ones, so that not all multicalls grow at once. The
+// answers are written as they come.
+class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
 {
-    if (params.size() != 1 || !params.front().is_array()) {
+  public:
+    Multicall(XmlRpcServer& server, const Value& calls, const HttpServer::Answer& answer, std::size_t room)
+        : m_server(server), m_calls(calls), m_answer(answer), m_room(room), m_share(server.m_multicalls)
+    {}
+
+    // Has the next call made, or answers behind the last one.
+    void goOn() noexcept
+    {
+        try {
+            if (m_next == m_calls.size()) {
+                m_answer({200, "text/xml", m_document.finish()});
+            } else if (m_server.m_isStopping) {
+                refuse("The server is stopping.");
+            } else if (!m_share.set(m_room + m_document.size())) {
+                refuse("There is too much in work.");
+            } else {
+                hand(nextCall());
+            }
+        } catch (...) {
+            endWith(std::current_exception());
+        }
+    }
+
+  private:
+    static Value faultOf(std::int32_t code, const std::string& text)
+    {
+        return {{"faultCode", code}, {"faultString", text}};
+    }
+
+    // A call that is to be made, or its refusal.
+    struct Next
+    {
+        MethodCall call;
+        std::optional<Value> refusal;
+        Effort effort = Effort::Prompt;
+        bool isDispatched = false;
+    };
+
+    Next nextCall() const
+    {
+        Next result;
+        try {
+            result.call = callOf(m_calls[m_next]);
+            const Method& called = m_server.method(result.call.method);
+            if (result.call.method == kMulticall || called.effort == Effort::LongPoll) {
+                throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
+                                  result.call.method + ": not to be called by system.multicall");
+            }
+            result.effort = called.effort;
+            result.isDispatched = called.isDispatched;
+        } catch (const RecordError& error) {
+            result.refusal = faultOf(zyr_top_api::BaseResponse(error.result(), {}).faultCode, error.what());
+        }
+        return result;
+    }
+
+    void hand(Next next)
+    {
+        const bool isDispatched = next.isDispatched;
+        const bool isLong = next.effort == Effort::Long;
+        auto job = [self = shared_from_this(), next = std::make_shared<const Next>(std::move(next))] {
+            self->makeAndGoOn(*next);
+        };
+        if (isDispatched) {
+            m_server.m_dispatcher.goOn(std::move(job));
+        } else if (isLong) {
+            m_server.m_longOnes.run(std::move(job));
+        } else {
+            m_server.m_bigOnes.goOn(std::move(job));
+        }
+    }
+
+    void make(const Next& next)
+    {
+        if (next.refusal) {
+            m_document.add(*next.refusal);
+        } else {
+            Answer answer = m_server.call(next.call);
+            m_document.add(answer.faultCode > 0 ? faultOf(answer.faultCode, answer.faultText)
+                                                : Value::array({std::move(answer.value)}));
+        }
+        ++m_next;
+    }
+
+    void makeAndGoOn(const Next& next) noexcept
+    {
+        try {
+            make(next);
+        } catch (...) {
+            endWith(std::current_exception());
+            return;
+        }
+        goOn();
+    }
+
+    void refuse(const std::string& text) const { m_answer({503, "text/plain; charset=utf-8", text + "\n"}); }
+
+    void endWith(const std::exception_ptr& error) noexcept
+    {
+        try {
+            std::rethrow_exception(error);
+        } catch (const DocumentTooLong&) {
+            const std::string text =
+                "eTI_E_FAILED: system.multicall: the answers are longer than 8 MiB with that "
+                "of call " +
+                std::to_string(m_next + 1) + ", which was the last one made";
+            const zyr_top_api::BaseResponse fault(zyr_top_api::eTI_E_FAILED, text);
+            m_answer({200, "text/xml", writeFault(fault.faultCode, fault.faultString)});
+        } catch (...) {
+            refuse("The server is out of memory.");
+        }
+    }
+
+    XmlRpcServer& m_server;
+    const Value m_calls;
+    const HttpServer::Answer m_answer;
+    const std::size_t m_room; // of the calls
+    MemoryBudget::Share m_share;
+    std::size_t m_next = 0;
+    ArrayResponse m_document{kLongestAnswer};
+};
+
+void XmlRpcServer::takeMulticall(const MethodCall& request, std::size_t room,
+                                 const HttpServer::Answer& answer)
+{
+    if (request.params.size() != 1 || !request.params.front().is_array()) {
         throw RecordError(zyr_top_api::eTI_E_PARAMETER_TYPE_INVALID,
                           "system.multicall: it takes one array, of calls");
     }
-    const Value& calls = params.front();
+    const Value& calls = request.params.front();
     if (calls.size() > kMostCalls) {
         throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
                           "system.multicall: " + std::to_string(calls.size()) +
                               " calls are given, it takes at most 100");
     }
-    Value answers = Value::array();
-    for (const Value& call : calls) {
-        answers.push_back(callOfMulticall(call));
-    }
-    return answers;
-}
-
-Value XmlRpcServer::callOfMulticall(const Value& given)
-{
-    const auto faultOf = [](std::int32_t code, const std::string& text) {
-        return Value{{"faultCode", code}, {"faultString", text}};
-    };
-    try {
-        const MethodCall wanted = callOf(given);
-        if (wanted.method == kMulticall || method(wanted.method).isLongPoll) {
-            throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
-                              wanted.method + ": not to be called by system.multicall");
-        }
-        const Answer answer = call(wanted);
-        return answer.faultCode > 0 ? faultOf(answer.faultCode, answer.faultText)
-                                    : Value::array({answer.value});
-    } catch (const RecordError& error) {
-        return faultOf(zyr_top_api::BaseResponse(error.result(), {}).faultCode, error.what());
-    }
+    std::make_shared<Multicall>(*this, calls, answer, room)->goOn();
 }
 
 } // namespace zyr_gateway

@@ -1,17 +1,25 @@
 #include "WorkerPool.h"
 
+#include <chrono>
 #include <utility>
 
 namespace zyr_gateway
 {
+
+namespace
+{
+
+constexpr std::chrono::seconds kIdlePatience{2};
+
+} // namespace
 
 WorkerPool::WorkerPool(std::size_t maxThreads) : m_maxThreads(maxThreads) {}
 
 WorkerPool::~WorkerPool()
 {
     close();
-    for (std::thread& thread : m_threads) {
-        thread.join();
+    for (Worker& worker : m_workers) {
+        worker.thread.join();
     }
 }
 
@@ -22,8 +30,8 @@ bool WorkerPool::run(std::function<void()> task)
         return false;
     }
     // An idle thread may already be spoken for by a task that it has not fetched yet.
-    if (m_waiting.size() >= m_idleThreads && m_threads.size() < m_maxThreads) {
-        m_threads.emplace_back([this] { work(); });
+    if (m_waiting.size() >= m_idleThreads && m_threads < m_maxThreads) {
+        addWorker();
     }
     m_waiting.push_back(std::move(task));
     m_taskCame.notify_one();
@@ -37,33 +45,44 @@ void WorkerPool::close()
     m_taskCame.notify_all();
 }
 
-bool WorkerPool::waitUntilIdle(std::chrono::milliseconds timeout)
+void WorkerPool::addWorker()
 {
-    std::unique_lock lock(m_mutex);
-    return m_becameIdle.wait_for(lock, timeout, [this] { return m_waiting.empty() && m_running == 0; });
+    m_workers.remove_if([](Worker& worker) {
+        const bool hasEnded = worker.hasEnded;
+        if (hasEnded) {
+            worker.thread.join();
+        }
+        return hasEnded;
+    });
+    Worker& worker = m_workers.emplace_back();
+    try {
+        worker.thread = std::thread([this, &worker] { work(worker); });
+    } catch (...) {
+        m_workers.pop_back();
+        throw;
+    }
+    ++m_threads;
 }
 
-void WorkerPool::work()
+void WorkerPool::work(Worker& self)
 {
     std::unique_lock lock(m_mutex);
     while (true) {
         ++m_idleThreads;
-        m_taskCame.wait(lock, [this] { return !m_waiting.empty() || m_isClosed; });
+        m_taskCame.wait_for(lock, kIdlePatience, [this] { return !m_waiting.empty() || m_isClosed; });
         --m_idleThreads;
         if (m_waiting.empty()) {
-            return;
+            break;
         }
-        const std::function<void()> task = std::move(m_waiting.front());
+        std::function<void()> task = std::move(m_waiting.front());
         m_waiting.pop_front();
-        ++m_running;
         lock.unlock();
         task();
+        task = nullptr;
         lock.lock();
-        --m_running;
-        if (m_waiting.empty() && m_running == 0) {
-            m_becameIdle.notify_all();
-        }
     }
+    --m_threads;
+    self.hasEnded = true;
 }
 
 } // namespace zyr_gateway

@@ -2,12 +2,16 @@
 
 #include "BaseResponse.h"
 #include "CiReleaseFastEventsRequests.h"
+#include "GatewayTrace.h"
 #include "RecordError.h"
 #include "Reference.h"
+#include "ServerParts.h"
 
 #include <chrono>
 #include <exception>
+#include <new>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace zyr_gateway
@@ -22,10 +26,23 @@ using zyr_registration::RecordError;
 using zyr_top_api::BaseResponse;
 using zyr_top_api::ETIResult;
 
-// How long `stop` waits before it looks for long polls that came to hang since it last released them.
-constexpr std::chrono::milliseconds kReleaseInterval{20};
-// How long clients may take to fetch the last answers.
-constexpr std::chrono::milliseconds kLastAnswers{2'000};
+// How long a stop waits for what is running. No lawful command takes longer.
+constexpr std::chrono::minutes kLongestStop{10};
+// Longer bodies are big. They are read again when a command's turn comes, because the values take more room
+// than the text.
+constexpr std::size_t kLongestSmall = 16UL * 1024UL;
+// Calls that wait for their turn in one place.
+constexpr std::size_t kMostWaiting = 100;
+// Direct commands that are made at a time and may wait.
+constexpr std::size_t kMostLong = 64;
+// So many bytes of values can come out of one byte of a document.
+constexpr std::size_t kValueFactor = 16;
+constexpr std::size_t kMostForMulticalls = 24UL * 1024UL * 1024UL;
+// What a long poll may bring, since it is kept while the poll hangs.
+constexpr std::size_t kLongestPollBody = 64UL * 1024UL;
+constexpr LongPolls::Limits kLongPollLimits;
+// What "CI.GetFastEvents" says when it has been released.
+constexpr std::string_view kReleased = "CI.GetFastEvents has been terminated";
 
 Answer faultAnswer(ETIResult result, const std::string& text)
 {
@@ -45,6 +62,8 @@ Answer guarded(const std::string& method, const Call& call)
         return call();
     } catch (const RecordError& error) {
         return faultAnswer(error.result(), error.what());
+    } catch (const std::bad_alloc&) {
+        throw; // not the call's fault
     } catch (const std::exception& error) {
         return internalError(error.what());
     } catch (...) {
@@ -52,10 +71,48 @@ Answer guarded(const std::string& method, const Call& call)
     }
 }
 
-std::string document(const Answer& answer)
+HttpResponse inDocument(std::string document)
 {
-    return answer.faultCode > 0 ? writeFault(answer.faultCode, answer.faultText)
-                                : writeResponse(answer.value);
+    return {.status = 200, .contentType = "text/xml", .body = std::move(document)};
+}
+
+HttpResponse refusal(std::string_view text)
+{
+    return {.status = 503, .contentType = "text/plain; charset=utf-8", .body = std::string(text) + "\n"};
+}
+
+HttpResponse response(const std::string& method, const Answer& answer)
+{
+    if (answer.faultCode > 0) {
+        return inDocument(writeFault(answer.faultCode, answer.faultText));
+    }
+    // The answer may be too deep or too long to be written, so that is guarded too.
+    std::string document;
+    const Answer failure = guarded(method, [&] {
+        try {
+            document = writeResponse(answer.value, kLongestAnswer);
+        } catch (const DocumentTooLong&) {
+            return faultAnswer(zyr_top_api::eTI_E_FAILED,
+                               "eTI_E_FAILED: " + method + ": the answer is longer than 8 MiB");
+        }
+        return Answer{};
+    });
+    return inDocument(failure.faultCode > 0 ? writeFault(failure.faultCode, failure.faultText)
+                                            : std::move(document));
+}
+
+// Does what answers. Nothing leaves this.
+template <class Act>
+void attempt(const HttpServer::Answer& answer, const Act& act) noexcept
+{
+    try {
+        act();
+    } catch (const std::exception&) {
+        try {
+            answer(refusal("The server is out of memory."));
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): an answer let fall says it
+        }
+    }
 }
 
 const Value& onlyStruct(std::string_view method, const std::vector<Value>& params)
@@ -68,6 +125,10 @@ const Value& onlyStruct(std::string_view method, const std::vector<Value>& param
         throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
                           std::string(method) + ": " + std::to_string(params.size()) +
                               " parameters are given, it takes one struct");
+    }
+    // Some clients can't tell an empty struct from an empty array.
+    if (params.front().is_array() && params.front().empty()) {
+        return none;
     }
     if (!params.front().is_object()) {
         throw RecordError(zyr_top_api::eTI_E_PARAMETER_TYPE_INVALID,
@@ -89,7 +150,9 @@ Value structSignatures(const MethodNotes& notes)
 } // namespace
 
 XmlRpcServer::XmlRpcServer(HttpOptions options, zyr_registration::RegisteringModule& commands)
-    : m_commands(commands), m_workers(options.maxConnections),
+    : m_commands(commands), m_multicalls(kMostForMulticalls), m_dispatcher(kMostWaiting),
+      m_bigOnes(kMostWaiting), m_longOnes(kMostLong),
+      m_longPolls(kLongPollLimits, [this] { releaseLongPolls(); }),
       m_http(std::move(options), [this](HttpRequest request, const HttpServer::Answer& answer) {
           take(std::move(request), answer);
       })
@@ -109,9 +172,18 @@ void XmlRpcServer::addMethod(const MethodNotes& notes, std::function<Value(const
     const auto call = [name = std::string(notes.name), function = std::move(function)](const Params& params) {
         return Answer{function(onlyStruct(name, params)), 0, {}};
     };
+    add(notes, false, call);
+}
+
+void XmlRpcServer::add(const MethodNotes& notes, bool isDispatched, std::function<Answer(const Params&)> call)
+{
     const unsigned channels = m_commands.numberOfChannels();
-    add(std::string(notes.name), {zyr_registration::helpText(notes, channels), structSignatures(notes),
-                                  zyr_registration::describe(notes, channels), notes.isLongPoll, call});
+    const Effort effort = notes.isLongPoll                            ? Effort::LongPoll
+                          : notes.longest > zyr_registration::kPrompt ? Effort::Long
+                                                                      : Effort::Prompt;
+    add(std::string(notes.name),
+        {zyr_registration::helpText(notes, channels), structSignatures(notes),
+         zyr_registration::describe(notes, channels), effort, isDispatched, std::move(call)});
 }
 
 void XmlRpcServer::start()
@@ -126,27 +198,29 @@ std::uint16_t XmlRpcServer::port() const noexcept
 
 void XmlRpcServer::stop()
 {
-    if (std::exchange(m_isStopped, true)) {
-        return;
-    }
+    m_isStopping = true;
     m_http.stopAccepting();
-    m_workers.close();
-    while (!m_workers.waitUntilIdle(kReleaseInterval)) {
-        releaseLongPolls();
-    }
-    m_http.stop(kLastAnswers);
+    m_longPolls.stop();
+    m_http.stop(kLongestStop);
+}
+
+void XmlRpcServer::setCredentials(Credentials credentials)
+{
+    m_http.setCredentials(std::move(credentials));
+}
+
+XmlRpcServer::LongPollCount XmlRpcServer::longPolls() const
+{
+    const std::size_t orphans = m_longPolls.orphans();
+    return {m_longPolls.polls() + orphans, orphans};
 }
 
 void XmlRpcServer::addCommands()
 {
     for (const CommandEntry& command : zyr_registration::allCommands()) {
-        const auto call = [this, &command](const Params& params) {
+        add(command.notes, !command.isDirect(), [this, &command](const Params& params) {
             return m_commands.call(command, onlyStruct(command.name(), params));
-        };
-        const unsigned channels = m_commands.numberOfChannels();
-        add(std::string(command.name()),
-            {zyr_registration::helpText(command.notes, channels), structSignatures(command.notes),
-             zyr_registration::describe(command.notes, channels), command.notes.isLongPoll, call});
+        });
     }
 }
 
@@ -162,60 +236,179 @@ const XmlRpcServer::Method& XmlRpcServer::method(std::string_view name) const
 {
     const auto found = m_methods.find(name);
     if (found == m_methods.end()) {
+        constexpr std::size_t longest = 64;
         throw RecordError(zyr_top_api::eTI_E_METHOD_UNKNOWN,
-                          std::string(name) + ": no such method, system.listMethods tells all of them");
+                          std::string(name.substr(0, longest)) + (name.size() > longest ? "..." : "") +
+                              ": no such method, system.listMethods tells all of them");
     }
     return found->second;
 }
 
 void XmlRpcServer::take(HttpRequest request, const HttpServer::Answer& answer)
 {
-    const bool isTaken = m_workers.run([this, body = std::move(request.body), answer] {
-        answer({.status = 200, .contentType = "text/xml", .body = answerTo(body)});
-    });
+    if (request.body.size() <= kLongestSmall) {
+        takeDocument(request.body, answer);
+        return;
+    }
+    const auto body = std::make_shared<const std::string>(std::move(request.body));
+    const bool isTaken =
+        m_bigOnes.run([this, body, answer] { attempt(answer, [&] { takeDocument(*body, answer); }); });
     if (!isTaken) {
-        answer({.status = 503, .contentType = "text/plain", .body = "the node is going down\n"});
+        answer(refusal("Too many big requests are waiting."));
     }
 }
 
-std::string XmlRpcServer::answerTo(const std::string& body)
+void XmlRpcServer::takeDocument(const std::string& body, const HttpServer::Answer& answer)
 {
-    MethodCall request;
+    const auto refuse = [&](ETIResult result, const std::string& text) {
+        answer(response({}, faultAnswer(result, text)));
+    };
     try {
-        request = parseMethodCall(body);
+        takeCall(parseMethodCall(body), body, answer);
     } catch (const XmlRpcError& error) {
-        return document(faultAnswer(zyr_top_api::eTI_E_MALFORMED_REQUEST,
-                                    std::string("eTI_E_MALFORMED_REQUEST: ") + error.what()));
+        refuse(zyr_top_api::eTI_E_MALFORMED_REQUEST, std::string("eTI_E_MALFORMED_REQUEST: ") + error.what());
+    } catch (const RecordError& error) {
+        refuse(error.result(), error.what());
     }
-    // The answer may be too deep or too big to be written, so that is guarded too.
-    std::string written;
-    const Answer failure = guarded(request.method, [&] {
-        written = document(call(request));
-        return Answer{};
-    });
-    return failure.faultCode > 0 ? document(failure) : written;
+}
+
+void XmlRpcServer::takeCall(MethodCall call, const std::string& body, const HttpServer::Answer& answer)
+{
+    const Method& called = method(call.method);
+    if (call.method == kMulticall) {
+        takeMulticall(call, kValueFactor * body.size(), answer);
+    } else if (called.effort == Effort::LongPoll) {
+        if (body.size() > kLongestPollBody) {
+            throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
+                              call.method + ": the request is longer than 64 KiB");
+        }
+        takeLongPoll(std::move(call), called, answer);
+    } else if (called.isDispatched) {
+        takeDispatched(std::move(call), body, called, answer);
+    } else if (called.effort == Effort::Prompt) {
+        answer(responseTo(call));
+    } else {
+        try {
+            const bool isTaken = called.effort == Effort::Big ? m_bigOnes.run(job(std::move(call), answer))
+                                                              : m_longOnes.run(job(std::move(call), answer));
+            if (!isTaken) {
+                answer(refusal("Too many requests are waiting."));
+            }
+        } catch (const std::system_error&) {
+            answer(refusal("There is no thread for the command."));
+        }
+    }
+}
+
+// What makes the call and answers with its outcome.
+std::function<void()> XmlRpcServer::job(MethodCall call, const HttpServer::Answer& answer)
+{
+    return [this, call = std::make_shared<const MethodCall>(std::move(call)), answer] {
+        attempt(answer,
+                [&] { answer(m_isStopping ? refusal("The server is stopping.") : responseTo(*call)); });
+    };
+}
+
+void XmlRpcServer::takeDispatched(MethodCall call, const std::string& body, const Method& called,
+                                  const HttpServer::Answer& answer)
+{
+    const bool isMade =
+        called.effort == Effort::Prompt && m_dispatcher.tryRun([&] { answer(responseTo(call)); });
+    if (isMade) {
+        return;
+    }
+    auto waiting = job(std::move(call), answer);
+    if (body.size() > kLongestSmall) {
+        waiting = [this, body, answer] {
+            attempt(answer, [&] {
+                answer(m_isStopping ? refusal("The server is stopping.") : responseTo(parseMethodCall(body)));
+            });
+        };
+    }
+    if (!m_dispatcher.run(std::move(waiting))) {
+        answer(refusal("Too many commands are waiting for their turn."));
+    }
+}
+
+void XmlRpcServer::takeLongPoll(MethodCall call, const Method& called, const HttpServer::Answer& answer)
+{
+    struct Hanging
+    {
+        MethodCall call;
+        Answer outcome;
+        bool isOutOfMemory = false;
+    };
+    const auto hanging = std::make_shared<Hanging>();
+    hanging->call = std::move(call);
+    const auto poll = [this, hanging, &called] {
+        try {
+            hanging->outcome = callCounted(called, hanging->call);
+        } catch (const std::exception&) {
+            hanging->isOutOfMemory = true;
+            return LongPolls::Outcome::Answered;
+        }
+        return hanging->outcome.faultText == kReleased ? LongPolls::Outcome::Released
+                                                       : LongPolls::Outcome::Answered;
+    };
+    const auto finish = [hanging, answer] {
+        attempt(answer, [&] {
+            answer(hanging->isOutOfMemory ? refusal("The server is out of memory.")
+                                          : response(hanging->call.method, hanging->outcome));
+        });
+    };
+    LongPolls::Handle handle = 0;
+    bool isHanging = false;
+    try {
+        isHanging = m_longPolls.start({poll, finish}, handle);
+    } catch (const std::system_error&) {
+        answer(refusal("There is no thread for a long poll."));
+        return;
+    }
+    if (isHanging) {
+        answer.whenClientLeaves([this, handle] { m_longPolls.leave(handle); });
+    } else if (m_isStopping) {
+        answer(refusal("The server is stopping."));
+    } else {
+        throw RecordError(zyr_top_api::eTI_E_FAILED, hanging->call.method +
+                                                         ": too many long polls hang already, " +
+                                                         std::to_string(kLongPollLimits.polls) + " can");
+    }
+}
+
+HttpResponse XmlRpcServer::responseTo(const MethodCall& request)
+{
+    return response(request.method, call(request));
 }
 
 Answer XmlRpcServer::call(const MethodCall& request)
 {
-    return guarded(request.method, [&] {
-        const Method& called = method(request.method);
-        if (!called.isLongPoll) {
-            return called.call(request.params);
-        }
-        ++m_longPolls;
-        Answer answer = guarded(request.method, [&] { return called.call(request.params); });
-        --m_longPolls;
-        return answer;
-    });
+    return guarded(request.method, [&] { return callCounted(method(request.method), request); });
 }
 
-void XmlRpcServer::releaseLongPolls()
+// A release that a client asks for is made known to the long polls.
+Answer XmlRpcServer::callCounted(const Method& called, const MethodCall& request)
 {
-    if (m_longPolls == 0) {
-        return;
+    const auto callIt = [&] { return guarded(request.method, [&] { return called.call(request.params); }); };
+    if (request.method != zyr_top_api::CiReleaseFastEventsRequests::identity.wireName) {
+        return callIt();
     }
-    call({std::string(zyr_top_api::CiReleaseFastEventsRequests::identity.wireName), {}});
+    m_longPolls.releaseBegins();
+    Answer answer = callIt();
+    m_longPolls.releaseEnded(answer.faultCode == 0);
+    return answer;
+}
+
+void XmlRpcServer::releaseLongPolls() noexcept
+{
+    try {
+        log(4, [this] {
+            return "releasing long polls, " + std::to_string(m_longPolls.orphans()) + " of clients that left";
+        });
+        m_commands.call(
+            *zyr_registration::findCommand(zyr_top_api::CiReleaseFastEventsRequests::identity.wireName),
+            Value::object());
+    } catch (...) { // NOLINT(bugprone-empty-catch): it is tried again
+    }
 }
 
 } // namespace zyr_gateway

@@ -3,6 +3,9 @@
 #include "Codec.h"
 #include "Description.h"
 #include "HttpServer.h"
+#include "Lane.h"
+#include "LongPolls.h"
+#include "MemoryBudget.h"
 #include "RegisteringModule.h"
 #include "Value.h"
 #include "WorkerPool.h"
@@ -24,9 +27,15 @@ using zyr_registration::Answer;
 /// The node's XML-RPC server: all commands by their wire names, the introspection methods "system.", and
 /// "zyr.describe" with its hash, which tells programs what they need to know to call the methods.
 ///
-/// Each request runs on a thread of its own, at most as many as there can be connections, so that neither a
-/// long poll nor a long command keeps others waiting for the server; the commands themselves run one at a
-/// time. What a client sends and what a command throws ends in a fault, never the process.
+/// A call that waits for nothing is made by the thread that takes the request, the one that does all input
+/// and output. Dispatched commands are made one at a time: one that finds another in its way waits for its
+/// turn without a thread, and those that may take longer are made by a thread of their own. Direct commands
+/// that may take longer have threads that come and go. So a long command keeps nobody waiting but those that
+/// must wait for it. Long polls hang on threads of their own, 64 at the most; what is big is done by one
+/// thread, one after the other.
+///
+/// What a client sends and what a command throws ends in a fault, never the process. An answer has 8 MiB at
+/// the most, that of "system.multicall" included.
 class XmlRpcServer
 {
   public:
@@ -54,6 +63,17 @@ class XmlRpcServer
     /// The port that it listens on; 0 before `start`.
     std::uint16_t port() const noexcept;
 
+    /// As `HttpServer::setCredentials`.
+    void setCredentials(Credentials credentials);
+
+    /// How many long polls hang, and how many of these for clients that have left. Any thread.
+    struct LongPollCount
+    {
+        std::size_t hanging;
+        std::size_t orphans;
+    };
+    LongPollCount longPolls() const;
+
     /// Takes no more requests, releases the long polls, lets what is running end and answers it, and ends.
     /// Takes as long as the longest command that is running. A second call does nothing.
     void stop();
@@ -61,38 +81,60 @@ class XmlRpcServer
   private:
     using Params = std::vector<Value>;
 
+    // What making a method's calls takes.
+    enum class Effort
+    {
+        Prompt,   // waits for nothing
+        Big,      // waits for nothing, but is much work
+        Long,     // may wait
+        LongPoll, // waits as long as its caller wishes; not inside "system.multicall"
+    };
+
     struct Method
     {
         std::string help;
-        Value signatures;        // arrays of type names, the result's first
-        Value description;       // for "zyr.describe"; null: not told there
-        bool isLongPoll = false; // not inside "system.multicall"
+        Value signatures;  // arrays of type names, the result's first
+        Value description; // for "zyr.describe"; null: not told there
+        Effort effort = Effort::Prompt;
+        bool isDispatched = false; // one at a time
         std::function<Answer(const Params&)> call;
     };
+    class Multicall;
 
     void addCommands();
     void addSystemMethods();
     void add(std::string name, Method method);
+    void add(const zyr_registration::MethodNotes& notes, bool isDispatched,
+             std::function<Answer(const Params&)> call);
     void addSystemMethod(std::string name, std::string help, Value signatures,
-                         std::function<Value(const Params&)> call);
+                         std::function<Value(const Params&)> call, Effort effort = Effort::Prompt);
     const Method& method(std::string_view name) const;
 
     void take(HttpRequest request, const HttpServer::Answer& answer);
-    std::string answerTo(const std::string& body);
+    void takeDocument(const std::string& body, const HttpServer::Answer& answer);
+    void takeCall(MethodCall call, const std::string& body, const HttpServer::Answer& answer);
+    void takeDispatched(MethodCall call, const std::string& body, const Method& called,
+                        const HttpServer::Answer& answer);
+    void takeLongPoll(MethodCall call, const Method& called, const HttpServer::Answer& answer);
+    void takeMulticall(const MethodCall& request, std::size_t room, const HttpServer::Answer& answer);
+    std::function<void()> job(MethodCall call, const HttpServer::Answer& answer);
     Answer call(const MethodCall& request);
-    void releaseLongPolls();
+    Answer callCounted(const Method& called, const MethodCall& request);
+    HttpResponse responseTo(const MethodCall& request);
+    void releaseLongPolls() noexcept;
 
     Value describe(const Params& params) const;
     Value descriptions() const; // of all methods that have one, by name
-    Value multicall(const Params& params);
-    Value callOfMulticall(const Value& given);
 
     zyr_registration::RegisteringModule& m_commands;
     std::map<std::string, Method, std::less<>> m_methods;
-    std::atomic<unsigned> m_longPolls = 0; // running now
-    bool m_isStopped = false;
-    WorkerPool m_workers;
-    HttpServer m_http; // destroyed first, since it hands requests to the workers
+    MemoryBudget m_multicalls; // what their calls and answers take while they are being made
+    std::atomic<bool> m_isStopping = false;
+    Lane m_dispatcher;     // where dispatched commands are made
+    Lane m_bigOnes;        // where big documents are read and made
+    WorkerPool m_longOnes; // where direct commands are made that may wait
+    LongPolls m_longPolls;
+    HttpServer m_http; // destroyed first, since it hands requests to the others
 };
 
 } // namespace zyr_gateway

@@ -3,6 +3,7 @@
 #include "DocumentReader.h"
 #include "Scalars.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -66,25 +67,38 @@ bool isXmlCharacter(char32_t code)
            (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
 }
 
+/// What stands for the character in a document; empty: the character itself does.
+std::string_view escaped(char c)
+{
+    switch (c) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '\r':
+        return "&#13;"; // raw, a reader would take it for a line feed
+    default:
+        return {};
+    }
+}
+
+/// Whether the byte stands for itself in every document.
+bool isPlain(char c)
+{
+    return c >= 0x20 && c < 0x7F && c != '&' && c != '<' && c != '>';
+}
+
 void writeText(std::string& out, std::string_view text)
 {
+    if (std::all_of(text.begin(), text.end(), &isPlain)) {
+        out += text;
+        return;
+    }
     for (const char c : carriableText(text)) {
-        switch (c) {
-        case '&':
-            out += "&amp;";
-            break;
-        case '<':
-            out += "&lt;";
-            break;
-        case '>':
-            out += "&gt;";
-            break;
-        case '\r':
-            out += "&#13;"; // raw, a reader would take it for a line feed
-            break;
-        default:
-            out += c;
-        }
+        const std::string_view instead = escaped(c);
+        instead.empty() ? out += c : out += instead;
     }
 }
 
@@ -115,35 +129,52 @@ void writeReal(std::string& out, double number)
     }
 }
 
-void writeValue(std::string& out, const Value& value, std::size_t depth);
+/// How a value is written: how deep it stands, and how long the document may become.
+struct Bounds
+{
+    std::size_t depth = 1;
+    std::size_t limit = std::numeric_limits<std::size_t>::max();
 
-void writeArray(std::string& out, const Value& array, std::size_t depth)
+    [[nodiscard]] Bounds deeper() const { return {depth + 1, limit}; }
+};
+
+void requireShort(const std::string& document, std::size_t limit)
+{
+    if (document.size() > limit) {
+        throw DocumentTooLong("the document is longer than " + std::to_string(limit) + " bytes");
+    }
+}
+
+void writeValue(std::string& out, const Value& value, Bounds bounds);
+
+void writeArray(std::string& out, const Value& array, Bounds bounds)
 {
     out += "<array><data>";
     for (const Value& element : array) {
-        writeValue(out, element, depth + 1);
+        writeValue(out, element, bounds.deeper());
     }
     out += "</data></array>";
 }
 
-void writeStruct(std::string& out, const Value& object, std::size_t depth)
+void writeStruct(std::string& out, const Value& object, Bounds bounds)
 {
     out += "<struct>";
     for (const auto& [name, member] : object.get_ref<const Value::object_t&>()) {
         out += "<member>";
         writeElement(out, "name", name);
-        writeValue(out, member, depth + 1);
+        writeValue(out, member, bounds.deeper());
         out += "</member>";
     }
     out += "</struct>";
 }
 
-void writeValue(std::string& out, const Value& value, std::size_t depth)
+void writeValue(std::string& out, const Value& value, Bounds bounds)
 {
-    if (depth > kMaxValueDepth) {
+    if (bounds.depth > kMaxValueDepth) {
         throw std::invalid_argument("values are nested deeper than " + std::to_string(kMaxValueDepth) +
                                     " levels");
     }
+    requireShort(out, bounds.limit);
     out += "<value>";
     switch (value.type()) {
     case Value::value_t::boolean:
@@ -160,10 +191,10 @@ void writeValue(std::string& out, const Value& value, std::size_t depth)
         writeElement(out, "string", value.get_ref<const std::string&>());
         break;
     case Value::value_t::array:
-        writeArray(out, value, depth);
+        writeArray(out, value, bounds);
         break;
     case Value::value_t::object:
-        writeStruct(out, value, depth);
+        writeStruct(out, value, bounds);
         break;
     default:
         out += "<nil/>";
@@ -195,7 +226,7 @@ std::string writeMethodCall(const MethodCall& call)
     out += "<params>";
     for (const Value& param : call.params) {
         out += "<param>";
-        writeValue(out, param, 1);
+        writeValue(out, param, {});
         out += "</param>";
     }
     out += "</params></methodCall>";
@@ -204,11 +235,34 @@ std::string writeMethodCall(const MethodCall& call)
 
 std::string writeResponse(const Value& value)
 {
+    return writeResponse(value, Bounds{}.limit);
+}
+
+std::string writeResponse(const Value& value, std::size_t limit)
+{
     std::string out(kDeclaration);
     out += "<methodResponse><params><param>";
-    writeValue(out, value, 1);
+    writeValue(out, value, {.limit = limit});
+    requireShort(out, limit);
     out += "</param></params></methodResponse>";
     return out;
+}
+
+ArrayResponse::ArrayResponse(std::size_t limit) : m_document(kDeclaration), m_limit(limit)
+{
+    m_document += "<methodResponse><params><param><value><array><data>";
+}
+
+void ArrayResponse::add(const Value& element)
+{
+    writeValue(m_document, element, Bounds{.limit = m_limit}.deeper());
+    requireShort(m_document, m_limit);
+}
+
+std::string ArrayResponse::finish()
+{
+    m_document += "</data></array></value></param></params></methodResponse>";
+    return std::move(m_document);
 }
 
 std::string writeFault(int code, std::string_view text)
@@ -218,7 +272,7 @@ std::string writeFault(int code, std::string_view text)
     fault["faultString"] = std::string(text);
     std::string out(kDeclaration);
     out += "<methodResponse><fault>";
-    writeValue(out, fault, 1);
+    writeValue(out, fault, {});
     out += "</fault></methodResponse>";
     return out;
 }

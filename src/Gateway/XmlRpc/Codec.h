@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,16 +16,17 @@
 ///
 /// How wire types become values:
 ///
-/// | Wire                                   | Value |
-/// |----------------------------------------|----------------------------------------------------------------|
-/// | `int`, `i1`, `i2`, `i4`, `i8`, `ex:i8` | integer, any that 64 signed bits hold, whatever the element |
-/// | `boolean`                              | bool; `0` and `1` only | | `double` | floating-point number,
-/// finite                                  | | `string`, bare `value`                 | string, white space
-/// kept                                       | | `dateTime.iso8601`                     | string, the text
-/// as sent; nobody here counts in calendar dates | | `base64`                               | string of the
-/// decoded bytes                                    | | `nil`, `ex:nil`                        | null | |
-/// `array`                                | array                                                          |
-/// | `struct`                               | object, members in the order of the document |
+/// | Wire                                   | Value                                           |
+/// |----------------------------------------|-------------------------------------------------|
+/// | `int`, `i1`, `i2`, `i4`, `i8`, `ex:i8` | integer, any that 64 signed bits hold           |
+/// | `boolean`                              | bool; `0` and `1` only                          |
+/// | `double`                               | floating-point number, finite                   |
+/// | `string`, bare `value`                 | string, white space kept                        |
+/// | `dateTime.iso8601`                     | binary of `kDateSubtype`, the text as sent       |
+/// | `base64`                               | binary without a subtype, the decoded bytes     |
+/// | `nil`, `ex:nil`                        | null                                            |
+/// | `array`                                | array                                           |
+/// | `struct`                               | object, members in the order of the document    |
 ///
 /// White space round the text of every scalar but a string is ignored. Ranges of fields are not looked at
 /// here.
@@ -79,12 +81,47 @@ struct MethodResponse // NOLINT(bugprone-exception-escape): moving a value does 
 [[nodiscard]] MethodResponse parseMethodResponse(std::string_view xml);
 
 /// Writes a `methodCall` document.
-/// @throws std::invalid_argument when values are nested deeper than `maxValueDepth`
+/// @throws std::invalid_argument when values are nested deeper than `kMaxValueDepth`
 [[nodiscard]] std::string writeMethodCall(const MethodCall& call);
 
 /// Writes a `methodResponse` document that holds a value.
-/// @throws std::invalid_argument when values are nested deeper than `maxValueDepth`
+/// @throws std::invalid_argument when values are nested deeper than `kMaxValueDepth`
 [[nodiscard]] std::string writeResponse(const Value& value);
+
+/// A document would become longer than it may be.
+class DocumentTooLong : public std::length_error
+{
+  public:
+    using std::length_error::length_error;
+};
+
+/// As above.
+/// @param limit in bytes; what stands round the value does not count
+/// @throws DocumentTooLong
+[[nodiscard]] std::string writeResponse(const Value& value, std::size_t limit);
+
+/// A `methodResponse` document that holds an array, written element by element.
+class ArrayResponse
+{
+  public:
+    /// @param limit as above
+    explicit ArrayResponse(std::size_t limit);
+
+    /// Adds an element.
+    /// @throws std::invalid_argument as `writeResponse` does
+    /// @throws DocumentTooLong
+    void add(const Value& element);
+
+    /// How long the document is by now.
+    [[nodiscard]] std::size_t size() const noexcept { return m_document.size(); }
+
+    /// The whole document. To be called once, at the end.
+    [[nodiscard]] std::string finish();
+
+  private:
+    std::string m_document;
+    std::size_t m_limit;
+};
 
 /// Writes a `methodResponse` document that holds a fault.
 [[nodiscard]] std::string writeFault(int code, std::string_view text);

@@ -9,6 +9,7 @@
 #include <climits>
 #include <limits>
 #include <memory>
+#include <random>
 #include <utility>
 
 #include <strings.h>
@@ -133,20 +134,59 @@ struct ParserDeleter
     void operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
 };
 
+using Parser = std::unique_ptr<XML_ParserStruct, ParserDeleter>;
+
+/// A parser for one document. Each thread keeps the one of its last document for the next, unless that was a
+/// long one, for which it has taken much memory.
+class KeptParser
+{
+  public:
+    explicit KeptParser(std::size_t documentSize) : m_isKept(documentSize <= kLongestKept)
+    {
+        if (s_kept == nullptr) {
+            s_kept.reset(XML_ParserCreate(nullptr));
+        } else if (XML_ParserReset(s_kept.get(), nullptr) != XML_TRUE) {
+            throw std::bad_alloc();
+        }
+        if (s_kept == nullptr) {
+            throw std::bad_alloc();
+        }
+        // One that nobody can guess, as expat would get from the system for each document.
+        static const unsigned long salt = std::random_device()() | 1UL;
+        XML_SetHashSalt(s_kept.get(), salt);
+    }
+    ~KeptParser()
+    {
+        if (!m_isKept) {
+            s_kept.reset();
+        }
+    }
+    KeptParser(const KeptParser&) = delete;
+    KeptParser& operator=(const KeptParser&) = delete;
+
+    [[nodiscard]] XML_ParserStruct* get() const { return s_kept.get(); }
+
+  private:
+    static constexpr std::size_t kLongestKept = 32UL * 1024UL;
+    static thread_local Parser s_kept;
+
+    bool m_isKept;
+};
+
+thread_local Parser KeptParser::s_kept;
+
 } // namespace
 
 DocumentReader::DocumentReader(Element root) : m_root(root)
 {
+    m_open.reserve(16);
     open(Element::Document);
 }
 
 void DocumentReader::read(std::string_view xml)
 {
     refuseOtherEncodings(xml);
-    const std::unique_ptr<XML_ParserStruct, ParserDeleter> parser(XML_ParserCreate(nullptr));
-    if (!parser) {
-        throw std::bad_alloc();
-    }
+    const KeptParser parser(xml.size());
     m_parser = parser.get();
     connectHandlers();
     const XML_Status status = XML_Parse(m_parser, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
@@ -351,16 +391,32 @@ void DocumentReader::deliverValue(Frame& frame, Frame& parent)
     }
 }
 
-/// The names are kept in a set of their own, because looking a name up in the object takes as long as the
-/// object has members.
 void DocumentReader::endedMember(Frame& frame, Frame& parent)
 {
-    if (!parent.memberNames.insert(frame.memberName).second) {
+    if (!isNew(frame.memberName, parent)) {
         fail(Kind::DoubledMember,
              "the member \"" + forMessage(frame.memberName) + "\" stands twice in one struct");
     }
     parent.value.get_ref<Value::object_t&>().emplace_back(std::move(frame.memberName),
                                                           std::move(frame.value));
+}
+
+/// Whether the struct has no member of this name yet. Looking it up in the object takes as long as the object
+/// has members, so the names of many are kept in a set.
+bool DocumentReader::isNew(const std::string& name, Frame& structure)
+{
+    constexpr std::size_t few = 16;
+    const auto& members = structure.value.get_ref<const Value::object_t&>();
+    if (members.size() < few) {
+        return std::ranges::find(members, name, &Value::object_t::value_type::first) == members.end();
+    }
+    if (!structure.memberNames) {
+        structure.memberNames = std::make_unique<std::unordered_set<std::string>>();
+        for (const auto& [known, value] : members) {
+            structure.memberNames->insert(known);
+        }
+    }
+    return structure.memberNames->insert(name).second;
 }
 
 void DocumentReader::endedScalar(const Frame& frame, Frame& parent)
@@ -404,7 +460,7 @@ Value DocumentReader::scalarOf(const Frame& frame) const
         if (!bytes) {
             badValue("base64 with its padding");
         }
-        return *std::move(bytes);
+        return Value::binary({bytes->begin(), bytes->end()});
     }
     case Element::Nil:
         if (!text.empty()) {
@@ -412,7 +468,7 @@ Value DocumentReader::scalarOf(const Frame& frame) const
         }
         return nullptr;
     case Element::Date:
-        return std::string(text);
+        return Value::binary({text.begin(), text.end()}, kDateSubtype);
     default:
         return frame.text;
     }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -17,7 +18,7 @@ namespace zyr_gateway
 /// Reads one XML-RPC document as a stream of XML events.
 ///
 /// The grammar is a table of which element may stand in which; everything open is on a stack whose height the
-/// grammar and `maxValueDepth` bound, so that no document can exhaust memory or the call stack.
+/// grammar and `kMaxValueDepth` bound, so that no document can exhaust memory or the call stack.
 ///
 /// An object reads one document and is then spent. The outcome is in `call` or `response`.
 class DocumentReader
@@ -67,7 +68,7 @@ class DocumentReader
         std::string text;
         std::string memberName;
         Value value;
-        std::unordered_set<std::string> memberNames;
+        std::unique_ptr<std::unordered_set<std::string>> memberNames; ///< once there are many
     };
 
     void refuseOtherEncodings(std::string_view xml) const;
@@ -84,6 +85,7 @@ class DocumentReader
     void endedValue(Frame& frame, Frame& parent);
     void deliverValue(Frame& frame, Frame& parent);
     void endedMember(Frame& frame, Frame& parent);
+    [[nodiscard]] static bool isNew(const std::string& name, Frame& structure);
     void endedScalar(const Frame& frame, Frame& parent);
     void endedFault(const Frame& frame);
     [[nodiscard]] Value scalarOf(const Frame& frame) const;

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+
+namespace zyr_gateway
+{
+
+/// Counts the bytes of all that is held, and refuses what would be too much. Any thread.
+class MemoryBudget
+{
+  public:
+    explicit MemoryBudget(std::size_t limit) : m_limit(limit) {}
+
+    /// What is held now.
+    [[nodiscard]] std::size_t held() const { return m_held.load(std::memory_order_relaxed); }
+
+    /// Bytes held by somebody, given back with the object.
+    class Share
+    {
+      public:
+        explicit Share(MemoryBudget& budget) : m_budget(&budget) {}
+        ~Share() { set(0); }
+        Share(const Share&) = delete;
+        Share& operator=(const Share&) = delete;
+
+        /// Holds so many bytes from now on. False, with nothing changed, if that is more than can be had.
+        bool set(std::size_t size)
+        {
+            if (size > m_size && !m_budget->take(size - m_size)) {
+                return false;
+            }
+            if (size < m_size) {
+                m_budget->m_held.fetch_sub(m_size - size, std::memory_order_relaxed);
+            }
+            m_size = size;
+            return true;
+        }
+
+      private:
+        MemoryBudget* m_budget;
+        std::size_t m_size = 0;
+    };
+
+  private:
+    bool take(std::size_t size)
+    {
+        if (m_held.fetch_add(size, std::memory_order_relaxed) + size <= m_limit) {
+            return true;
+        }
+        m_held.fetch_sub(size, std::memory_order_relaxed);
+        return false;
+    }
+
+    const std::size_t m_limit;
+    std::atomic<std::size_t> m_held = 0;
+};
+
+} // namespace zyr_gateway
