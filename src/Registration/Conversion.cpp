@@ -102,6 +102,8 @@ std::string given(const Value& value)
         return "an array";
     case Value::value_t::object:
         return "a struct";
+    case Value::value_t::binary:
+        return value.get_binary().has_subtype() ? "a dateTime.iso8601" : "base64";
     default:
         return value.dump();
     }
@@ -164,6 +166,16 @@ std::int64_t numberOfText(const Place& place, const ValueType& type, const Value
     return row->number;
 }
 
+// Some clients have no booleans and send 0 and 1.
+void readBoolean(const Place& place, const ValueType& type, const Value& value, void* object)
+{
+    const bool isNumber = value.is_number_integer() && (value == 0 || value == 1);
+    if (!value.is_boolean() && !isNumber) {
+        refuseType(place, type, value);
+    }
+    *static_cast<bool*>(object) = value == true || value == 1;
+}
+
 void readInteger(const Place& place, const ValueType& type, const Value& value, void* object)
 {
     const bool isText = textsOf(type, place.field.notes) != nullptr && value.is_string();
@@ -210,6 +222,16 @@ void readArray(const Place& place, const ValueType& type, const Value& value, vo
     }
 }
 
+// Some clients can't tell an empty struct from an empty array.
+void readStruct(const Place& place, const ValueType& type, const Value& value, void* object)
+{
+    const bool isEmptyArray = value.is_array() && value.empty();
+    if (!value.is_object() && !isEmptyArray) {
+        refuseType(place, type, value);
+    }
+    readFields(place, type.fields, isEmptyArray ? Value::object() : value, object);
+}
+
 void readOptional(const Place& place, const ValueType& type, const Value& value, void* object)
 {
     type.sequence.clear(object);
@@ -222,11 +244,7 @@ void readValue(const Place& place, const ValueType& type, const Value& value, vo
 {
     switch (type.kind) {
     case Kind::Boolean:
-        if (!value.is_boolean()) {
-            refuseType(place, type, value);
-        }
-        *static_cast<bool*>(object) = value.get<bool>();
-        return;
+        return readBoolean(place, type, value, object);
     case Kind::Integer:
         return readInteger(place, type, value, object);
     case Kind::Double:
@@ -236,10 +254,7 @@ void readValue(const Place& place, const ValueType& type, const Value& value, vo
     case Kind::Array:
         return readArray(place, type, value, object);
     case Kind::Struct:
-        if (!value.is_object()) {
-            refuseType(place, type, value);
-        }
-        return readFields(place, type.fields, value, object);
+        return readStruct(place, type, value, object);
     case Kind::Optional:
         return readOptional(place, type, value, object);
     }
@@ -269,7 +284,10 @@ void readMembers(std::string_view method, std::uint32_t numberOfChannels, const 
     for (const Field& field : fields) {
         const Place place{method, numberOfChannels, pathOf(path, field.name), field};
         const auto member = members.find(field.name);
-        if (member != members.end()) {
+        // A member that may be left out may be nil as well.
+        const bool isGiven = member != members.end() &&
+                             (field.isRequired() || field.type->kind == Kind::Optional || !member->is_null());
+        if (isGiven) {
             readValue(place, *field.type, *member, field.address(record));
         } else if (field.isRequired()) {
             throw RecordError(zyr_top_api::eTI_E_REQUIRED_INPUT_MISSING,

@@ -194,6 +194,25 @@ TEST(ConversionTest, NilIsAbsentOptional)
     EXPECT_FALSE(readWith("maybe", nullptr).maybe.hasValue());
 }
 
+TEST(ConversionTest, NilForAMemberThatMayBeLeftOutCountsAsLeftOut)
+{
+    EXPECT_EQ(readWith("percent", nullptr).percent, 50);
+    EXPECT_TRUE(readWith("steps", nullptr).steps.empty());
+}
+
+TEST(ConversionTest, ZeroAndOneAreBooleans)
+{
+    EXPECT_FALSE(readWith("flag", 0).flag);
+    EXPECT_TRUE(readWith("flag", 1).flag);
+}
+
+TEST(ConversionTest, EmptyArrayIsAnEmptyStruct)
+{
+    EXPECT_EQ(refusalWith("power", Value::array()), refusalWith("power", Value::object()));
+    EXPECT_TRUE(refusalWith("power", Value::array())
+                    .starts_with("eTI_E_REQUIRED_INPUT_MISSING: T.Method: power.first"));
+}
+
 TEST(ConversionTest, LeftOutVectorIsEmptyAndLeftOutDefaultStands)
 {
     Value request = soundRequest();
@@ -271,7 +290,8 @@ TEST(ConversionTest, UnknownMemberIsRefusedByName)
 TEST(ConversionTest, WrongTypeIsRefused)
 {
     const std::vector<std::pair<std::string, std::string>> refusals{
-        {refusalWith("flag", 1), "flag is 1, it takes a boolean"},
+        {refusalWith("flag", 2), "flag is 2, it takes a boolean"},
+        {refusalWith("flag", 1.0), "flag is 1.0, it takes a boolean"},
         {refusalWith("flag", "true"), "flag is the string \"true\", it takes a boolean"},
         {refusalWith("small", "5"), "small is the string \"5\", it takes an integer from -32768 to 32767"},
         {refusalWith("small", true), "small is the boolean true, it takes an integer from -32768 to 32767"},
@@ -281,7 +301,9 @@ TEST(ConversionTest, WrongTypeIsRefused)
         {refusalWith("name", 12), "name is 12, it takes a string"},
         {refusalWith("steps", Value::object()), "steps is a struct, it takes an array"},
         {refusalWith("steps", Value::array({1})), "steps[0] is 1, it takes a struct of level, label"},
-        {refusalWith("power", Value::array()), "power is an array, it takes a struct of first, second"},
+        {refusalWith("power", Value::array({1})), "power is an array, it takes a struct of first, second"},
+        {refusalWith("name", Value::binary({})), "name is base64, it takes a string"},
+        {refusalWith("name", Value::binary({}, 1)), "name is a dateTime.iso8601, it takes a string"},
         {refusalWith("maybe", "x"), "maybe is the string \"x\", it takes an integer from 0 to 255"},
         {refusalWith("address", 1), "address is 1, it takes a string like \"aa:bb:cc:dd:ee:ff\""},
     };

@@ -32,19 +32,35 @@ def _check(name, text):
     validator(name).validate(json.loads(text))
 
 
-def _plain(value):
-    """The value without members that are nil, which count as left out."""
+def _resolved(schema):
+    """The schema itself, or what it refers to."""
+    while "$ref" in schema:
+        schema = document()["$defs"][schema["$ref"].rsplit("/", 1)[-1]]
+    return schema
+
+
+def _plain(value, schema):
+    """The value as its schema tells it; some clients can't: a member that is nil counts as left out, 0 and 1 as
+    booleans, an empty array as an empty struct."""
+    schema = _resolved(schema)
+    kind = schema.get("type")
+    if kind == "boolean" and value in (0, 1):
+        return bool(value)
+    if kind == "object" and value == []:
+        return {}
     if isinstance(value, dict):
-        return {name: _plain(member) for name, member in value.items() if member is not None}
+        members = schema.get("properties", {})
+        return {name: _plain(member, members.get(name, {})) for name, member in value.items() if member is not None}
     if isinstance(value, list):
-        return [_plain(element) for element in value]
+        return [_plain(element, schema.get("items", {})) for element in value]
     return value
 
 
 def check_request(method, params):
     """Holds what a method took against its schema."""
-    if validator(method + ".request") is not None:
-        _check(method + ".request", json.dumps(_plain(params[0] if params else {})))
+    name = method + ".request"
+    if validator(name) is not None:
+        _check(name, json.dumps(_plain(params[0] if params else {}, document()["$defs"][name])))
 
 
 def check_answer(method, params, value):

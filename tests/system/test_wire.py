@@ -24,6 +24,16 @@ class InputTest(NodeTest):
                 self.assertEqual(self.node.post(document(struct(channelId=channel, enable="<boolean>1</boolean>"))),
                                  {"tiResult": 0})
 
+    def test_what_stock_clients_cannot_say_otherwise_is_taken(self):
+        proxy = self.node.proxy()
+        self.assertEqual(proxy.CRI.EnableAcm({"channelId": 1, "enable": 1}), {"tiResult": 0})
+        self.assertTrue(proxy.SIM.GetState()["channels"][0]["acmEnabled"])
+        self.assertEqual(proxy.CRI.EnableAcm({"channelId": 1, "enable": 0}), {"tiResult": 0})
+        self.assertFalse(proxy.SIM.GetState()["channels"][0]["acmEnabled"])
+        self.assertEqual(proxy.CI.ReleaseFastEventsRequests([]), {"tiResult": 0})
+        self.assertEqual(proxy.SIM.InjectFault({"collaborator": "IAcmHandler", "operation": "enableAcm", "code": 1,
+                                                "channel": None, "count": None}), {})
+
     def test_each_wrong_input_has_a_clear_fault(self):
         true = "<boolean>1</boolean>"
         one = "<int>1</int>"
@@ -39,12 +49,16 @@ class InputTest(NodeTest):
                 wrong_type + f"channelId is 1.5, {range_text}",
             document(struct(channelId="1", enable=true)): wrong_type + f'channelId is the string "1", {range_text}',
             document(struct(channelId="<nil/>", enable=true)): wrong_type + f"channelId is nil, {range_text}",
-            document(struct(channelId=one, enable=one)): wrong_type + "enable is 1, it takes a boolean",
+            document(struct(channelId=one, enable="<int>2</int>")): wrong_type + "enable is 2, it takes a boolean",
+            document(struct(channelId="<base64>MQ==</base64>", enable=true)):
+                wrong_type + f"channelId is base64, {range_text}",
+            document(struct(channelId="<dateTime.iso8601>20240102T03:04:05</dateTime.iso8601>", enable=true)):
+                wrong_type + f"channelId is a dateTime.iso8601, {range_text}",
             document(struct(channelId=one)):
                 "2 eTI_E_REQUIRED_INPUT_MISSING: CRI.EnableAcm: enable is missing, it takes a boolean",
             document(struct(channelId=one, enable=true, more=one)):
                 member + "more is not a member, accepted are: channelId, enable",
-            document("<param><value><array><data/></array></value></param>"):
+            document("<param><value><array><data><value/></data></array></value></param>"):
                 wrong_type + "the parameter is no struct, it takes one struct",
             document("", "CRI.enableAcm"):
                 "1 eTI_E_METHOD_UNKNOWN: CRI.enableAcm: no such method, system.listMethods tells all of them",
