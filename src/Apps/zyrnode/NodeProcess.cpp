@@ -2,6 +2,8 @@
 
 #include "FileSink.h"
 #include "RealTime.h"
+#include "Registration.h"
+#include "RequestHead.h"
 #include "SimMethods.h"
 #include "SimulatedNode.h"
 #include "SystemClock.h"
@@ -9,9 +11,10 @@
 #include "XmlRpcServer.h"
 
 #include <csignal>
+#include <exception>
 #include <iostream>
 #include <memory>
-#include <optional>
+#include <string>
 
 namespace zyr_node
 {
@@ -24,23 +27,30 @@ using zyr_gateway::HttpOptions;
 using zyr_gateway::XmlRpcServer;
 using zyr_platform::TraceService;
 
-// The signals that ask the node to stop. They are held back from all threads and fetched by the main thread.
-class StopSignals
+// The signals that the node answers. They are held back from all threads and fetched by the main thread.
+class Signals
 {
   public:
-    StopSignals()
+    Signals()
     {
         sigemptyset(&m_signals);
         sigaddset(&m_signals, SIGTERM);
         sigaddset(&m_signals, SIGINT);
+        sigaddset(&m_signals, SIGHUP);
         pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
     }
 
-    // Waits for the first signal. The next one ends the process.
-    void wait() const
+    // Waits for the first signal that asks the node to stop. The next one ends the process.
+    // @param onHangUp called for each SIGHUP that comes before
+    template <class OnHangUp>
+    void waitForStop(const OnHangUp& onHangUp) const
     {
         int signal = 0;
-        sigwait(&m_signals, &signal);
+        while (sigwait(&m_signals, &signal) != 0 || signal == SIGHUP) {
+            onHangUp();
+        }
+        // What hangs up now shall not end the node in the middle of its stop.
+        std::signal(SIGHUP, SIG_IGN);
         pthread_sigmask(SIG_UNBLOCK, &m_signals, nullptr);
     }
 
@@ -48,13 +58,39 @@ class StopSignals
     sigset_t m_signals{};
 };
 
-std::shared_ptr<zyr_platform::TraceSink> traceSink(const std::string& target)
+void warn(const std::string& text)
 {
-    if (target == "stderr") {
+    std::cerr << "zyrnode: " + text + "\n" << std::flush;
+}
+
+// The node's trace: standard error, or a file, which can be opened anew.
+class Trace
+{
+  public:
+    explicit Trace(const std::string& target)
+        : m_file(target == "stderr" ? nullptr : std::make_shared<zyr_platform::FileSink>(target)),
+          m_added(TraceService::get().addSink(sink()))
+    {}
+
+    void reopen() const
+    {
+        if (m_file) {
+            m_file->reopen();
+        }
+    }
+
+  private:
+    std::shared_ptr<zyr_platform::TraceSink> sink() const
+    {
+        if (m_file) {
+            return m_file;
+        }
         return std::make_shared<zyr_platform::StandardErrorSink>();
     }
-    return std::make_shared<zyr_platform::FileSink>(target);
-}
+
+    std::shared_ptr<zyr_platform::FileSink> m_file;
+    zyr_platform::Registration m_added;
+};
 
 HttpOptions httpOptions(const Options& options)
 {
@@ -77,12 +113,23 @@ std::string url(const Options& options, std::uint16_t port)
            (isIpv6 ? "[" + address + "]" : address) + ":" + std::to_string(port) + "/RPC2";
 }
 
+// What goes wrong leaves things as they were, and is told.
+template <class Act>
+void attempt(const Act& act)
+{
+    try {
+        act();
+    } catch (const std::exception& error) {
+        warn(error.what());
+    }
+}
+
 } // namespace
 
 void runNode(const Options& options)
 {
-    const StopSignals stopSignals;
-    const auto trace = TraceService::get().addSink(traceSink(options.traceTarget));
+    const Signals signals;
+    const Trace trace(options.traceTarget);
     for (const TraceLevel& setting : options.traceLevels) {
         TraceService::get().setLevel(setting.pattern, setting.level);
     }
@@ -97,11 +144,24 @@ void runNode(const Options& options)
     zyr_registration::RegisteringModule commands(
         {.numberOfChannels = options.node.channels, .enableTi = options.enableTi});
     XmlRpcServer server(httpOptions(options), commands);
-    addSimMethods(server, node);
+    if (!options.withoutSim) {
+        addSimMethods(server, node);
+    }
     server.start();
+    if (!zyr_gateway::isLoopback(options.listen.address) && options.tlsCertificateFile.empty()) {
+        warn("passwords and commands travel unencrypted to " + options.listen.address +
+             "; use --tls-cert and --tls-key, or a TLS proxy on this machine");
+    }
     std::cout << "listening on " << url(options, server.port()) << std::endl;
 
-    stopSignals.wait();
+    signals.waitForStop([&] {
+        attempt([&] { trace.reopen(); });
+        attempt([&] {
+            if (!options.credentialsFile.empty()) {
+                server.setCredentials(Credentials::fromFile(options.credentialsFile));
+            }
+        });
+    });
     node.faults().clear(); // an order to fail must not keep long polls from being released
     server.stop();
 }

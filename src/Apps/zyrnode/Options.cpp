@@ -62,11 +62,12 @@ void addOptions(CLI::App& app, Options& options)
            "Where to serve; port 0 takes a free one. Default 127.0.0.1:8080")
         ->type_name("ADDRESS:PORT");
     app.add_option("--credentials", options.credentialsFile,
-                   "Who may call: user:hash lines, mode 0600; necessary beyond loopback")
+                   "Who may call: user:hash lines, mode 0600; necessary beyond loopback. Read anew at SIGHUP")
         ->type_name("FILE");
     auto* const certificate =
         app.add_option("--tls-cert", options.tlsCertificateFile, "Certificate, PEM")->type_name("FILE");
-    auto* const key = app.add_option("--tls-key", options.tlsKeyFile, "Private key, PEM")->type_name("FILE");
+    auto* const key =
+        app.add_option("--tls-key", options.tlsKeyFile, "Private key, PEM, mode 0600")->type_name("FILE");
     certificate->needs(key);
     key->needs(certificate);
     app.add_option("--channels", options.node.channels, "Radio channels, 1 or 2. Default 2")
@@ -84,6 +85,10 @@ void addOptions(CLI::App& app, Options& options)
     app.add_flag("--host-clock", options.node.hostClock,
                  "Let TI.ManageRealTimeClock read and set this host's own clocks, the system's and /dev/rtc, "
                  "instead of the simulated node's; setting them takes the right to (CAP_SYS_TIME)");
+    app.add_flag(
+        "--no-sim", options.withoutSim,
+        "Leave out the methods SIM., which show and change what is simulated; otherwise, whoever may "
+        "call the commands may call them too");
     app.add_option_function<std::vector<std::string>>(
            "--trace",
            [&](const std::vector<std::string>& texts) {
@@ -94,7 +99,8 @@ void addOptions(CLI::App& app, Options& options)
            "Highest level of a trace channel, 0 to 7; \"*\" stands for any text")
         ->type_name("CHANNEL=LEVEL")
         ->expected(1);
-    app.add_option("--trace-to", options.traceTarget, "stderr, or a file to append to. Default stderr")
+    app.add_option("--trace-to", options.traceTarget,
+                   "stderr, or a file to append to, opened anew at SIGHUP. Default stderr")
         ->type_name("TARGET");
     app.add_option_function<std::vector<std::string>>(
            "--fault",

@@ -36,6 +36,7 @@ struct Options
     std::string tlsKeyFile;
     zyr_simulation::SimulatedNodeOptions node;
     bool enableTi = false;
+    bool withoutSim = false; ///< without the methods "SIM."
     std::vector<TraceLevel> traceLevels;
     std::string traceTarget = "stderr"; ///< or a file's path
     std::vector<zyr_simulation::Fault> faults;

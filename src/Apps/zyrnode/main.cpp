@@ -15,6 +15,9 @@
 #include <variant>
 #include <vector>
 
+#include <malloc.h>
+#include <pthread.h>
+
 namespace
 {
 
@@ -29,10 +32,27 @@ std::string schema(unsigned numberOfChannels)
     return zyr_registration::schemaOf(methods, numberOfChannels).dump(2) + "\n";
 }
 
+// Many threads, and bursts of big answers, shall take little memory, and none when they are over. To be
+// called before there is a second thread.
+void keepMemorySmall()
+{
+    constexpr std::size_t stackSize = 1024UL * 1024UL;
+    pthread_attr_t attributes;
+    if (pthread_attr_init(&attributes) == 0) {
+        pthread_attr_setstacksize(&attributes, stackSize);
+        pthread_setattr_default_np(&attributes);
+        pthread_attr_destroy(&attributes);
+    }
+    mallopt(M_ARENA_MAX, 2);
+    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 512 * 1024);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    keepMemorySmall();
     try {
         const auto read = zyr_node::readOptions(argc, argv);
         if (const auto* const status = std::get_if<zyr_node::ExitStatus>(&read)) {
