@@ -61,6 +61,19 @@ std::vector<LadderRung> makeLadder()
     return ladder;
 }
 
+/// The place of each modulation in the ladder, by its number. It is asked for often.
+std::vector<std::optional<unsigned>> makeSteps()
+{
+    std::vector<std::optional<unsigned>> steps;
+    const auto& ladder = modulationLadder();
+    for (unsigned step = 0; step < ladder.size(); ++step) {
+        const auto number = static_cast<std::size_t>(ladder[step].modulation);
+        steps.resize(std::max(steps.size(), number + 1));
+        steps[number] = step;
+    }
+    return steps;
+}
+
 } // namespace
 
 const std::vector<LadderRung>& modulationLadder()
@@ -71,12 +84,9 @@ const std::vector<LadderRung>& modulationLadder()
 
 std::optional<unsigned> ladderStep(ModulationAndCoding modulation)
 {
-    const auto& ladder = modulationLadder();
-    const auto rung = std::ranges::find(ladder, modulation, &LadderRung::modulation);
-    if (rung == ladder.end()) {
-        return std::nullopt;
-    }
-    return static_cast<unsigned>(rung - ladder.begin());
+    static const auto steps = makeSteps();
+    const auto number = static_cast<std::size_t>(modulation);
+    return number < steps.size() ? steps[number] : std::nullopt;
 }
 
 } // namespace zyr_simulation
