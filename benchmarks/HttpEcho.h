@@ -14,6 +14,7 @@ class HttpEcho
     HttpEcho& operator=(const HttpEcho&) = delete;
 
     [[nodiscard]] std::uint16_t port() const { return m_port; }
+    [[nodiscard]] int process() const { return m_process; }
 
   private:
     int m_process = -1;

@@ -9,6 +9,7 @@
 #include <array>
 #include <csignal>
 #include <cstdio>
+#include <ctime>
 #include <exception>
 #include <stdexcept>
 #include <string>
@@ -77,54 +78,78 @@ class Node
     Node& operator=(const Node&) = delete;
 
     [[nodiscard]] std::uint16_t port() const { return m_port; }
+    [[nodiscard]] int process() const { return m_process; }
 
   private:
     int m_process = -1;
     std::uint16_t m_port = 0;
 };
 
-void keepBetter(LoadResult& best, LoadResult turn)
+struct Server
 {
-    if (turn.requestsPerSecond > best.requestsPerSecond) {
-        best = std::move(turn);
+    const char* name;
+    std::uint16_t port;
+    int process;
+};
+
+// What a server did in its best turn, and the processor time that it took for a request in all turns.
+struct Outcome
+{
+    LoadResult best;
+    double microseconds = 0;
+    double requests = 0;
+};
+
+double processorTime(int process)
+{
+    clockid_t clock{};
+    timespec time{};
+    if (clock_getcpuclockid(process, &clock) != 0 || clock_gettime(clock, &time) != 0) {
+        throw std::runtime_error("no processor time");
+    }
+    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+}
+
+void takeTurn(const Server& server, const Command& command, unsigned clients, Outcome& outcome)
+{
+    const double before = processorTime(server.process);
+    LoadResult turn = load(server.port, clients, command.body, kTurn);
+    outcome.microseconds += processorTime(server.process) - before;
+    outcome.requests += static_cast<double>(turn.nanoseconds.size());
+    if (turn.requestsPerSecond > outcome.best.requestsPerSecond) {
+        outcome.best = std::move(turn);
     }
 }
 
-void print(const char* name, const LoadResult& result, const std::string& more = {})
+void print(const char* name, const Outcome& outcome, const std::string& more = {})
 {
-    std::printf("  %-14s %9.0f /s   p50 %7.0f us   p99 %7.0f us%s\n", name, result.requestsPerSecond,
-                result.quantile(0.5), result.quantile(0.99), more.c_str());
+    std::printf("  %-14s %9.0f /s   p50 %7.0f us   p99 %7.0f us   processor %5.1f us%s\n", name,
+                outcome.best.requestsPerSecond, outcome.best.quantile(0.5), outcome.best.quantile(0.99),
+                outcome.microseconds / outcome.requests, more.c_str());
 }
 
-std::string ratio(const LoadResult& node, const LoadResult& echo)
+std::string ratio(const Outcome& node, const Outcome& echo)
 {
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.2f", node.requestsPerSecond / echo.requestsPerSecond);
+    std::snprintf(text.data(), text.size(), "%.2f",
+                  node.best.requestsPerSecond / echo.best.requestsPerSecond);
     return text.data();
 }
 
-struct Ports
+void compare(const Command& command, unsigned clients, const std::array<Server, 3>& servers)
 {
-    std::uint16_t bareEcho;
-    std::uint16_t parsingEcho;
-    std::uint16_t node;
-};
-
-void compare(const Command& command, unsigned clients, const Ports& ports)
-{
-    LoadResult bare;
-    LoadResult parsing;
-    LoadResult ours;
+    std::array<Outcome, 3> outcomes;
     for (int turn = 0; turn < kTurns; ++turn) {
-        keepBetter(bare, load(ports.bareEcho, clients, command.body, kTurn));
-        keepBetter(parsing, load(ports.parsingEcho, clients, command.body, kTurn));
-        keepBetter(ours, load(ports.node, clients, command.body, kTurn));
+        for (std::size_t index = 0; index < servers.size(); ++index) {
+            takeTurn(servers[index], command, clients, outcomes[index]);
+        }
     }
     std::printf("%s, %u keep-alive client%s\n", command.name, clients, clients == 1 ? "" : "s");
-    print("bare echo", bare);
-    print("parsing echo", parsing);
-    print("zyrnode", ours,
-          "   " + ratio(ours, bare) + " of the bare echo, " + ratio(ours, parsing) + " of the parsing one");
+    const auto& [bare, parsing, node] = outcomes;
+    print(servers[0].name, bare);
+    print(servers[1].name, parsing);
+    print(servers[2].name, node,
+          "   " + ratio(node, bare) + " of the bare echo, " + ratio(node, parsing) + " of the parsing one");
 }
 
 } // namespace
@@ -139,9 +164,12 @@ int main(int argc, char** argv)
         const HttpEcho bareEcho(false);
         const HttpEcho parsingEcho(true);
         const Node node(argv[1]);
+        const std::array<Server, 3> servers{{{"bare echo", bareEcho.port(), bareEcho.process()},
+                                             {"parsing echo", parsingEcho.port(), parsingEcho.process()},
+                                             {"zyrnode", node.port(), node.process()}}};
         for (const Command& command : kCommands) {
             for (const unsigned clients : {1U, 8U, 64U}) {
-                compare(command, clients, {bareEcho.port(), parsingEcho.port(), node.port()});
+                compare(command, clients, servers);
             }
         }
     } catch (const std::exception& error) {
