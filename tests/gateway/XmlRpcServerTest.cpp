@@ -6,6 +6,7 @@
 #include "IAlarmHandlerTopApi.h"
 #include "NodeDoubles.h"
 #include "RecordError.h"
+#include "RecoveryController.h"
 #include "RegisteringModule.h"
 #include "StoredVariables.h"
 
@@ -15,6 +16,8 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
+#include <filesystem>
+#include <iterator>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -74,6 +77,44 @@ class HangingAlarmHandler : public IAlarmHandlerTopApi
     unsigned m_hanging = 0;
     unsigned m_releases = 0;
 };
+
+// Its recovery takes until it is let go.
+class HeldRecoveryController : public IInterface, public nord::zyr::services::recovery::RecoveryController
+{
+  public:
+    zyr_top_api::ETIResult startDspRecovery(zyr_top_api::Recover) override
+    {
+        std::unique_lock lock(m_mutex);
+        m_isHeld = true;
+        m_changed.notify_all();
+        m_changed.wait(lock, [this] { return m_mayGo; });
+        return zyr_top_api::eTI_S_OK;
+    }
+
+    void waitUntilHeld()
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_isHeld; });
+    }
+    void letGo()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_mayGo = true;
+        m_changed.notify_all();
+    }
+
+  private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_isHeld = false;
+    bool m_mayGo = false;
+};
+
+std::size_t numberOfThreads()
+{
+    const std::filesystem::directory_iterator tasks("/proc/self/task");
+    return static_cast<std::size_t>(std::distance(begin(tasks), end(tasks)));
+}
 
 class XmlRpcServerTest : public zyr_test::CommandTest
 {
@@ -487,6 +528,48 @@ TEST_F(XmlRpcServerTest, MethodThatIsHeldHoldsUpNeitherOtherMethodsNorMoreOfItsO
     changed.notify_all();
     holding.join();
     EXPECT_EQ(holding.outcomes, std::vector<std::string>(6, "1"));
+}
+
+TEST_F(XmlRpcServerTest, LongCommandKeepsNobodyWaitingButThoseThatMustWaitForIt)
+{
+    HeldRecoveryController recovery;
+    withdraw("RecoveryController");
+    publish("RecoveryController", recovery);
+    open(false);
+    server->start();
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}), R"({"tiResult":0})");
+    LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
+    recovery.waitUntilHeld();
+    const std::size_t threads = numberOfThreads();
+    transcript.clear();
+    const Value enabling =
+        Value::parse(R"({"methodName": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": true}]})");
+    LongPolls waiting(20, [this] { return answer("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}); });
+    LongPolls waitingTogether(20, [&] {
+        return answer("system.multicall", {Value::array({enabling, enabling})});
+    });
+    for (int round = 0; round < 10; ++round) {
+        EXPECT_EQ(call("zyr.describeHash").value.type(), Value::value_t::string);
+        EXPECT_EQ(call("system.listMethods").value.type(), Value::value_t::array);
+    }
+    EXPECT_TRUE(transcript.lines().empty());
+    // The clients of this test have 40 threads of their own.
+    EXPECT_LE(numberOfThreads(), threads + 40);
+    recovery.letGo();
+    recovering.join();
+    waiting.join();
+    waitingTogether.join();
+    EXPECT_EQ(recovering.outcomes, std::vector<std::string>{R"({"tiResult":0})"});
+    EXPECT_EQ(waiting.outcomes, std::vector<std::string>(20, R"({"tiResult":0})"));
+    EXPECT_EQ(waitingTogether.outcomes,
+              std::vector<std::string>(20, R"([[{"tiResult":0}],[{"tiResult":0}]])"));
+    std::vector<std::string> enabledOneByOne;
+    for (int count = 0; count < 60; ++count) {
+        enabledOneByOne.insert(
+            enabledOneByOne.end(),
+            {"3 ZYR.TI.CriEnableAcm: RadioChannelID: 1\\nEnabled: 1\\n", "IAcmHandler_1.enableAcm(true)"});
+    }
+    EXPECT_EQ(transcript.lines(), enabledOneByOne);
 }
 
 TEST_F(XmlRpcServerTest, LongPollBeyondTheCapIsRefusedByAFault)

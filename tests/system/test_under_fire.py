@@ -103,6 +103,28 @@ class MemoryTest(UnderFireTest):
             client.close()
         self.wait_until(lambda: resident_megabytes(self.node.process) < before + 10)
 
+    def test_multicalls_that_would_bring_too_much_are_told_so(self):
+        calls = [{"methodName": "zyr.describe", "params": []}] * 100
+        before = resident_megabytes(self.node.process)
+        clients = [Call(self.node.proxy().system.multicall, calls) for _ in range(10)]
+        self.assert_healthy()
+        for client in clients:
+            self.assertRegex(client.result(), "^4 eTI_E_FAILED: system.multicall: the answers are longer than 8 MiB "
+                                              "with that of call [0-9]+, which was the last one made$")
+        self.assertLess(resident_megabytes(self.node.process), before + 40)
+
+    def test_threads_that_cannot_be_had_are_refusals(self):
+        with open(f"/proc/{self.node.process.pid}/status", encoding="ascii") as status:
+            size = next(int(line.split()[1]) for line in status if line.startswith("VmSize:")) * 1024
+        subprocess.run(["prlimit", f"--pid={self.node.process.pid}", f"--as={size + 16 * 1024 * 1024}"], check=True)
+        clients = [self.connect() for _ in range(64)]
+        for client in clients:
+            client.sendall(head(len(POLL)) + POLL)
+        self.assertIn(b"503", clients[-1].recv(65536))
+        self.assert_healthy()
+        self.assertEqual(self.proxy.CI.ReleaseFastEventsRequests(), {"tiResult": 0})
+        self.assertIn(TERMINATED[2:].encode(), clients[0].recv(65536))
+
     def test_bodies_that_never_end_are_bounded_and_given_back(self):
         before = resident_megabytes(self.node.process)
         clients = [self.connect() for _ in range(120)]

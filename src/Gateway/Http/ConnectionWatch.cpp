@@ -89,6 +89,7 @@ ConnectionWatch::ConnectionWatch(const Limits& limits)
     if (m_wakeEvent < 0 || m_epoll < 0) {
         throw std::system_error(errno, std::generic_category(), "eventfd");
     }
+    m_lingering.reserve(kMaxLingering);
     watchFor(m_epoll, EPOLLIN, m_wakeEvent, kNoConnection);
     m_thread = std::thread([this] { run(); });
 }

@@ -68,8 +68,9 @@ struct Request
     Login login;
     std::size_t bodyLength = 0; ///< as announced
     std::size_t size = 0;       ///< of head and body
-    Clock::time_point since = Clock::now();
-    std::shared_ptr<Exchange> exchange; ///< once the head is in order
+    Clock::time_point since =
+        gatewayTrace.isEnabled(5) ? Clock::now() : Clock::time_point(); ///< for the trace
+    std::shared_ptr<Exchange> exchange;                                 ///< once the head is in order
     bool isTooMuch = false;
     bool isSubmitted = false;
     bool isEnlisted = false;
@@ -170,20 +171,20 @@ ConnectionWatch::Connection* watched(MHD_Connection* connection)
 RequestHead headOf(MHD_Connection* connection, const Request& request, const char* method,
                    const char* version)
 {
-    RequestHead head{.method = method,
-                     .version = version,
-                     .fields = {},
-                     .size = infoOf(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE).header_size,
-                     .target = request.target,
-                     .targetPlace = request.targetPlace};
+    RequestHead head;
+    head.method = method;
+    head.version = version;
+    head.size = infoOf(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE).header_size;
+    head.target = request.target;
+    head.targetPlace = request.targetPlace;
     head.fields.reserve(16);
     MHD_get_connection_values(
         connection, MHD_HEADER_KIND,
-        [](void* fields, MHD_ValueKind, const char* name, const char* value) {
-            static_cast<decltype(head.fields)*>(fields)->emplace_back(name, value == nullptr ? "" : value);
+        [](void* read, MHD_ValueKind, const char* name, const char* value) {
+            static_cast<RequestHead*>(read)->add(name, value == nullptr ? "" : value);
             return MHD_YES;
         },
-        &head.fields);
+        &head);
     return head;
 }
 
@@ -506,7 +507,7 @@ MHD_Result HttpServer::Impl::begin(MHD_Connection* connection, const RequestHead
     if (const auto refusal = refusalOf(head, m_options, m_needsLogin)) {
         log(refusal->status == 400 || refusal->status == 401 || refusal->status == 403 ? 2 : 5, [&] {
             return "refused with " + std::to_string(refusal->status) + ": " + peerOf(socketOf(connection)) +
-                   ", Host " + forTrace(head.value("Host")) + ", " + forTrace(head.method) + " " +
+                   ", Host " + forTrace(head[Known::Host].value) + ", " + forTrace(head.method) + " " +
                    forTrace(head.path()) + ": " + refusal->body.substr(0, refusal->body.size() - 1);
         });
         return refuse(connection, request, *refusal);
@@ -516,7 +517,7 @@ MHD_Result HttpServer::Impl::begin(MHD_Connection* connection, const RequestHead
     }
     request.request.method = head.method;
     request.request.path = head.path();
-    request.request.contentType = mediaType(head.value("Content-Type"));
+    request.request.contentType = mediaType(head[Known::ContentType].value);
     request.bodyLength = static_cast<std::size_t>(*bodyLength(head));
     request.request.body.reserve(std::min(request.bodyLength, kReservedBody));
     request.exchange = std::make_shared<Exchange>(m_held);
@@ -619,7 +620,11 @@ void HttpServer::Impl::submit(MHD_Connection* connection, Request& request)
     }
     auto task = [this, exchange, login = std::move(login), work = std::move(work),
                  peer = peerOf(socketOf(connection))]() mutable {
-        check(std::move(work), std::move(login), peer, exchange);
+        try {
+            check(std::move(work), std::move(login), peer, exchange);
+        } catch (const std::exception&) {
+            exchange->letFall(); // out of memory
+        }
     };
     if (!m_checker->submit(std::move(task))) {
         exchange->answer(plainResponse(503, "Too many passwords are waiting to be checked."));

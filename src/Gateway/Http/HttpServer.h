@@ -76,7 +76,7 @@ class Exchange;
 /// loopback, a doubled `Content-Length`), 401, 403 (a page of another site calls), 404, 405, 411, 413, 415,
 /// 431, 500 (the handler has thrown, or has let its answer fall), 503 (too many connections, too much in
 /// work, out of memory, or stopping). A request line longer than four times `maxHeaderSize` is answered with
-/// 414. But for 500, and for 503 in the middle of things, the connection ends with such an answer.
+/// 414. With a refusal of a request's head the connection ends.
 ///
 /// It traces to "ZYR.GATEWAY": failed logins and refused requests at level 2, each request at level 5.
 class HttpServer

@@ -25,6 +25,11 @@ using Refusal = std::optional<HttpResponse>;
 
 constexpr std::string_view kBlanks = " \t";
 
+/// The names of the fields, in the order of `Known`.
+constexpr std::array<std::string_view, 7> kKnownNames{
+    "Authorization", "Content-Length", "Content-Type",     "Host",
+    "Origin",        "Sec-Fetch-Site", "Transfer-Encoding"};
+
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {
     return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
@@ -131,13 +136,13 @@ std::string_view hostOf(std::string_view value)
 /// away.
 Refusal refusalOfHost(const RequestHead& head, const HttpOptions& options)
 {
-    if (head.count("Host") > 1) {
+    if (head[Known::Host].count > 1) {
         return plainResponse(400, "The request has more than one Host field; it must have one.");
     }
-    if (head.count("Host") == 0 && head.version == "HTTP/1.0") {
+    if (head[Known::Host].count == 0 && head.version == "HTTP/1.0") {
         return std::nullopt;
     }
-    if (isLoopback(options.address) && !isLoopback(hostOf(head.value("Host")))) {
+    if (isLoopback(options.address) && !isLoopback(hostOf(head[Known::Host].value))) {
         return plainResponse(400, "The Host field does not name this machine; use localhost or 127.0.0.1.");
     }
     return std::nullopt;
@@ -147,15 +152,16 @@ Refusal refusalOfHost(const RequestHead& head, const HttpOptions& options)
 /// another site has no business here, whatever it sends.
 Refusal refusalOfForeignPage(const RequestHead& head)
 {
-    const std::string_view site = head.value("Sec-Fetch-Site");
+    const std::string_view site = head[Known::SecFetchSite].value;
     const bool isForeignSite =
         !site.empty() && !equalIgnoringCase(site, "same-origin") && !equalIgnoringCase(site, "none");
-    const std::string_view origin = head.value("Origin");
+    const std::string_view origin = head[Known::Origin].value;
     const std::size_t scheme = origin.find("://");
-    const bool isForeignOrigin =
-        head.count("Origin") > 0 && (scheme == std::string_view::npos ||
-                                     !equalIgnoringCase(origin.substr(scheme + 3), head.value("Host")));
-    if (isForeignSite || isForeignOrigin || head.count("Sec-Fetch-Site") > 1 || head.count("Origin") > 1) {
+    const bool isForeignOrigin = head[Known::Origin].count > 0 &&
+                                 (scheme == std::string_view::npos ||
+                                  !equalIgnoringCase(origin.substr(scheme + 3), head[Known::Host].value));
+    if (isForeignSite || isForeignOrigin || head[Known::SecFetchSite].count > 1 ||
+        head[Known::Origin].count > 1) {
         return plainResponse(403, "A page of another site may not call this server.");
     }
     return std::nullopt;
@@ -164,13 +170,13 @@ Refusal refusalOfForeignPage(const RequestHead& head)
 /// Two lengths, or a length and a coding, could be read differently by a proxy in between.
 Refusal refusalOfFraming(const RequestHead& head)
 {
-    if (head.count("Content-Length") > 1) {
+    if (head[Known::ContentLength].count > 1) {
         return plainResponse(400, "The request has more than one Content-Length field; it must have one.");
     }
-    if (head.count("Content-Length") == 1 && head.count("Transfer-Encoding") > 0) {
+    if (head[Known::ContentLength].count == 1 && head[Known::TransferEncoding].count > 0) {
         return plainResponse(400, "The request has both a Content-Length and a Transfer-Encoding field.");
     }
-    if (head.count("Content-Length") == 1 && !isDigits(head.value("Content-Length"))) {
+    if (head[Known::ContentLength].count == 1 && !isDigits(head[Known::ContentLength].value)) {
         return plainResponse(400, "The Content-Length field is not a number.");
     }
     return std::nullopt;
@@ -189,7 +195,7 @@ Refusal refusalOfTarget(const RequestHead& head)
 
 Refusal refusalOfLength(const RequestHead& head, std::size_t maxBodySize)
 {
-    if (head.count("Content-Length") == 0) {
+    if (head[Known::ContentLength].count == 0) {
         return plainResponse(411, "The request has no Content-Length field; chunks are not accepted.");
     }
     const auto length = bodyLength(head);
@@ -221,9 +227,9 @@ std::string_view charsetOf(std::string_view contentType)
 
 Refusal refusalOfContentType(const RequestHead& head)
 {
-    const std::string_view contentType = head.value("Content-Type");
+    const std::string_view contentType = head[Known::ContentType].value;
     const std::string type = mediaType(contentType);
-    if (head.count("Content-Type") != 1 || (type != "text/xml" && type != "application/xml")) {
+    if (head[Known::ContentType].count != 1 || (type != "text/xml" && type != "application/xml")) {
         return plainResponse(415, "The Content-Type must be text/xml or application/xml.");
     }
     const std::string_view charset = charsetOf(contentType);
@@ -235,19 +241,18 @@ Refusal refusalOfContentType(const RequestHead& head)
 
 } // namespace
 
-std::size_t RequestHead::count(std::string_view name) const
+void RequestHead::add(std::string_view name, std::string_view value)
 {
-    return static_cast<std::size_t>(std::count_if(fields.begin(), fields.end(), [&](const auto& field) {
-        return equalIgnoringCase(field.first, name);
-    }));
-}
-
-std::string_view RequestHead::value(std::string_view name) const
-{
-    const auto field = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
-        return equalIgnoringCase(candidate.first, name);
-    });
-    return field == fields.end() ? std::string_view() : trimmed(field->second);
+    fields.emplace_back(name, value);
+    const auto* const row = std::ranges::find_if(
+        kKnownNames, [&](std::string_view candidate) { return equalIgnoringCase(candidate, name); });
+    if (row == kKnownNames.end()) {
+        return;
+    }
+    Found& found = known[static_cast<std::size_t>(row - kKnownNames.begin())];
+    if (++found.count == 1) {
+        found.value = trimmed(value);
+    }
 }
 
 std::string_view defectOf(const RequestHead& head)
@@ -295,7 +300,7 @@ std::string mediaType(std::string_view contentType)
 
 std::optional<std::uint64_t> bodyLength(const RequestHead& head)
 {
-    const std::string_view digits = head.value("Content-Length");
+    const std::string_view digits = head[Known::ContentLength].value;
     std::uint64_t length = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), length);
     return isDigits(digits) && result.ec == std::errc{} ? std::optional(length) : std::nullopt;
@@ -319,7 +324,7 @@ std::optional<HttpResponse> refusalOf(const RequestHead& head, const HttpOptions
     if (auto refusal = refusalOfForeignPage(head)) {
         return refusal;
     }
-    if (needsLogin && head.count("Authorization") != 1) {
+    if (needsLogin && head[Known::Authorization].count != 1) {
         return plainResponse(401, "A user and a password are necessary.");
     }
     if (auto refusal = refusalOfTarget(head)) {

@@ -2,6 +2,7 @@
 
 #include "HttpServer.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -12,6 +13,18 @@
 
 namespace zyr_gateway
 {
+
+/// The header fields that the server looks at.
+enum class Known
+{
+    Authorization,
+    ContentLength,
+    ContentType,
+    Host,
+    Origin,
+    SecFetchSite,
+    TransferEncoding
+};
 
 /// A request as it stands before its body: request line and header fields. The texts belong to the HTTP
 /// library, which keeps them until the request has been answered.
@@ -26,10 +39,22 @@ struct RequestHead
 
     /// The target without its query.
     [[nodiscard]] std::string_view path() const { return target.substr(0, target.find('?')); }
-    /// How often the field stands there; names are compared without regard to case.
-    [[nodiscard]] std::size_t count(std::string_view name) const;
-    /// The field's first value, without blanks round it; empty when it is missing.
-    [[nodiscard]] std::string_view value(std::string_view name) const;
+    /// Adds a field.
+    void add(std::string_view name, std::string_view value);
+
+    /// How often a field stands there, and its first value without blanks round it; names are compared
+    /// without regard to case.
+    struct Found
+    {
+        unsigned count = 0;
+        std::string_view value;
+    };
+    [[nodiscard]] const Found& operator[](Known field) const
+    {
+        return known[static_cast<std::size_t>(field)];
+    }
+
+    std::array<Found, 7> known; ///< by `Known`
 };
 
 /// What is malformed, a sentence; empty when all is well. Names of fields are tokens and values hold no

@@ -164,19 +164,34 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
         : m_server(server), m_calls(calls), m_answer(answer), m_room(room), m_share(server.m_multicalls)
     {}
 
-    // Has the next call made, or answers behind the last one.
-    void goOn() noexcept
+    // Where a call is made.
+    enum class Place
+    {
+        Dispatcher, // by turns, what is dispatched
+        BigOnes,    // one multicall after the other, what is prompt
+        LongOnes    // what may wait for long
+    };
+
+    // Makes the calls that are left as far as they are made here, and has the next one made in its place; or
+    // answers behind the last one.
+    // @param here  none: in no place yet
+    void goOn(std::optional<Place> here) noexcept
     {
         try {
-            if (m_next == m_calls.size()) {
-                m_answer({200, "text/xml", m_document.finish()});
-            } else if (m_server.m_isStopping) {
-                refuse("The server is stopping.");
-            } else if (!m_share.set(m_room + m_document.size())) {
-                refuse("There is too much in work.");
-            } else {
-                hand(nextCall());
+            while (m_next < m_calls.size()) {
+                if (m_server.m_isStopping) {
+                    return refuse("The server is stopping.");
+                }
+                if (!m_share.set(m_room + m_document.size())) {
+                    return refuse("There is too much in work.");
+                }
+                Next next = nextCall();
+                if (here != Place::BigOnes || next.place != here) {
+                    return hand(std::move(next));
+                }
+                make(next);
             }
+            m_answer({200, "text/xml", m_document.finish()});
         } catch (...) {
             endWith(std::current_exception());
         }
@@ -193,8 +208,7 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
     {
         MethodCall call;
         std::optional<Value> refusal;
-        Effort effort = Effort::Prompt;
-        bool isDispatched = false;
+        Place place = Place::BigOnes;
     };
 
     Next nextCall() const
@@ -207,8 +221,11 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
                 throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
                                   result.call.method + ": not to be called by system.multicall");
             }
-            result.effort = called.effort;
-            result.isDispatched = called.isDispatched;
+            if (called.isDispatched) {
+                result.place = Place::Dispatcher;
+            } else if (called.effort == Effort::Long) {
+                result.place = Place::LongOnes;
+            }
         } catch (const RecordError& error) {
             result.refusal = faultOf(zyr_top_api::BaseResponse(error.result(), {}).faultCode, error.what());
         }
@@ -217,17 +234,20 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
 
     void hand(Next next)
     {
-        const bool isDispatched = next.isDispatched;
-        const bool isLong = next.effort == Effort::Long;
+        const Place place = next.place;
         auto job = [self = shared_from_this(), next = std::make_shared<const Next>(std::move(next))] {
             self->makeAndGoOn(*next);
         };
-        if (isDispatched) {
+        switch (place) {
+        case Place::Dispatcher:
             m_server.m_dispatcher.goOn(std::move(job));
-        } else if (isLong) {
-            m_server.m_longOnes.run(std::move(job));
-        } else {
+            break;
+        case Place::BigOnes:
             m_server.m_bigOnes.goOn(std::move(job));
+            break;
+        case Place::LongOnes:
+            m_server.m_longOnes.run(std::move(job));
+            break;
         }
     }
 
@@ -248,27 +268,37 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
         try {
             make(next);
         } catch (...) {
-            endWith(std::current_exception());
-            return;
+            return endWith(std::current_exception());
         }
-        goOn();
+        goOn(next.place);
     }
 
     void refuse(const std::string& text) const { m_answer({503, "text/plain; charset=utf-8", text + "\n"}); }
 
+    // An answer that cannot be given either is let fall, which answers as well.
     void endWith(const std::exception_ptr& error) noexcept
     {
         try {
             std::rethrow_exception(error);
         } catch (const DocumentTooLong&) {
-            const std::string text =
-                "eTI_E_FAILED: system.multicall: the answers are longer than 8 MiB with that "
-                "of call " +
-                std::to_string(m_next + 1) + ", which was the last one made";
-            const zyr_top_api::BaseResponse fault(zyr_top_api::eTI_E_FAILED, text);
-            m_answer({200, "text/xml", writeFault(fault.faultCode, fault.faultString)});
+            attempt([&] {
+                const std::string text =
+                    "eTI_E_FAILED: system.multicall: the answers are longer than 8 MiB with that of call " +
+                    std::to_string(m_next + 1) + ", which was the last one made";
+                const zyr_top_api::BaseResponse fault(zyr_top_api::eTI_E_FAILED, text);
+                m_answer({200, "text/xml", writeFault(fault.faultCode, fault.faultString)});
+            });
         } catch (...) {
-            refuse("The server is out of memory.");
+            attempt([&] { refuse("The server is out of memory."); });
+        }
+    }
+
+    template <class Act>
+    static void attempt(const Act& act) noexcept
+    {
+        try {
+            act();
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): see above
         }
     }
 
@@ -294,7 +324,7 @@ void XmlRpcServer::takeMulticall(const MethodCall& request, std::size_t room,
                           "system.multicall: " + std::to_string(calls.size()) +
                               " calls are given, it takes at most 100");
     }
-    std::make_shared<Multicall>(*this, calls, answer, room)->goOn();
+    std::make_shared<Multicall>(*this, calls, answer, room)->goOn(std::nullopt);
 }
 
 } // namespace zyr_gateway

@@ -240,8 +240,10 @@ std::string writeResponse(const Value& value)
 
 std::string writeResponse(const Value& value, std::size_t limit)
 {
-    std::string out(kDeclaration);
-    out += "<methodResponse><params><param>";
+    constexpr std::size_t usual = 1000;
+    std::string out;
+    out.reserve(usual);
+    out.append(kDeclaration).append("<methodResponse><params><param>");
     writeValue(out, value, {.limit = limit});
     requireShort(out, limit);
     out += "</param></params></methodResponse>";

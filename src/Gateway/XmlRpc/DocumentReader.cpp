@@ -9,6 +9,7 @@
 #include <climits>
 #include <limits>
 #include <memory>
+#include <new>
 #include <random>
 #include <utility>
 
@@ -179,7 +180,8 @@ thread_local Parser KeptParser::s_kept;
 
 DocumentReader::DocumentReader(Element root) : m_root(root)
 {
-    m_open.reserve(16);
+    constexpr std::size_t usualDepth = 9; // that of a struct's members
+    m_open.reserve(usualDepth);
     open(Element::Document);
 }
 
@@ -192,6 +194,9 @@ void DocumentReader::read(std::string_view xml)
     const XML_Status status = XML_Parse(m_parser, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
     if (m_error) {
         std::rethrow_exception(m_error);
+    }
+    if (status != XML_STATUS_OK && XML_GetErrorCode(m_parser) == XML_ERROR_NO_MEMORY) {
+        throw std::bad_alloc();
     }
     if (status != XML_STATUS_OK) {
         fail(Kind::Malformed,
