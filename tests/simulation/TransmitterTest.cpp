@@ -134,40 +134,12 @@ TEST_F(TransmitterTest, barredSettingsKeepTheirValues)
     EXPECT_EQ(power(1).getForceLoopMode(), ForceLoopMode::ClosedLoop);
 }
 
-TEST_F(TransmitterTest, restartOfTheRadioGoesThroughItsStates)
-{
-    transmit(1, 0, 100);
-    EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::Idle);
-    EXPECT_EQ(radio().triggerRestart(0), 0U);
-    EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::Restarting);
-    EXPECT_FALSE(radio().isAvailable());
-    time().advance(2999ms);
-    EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::Restarting);
-    EXPECT_EQ(status(), ETxPowerActualStatus::Off);
-    time().advance(1ms);
-    EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::RestartSuccessful);
-    EXPECT_EQ(radio().endRestart(), 0U);
-    EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::Idle);
-    time().advance(300ms);
-    EXPECT_EQ(status(), ETxPowerActualStatus::On);
-}
-
 TEST_F(TransmitterTest, restartOfARadioThatIsNotThereFails)
 {
     node().setRadioAvailable(1, false);
     EXPECT_EQ(radio().triggerRestart(0), 0U);
     time().advance(3s);
     EXPECT_EQ(radio().getRestartStatus(), RadioRestartStatus::RestartFailed);
-}
-
-TEST_F(TransmitterTest, radioWithoutPowerIsNotAvailable)
-{
-    EXPECT_TRUE(radio().isPowerSupplied());
-    EXPECT_EQ(radio().setPowerSupplied(0), 0U);
-    EXPECT_FALSE(radio().isPowerSupplied());
-    EXPECT_FALSE(radio().isAvailable());
-    EXPECT_EQ(radio().setPowerSupplied(7), 0U);
-    EXPECT_TRUE(radio().isAvailable());
 }
 
 TEST_F(TransmitterTest, gainsAreKeptByLoopAndKind)

@@ -24,7 +24,7 @@ EFCResult setFrequency(unsigned& target_kHz, unsigned frequency_kHz, unsigned mi
 EFCResult SimulatedFrequencyController::setTxFrequency(unsigned frequency_kHz, int)
 {
     return perform<EFCResult>("setTxFrequency", [&] {
-        const auto& range = radioType(node().settings.radioType).frequencies;
+        const auto range = frequenciesOf(radioType(node().settings.radioType), channel().radio.subBand);
         return setFrequency(channel().txFrequency_kHz, frequency_kHz, range.MinTXFrequency,
                             range.MaxTXFrequency, range.FrequencyStepSize);
     });
@@ -33,7 +33,7 @@ EFCResult SimulatedFrequencyController::setTxFrequency(unsigned frequency_kHz, i
 EFCResult SimulatedFrequencyController::setRxFrequency(unsigned frequency_kHz, int)
 {
     return perform<EFCResult>("setRxFrequency", [&] {
-        const auto& range = radioType(node().settings.radioType).frequencies;
+        const auto range = frequenciesOf(radioType(node().settings.radioType), channel().radio.subBand);
         return setFrequency(channel().rxFrequency_kHz, frequency_kHz, range.MinRXFrequency,
                             range.MaxRXFrequency, range.FrequencyStepSize);
     });

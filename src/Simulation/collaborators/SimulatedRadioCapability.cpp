@@ -8,7 +8,7 @@ namespace zyr_simulation
 zyr_top_api::FrequencyCapability SimulatedRadioCapability::getFrequencyCapability()
 {
     return locked([&] {
-        auto capability = radioType(node().settings.radioType).frequencies;
+        auto capability = frequenciesOf(radioType(node().settings.radioType), channel().radio.subBand);
         capability.DuplexType = node().settings.duplexType;
         return capability;
     });

@@ -1,6 +1,7 @@
 #include "SimulatedRauHandler.h"
 
 #include "Processes.h"
+#include "RadioType.h"
 
 namespace zyr_simulation
 {
@@ -45,9 +46,21 @@ bool SimulatedRauHandler::isAvailable()
 
 ERAUHResult SimulatedRauHandler::triggerRestart(unsigned /*restartType*/)
 {
-    return perform<ERAUHResult>("triggerRestart", [&] {
+    if (const auto code = fault("triggerRestart")) {
+        locked([&] {
+            if (radio().restart != RadioRestartStatus::Restarting) {
+                radio().restart = RadioRestartStatus::RestartFailed;
+            }
+        });
+        return static_cast<ERAUHResult>(*code);
+    }
+    return locked([&] {
+        if (radio().restart == RadioRestartStatus::Restarting) {
+            return zyr_top_api::eRAUH_E_RADIO_NOT_UP;
+        }
         radio().restart = RadioRestartStatus::Restarting;
         radio().restartEndsAt = node().settleAfter(kRadioRestartTime);
+        return zyr_top_api::eRAUH_S_OK;
     });
 }
 
@@ -58,7 +71,13 @@ RadioRestartStatus SimulatedRauHandler::getRestartStatus()
 
 ERAUHResult SimulatedRauHandler::endRestart()
 {
-    return perform<ERAUHResult>("endRestart", [&] { radio().restart = RadioRestartStatus::Idle; });
+    return perform<ERAUHResult>("endRestart", [&] {
+        if (radio().restart == RadioRestartStatus::Restarting) {
+            return zyr_top_api::eRAUH_E_RADIO_NOT_UP;
+        }
+        radio().restart = RadioRestartStatus::Idle;
+        return zyr_top_api::eRAUH_S_OK;
+    });
 }
 
 bool SimulatedRauHandler::isPowerSupplied()
@@ -68,7 +87,14 @@ bool SimulatedRauHandler::isPowerSupplied()
 
 ERAUHResult SimulatedRauHandler::setPowerSupplied(std::uint32_t value)
 {
-    return perform<ERAUHResult>("setPowerSupplied", [&] { radio().isPowerSupplied = value != 0; });
+    return perform<ERAUHResult>("setPowerSupplied", [&] {
+        const bool isSupplied = value != 0;
+        if (isSupplied && !radio().isPowerSupplied) {
+            radio().startEndsAt = node().settleAfter(kRadioStartTime);
+        }
+        radio().isStarting = isSupplied && (radio().isStarting || !radio().isPowerSupplied);
+        radio().isPowerSupplied = isSupplied;
+    });
 }
 
 ETIResult SimulatedRauHandler::setActiveSubBand(unsigned char subBand)
@@ -76,6 +102,9 @@ ETIResult SimulatedRauHandler::setActiveSubBand(unsigned char subBand)
     return perform<ETIResult>("setActiveSubBand", [&] {
         if (!radio().isUp()) {
             return zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED;
+        }
+        if (subBand > kSubBands) {
+            return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
         radio().subBand = subBand;
         return zyr_top_api::eTI_S_OK;

@@ -22,21 +22,28 @@ class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, kRau
     /// Whether the unit answers: it is there, has power and isn't restarting.
     bool isAvailable() override;
 
-    /// The restart takes `kRadioRestartTime` and fails if the unit isn't there then.
+    /// The restart takes `kRadioRestartTime`; it fails if the unit isn't there or has no power at its end.
+    /// Refused during a restart. A fault makes it a restart that failed at once, with the unit left as it
+    /// was.
     zyr_top_api::ERAUHResult triggerRestart(unsigned restartType) override;
     zyr_top_api::RadioRestartStatus getRestartStatus() override;
+
+    /// Refused during a restart, which goes on.
     zyr_top_api::ERAUHResult endRestart() override;
     bool isPowerSupplied() override;
 
-    /// Any number but 0 gives power.
+    /// Any number but 0 gives power; a unit that had none is up `kRadioStartTime` later.
     zyr_top_api::ERAUHResult setPowerSupplied(std::uint32_t value) override;
+
+    /// 0 for the whole band, or one of its `kSubBands` parts. Frequencies that are set already stay.
     zyr_top_api::ETIResult setActiveSubBand(unsigned char subBand) override;
 
     /// Refused by a unit with one transmitter.
     zyr_top_api::ERAUHResult setTxIfSwitch2T2R(unsigned mode, unsigned channelIndex) override;
 
     /// Transmitter 255 stands for both: the mode's lower two bits are for the first one, the next two for the
-    /// second.
+    /// second. Two zero bits switch a transmitter on, all others switch it off: on a unit with two
+    /// transmitters half the signal is gone then, in both directions, and all of it with both off.
     zyr_top_api::ERAUHResult setPowerMode(zyr_top_api::RauPowerMode mode) override;
     zyr_top_api::ERAUHResult getPowerMode(unsigned char trxId, unsigned char& powerMode) override;
     bool isRau2T2R() override;

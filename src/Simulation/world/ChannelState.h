@@ -183,22 +183,45 @@ struct SpectrumScanState
     bool isRunning() const { return isStarted && results.size() < points; }
 };
 
+/// How many transmitters of the radio unit are switched on, and of how many.
+struct TransmittersOn
+{
+    unsigned on = 1;
+    unsigned all = 1;
+};
+
 /// The radio unit.
 struct RadioState
 {
     bool isAvailable = true; ///< The unit answers; set from outside.
     bool isPowerSupplied = true;
+    bool isStarting = false; ///< It has got power, and isn't up yet.
+    std::chrono::nanoseconds startEndsAt{0};
     zyr_top_api::RadioRestartStatus restart = zyr_top_api::RadioRestartStatus::Idle;
     std::chrono::nanoseconds restartEndsAt{0};
     unsigned preparations = 0; ///< How many restarts power control has been prepared for.
-    unsigned subBand = 0;
-    unsigned powerMode = 0; ///< Two bits for each transmitter, the first one's lowest.
+    unsigned subBand = 0;      ///< 0 for the whole band.
+    unsigned powerMode = 0; ///< Two bits for each transmitter, the first one's lowest; 0 is on, others off.
     std::map<unsigned, unsigned> ifSwitchModes = {}; ///< By the channel's index, 0 or 1.
 
     /// Whether the unit can serve now.
     bool isUp() const
     {
-        return isAvailable && isPowerSupplied && restart != zyr_top_api::RadioRestartStatus::Restarting;
+        return isAvailable && isPowerSupplied && !isStarting &&
+               restart != zyr_top_api::RadioRestartStatus::Restarting;
+    }
+
+    /// The transmitters that the power mode leaves on. A unit with a single one takes no part in power modes.
+    TransmittersOn transmittersOn(bool twoTransmitters) const
+    {
+        if (!twoTransmitters) {
+            return {};
+        }
+        constexpr unsigned firstBits = 0x3;
+        constexpr unsigned secondBits = 0xC;
+        const unsigned first = (powerMode & firstBits) == 0 ? 1 : 0;
+        const unsigned second = (powerMode & secondBits) == 0 ? 1 : 0;
+        return {first + second, 2};
     }
 };
 

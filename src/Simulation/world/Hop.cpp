@@ -28,6 +28,7 @@ constexpr double kNoiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with th
 constexpr std::int32_t kSnirCeiling_dBTenths = 450;
 constexpr double kPowerStepPerBit_dBTenths = 5.0;
 constexpr std::int32_t kLoopLoss_dBTenths = 500; ///< From the transmitter back to the receiver.
+constexpr double kLossOfATransceiver_dBTenths = 30.0;
 
 /// Below this distance to the SNIR that the modulation needs, blocks come errored: up to so many of them.
 constexpr double kScarceMargin_dBTenths = 10.0;
@@ -76,6 +77,13 @@ std::int32_t snirOf(std::int32_t level, double interference_mW, const ChannelSta
     return rounded(-100.0 * std::log10(std::pow(10.0, -snr / 100.0) + std::pow(10.0, -disturbed / 100.0)));
 }
 
+/// What the signal lacks while a transceiver of the unit is switched off: its half.
+double lossOfTransceivers_dBTenths(const NodeState& node, const ChannelState& channel)
+{
+    const auto transmitters = channel.radio.transmittersOn(node.settings.twoTransmitters);
+    return transmitters.on == transmitters.all ? 0.0 : kLossOfATransceiver_dBTenths;
+}
+
 std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel, double attenuation)
 {
     const auto& transmitter = channel.transmitter;
@@ -85,8 +93,10 @@ std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel
     const bool isOpen = transmitter.loopMode == ForceLoopMode::OpenLoop;
     const auto wanted = isOpen ? transmitter.maxPower : level(transmitter.farEndTarget + attenuation);
     const auto power = level(std::clamp(wanted, transmitter.minPower, transmitter.maxPower));
-    return transmitter.ignoresLimits ? power
-                                     : std::min(power, greatestPower(node, channel, channel.minModulation));
+    const auto limited = transmitter.ignoresLimits
+                             ? power
+                             : std::min(power, greatestPower(node, channel, channel.minModulation));
+    return level(limited - lossOfTransceivers_dBTenths(node, channel));
 }
 
 /// Whether a test signal goes out in place of traffic. The far end can't lock to it, and then takes the link
@@ -209,7 +219,8 @@ bool receives(const NodeState& node, const ChannelState& channel)
     const bool isSignalThere = channel.loops.isClosed()
                                    ? channel.transmitter.status == ETxPowerActualStatus::On
                                    : node.settings.farEndTransmits;
-    return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0 && !channel.scan.isRunning();
+    return isSignalThere && channel.radio.isUp() && channel.rxFrequency_kHz != 0 &&
+           !channel.scan.isRunning() && channel.radio.transmittersOn(node.settings.twoTransmitters).on > 0;
 }
 
 /// The received level of a path: of the channel's own signal if a loop is closed.
@@ -219,7 +230,8 @@ std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, d
         return kNoLevel_dBmTenths;
     }
     return channel.loops.isClosed() ? level(channel.transmitter.power - kLoopLoss_dBTenths)
-                                    : level(node.settings.farEndTxPower_dBmTenths - attenuation);
+                                    : level(node.settings.farEndTxPower_dBmTenths - attenuation -
+                                            lossOfTransceivers_dBTenths(node, channel));
 }
 
 /// A level of none has no SNIR either.

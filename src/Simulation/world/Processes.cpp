@@ -24,19 +24,23 @@ using zyr_top_api::SdcStatus;
 using zyr_top_api::TapsLogData;
 using zyr_top_api::TxRequestedStatus;
 
-void settleRadio(RadioState& radio, nanoseconds now)
+void settleRadio(NodeState& node, ChannelState& channel, nanoseconds now)
 {
+    auto& radio = channel.radio;
+    radio.isStarting = radio.isStarting && now < radio.startEndsAt;
     if (radio.restart == RadioRestartStatus::Restarting && now >= radio.restartEndsAt) {
-        radio.restart =
-            radio.isAvailable ? RadioRestartStatus::RestartSuccessful : RadioRestartStatus::RestartFailed;
+        const bool isThere = radio.isAvailable && radio.isPowerSupplied;
+        radio.restart = isThere ? RadioRestartStatus::RestartSuccessful : RadioRestartStatus::RestartFailed;
     }
+    node.alarms.set(alarm::kRadioDown, channel.number, !radio.isUp());
 }
 
-ETxPowerActualStatus wantedStatus(const ChannelState& channel)
+ETxPowerActualStatus wantedStatus(const NodeState& node, const ChannelState& channel)
 {
     const auto& transmitter = channel.transmitter;
     const bool on = transmitter.overridden == ETxPowerOverrideState::AsRequested &&
-                    transmitter.requested == TxRequestedStatus::On && channel.radio.isUp();
+                    transmitter.requested == TxRequestedStatus::On && channel.radio.isUp() &&
+                    channel.radio.transmittersOn(node.settings.twoTransmitters).on > 0;
     return on ? ETxPowerActualStatus::On : ETxPowerActualStatus::Off;
 }
 
@@ -47,7 +51,7 @@ void settleTransmitter(NodeState& node, ChannelState& channel, nanoseconds now)
         transmitter.status = transmitter.target;
         node.alarms.set(alarm::kTxOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
     }
-    const auto wanted = wantedStatus(channel);
+    const auto wanted = wantedStatus(node, channel);
     if (transmitter.target != wanted) {
         transmitter.target = wanted;
         transmitter.switchesAt = node.settleAfter(kTransmitterSwitchTime);
@@ -172,7 +176,7 @@ void beginCalibration(NodeState& node, BasebandSdcState& sdc)
 void settleProcesses(NodeState& node, ChannelState& channel)
 {
     const auto now = node.now();
-    settleRadio(channel.radio, now);
+    settleRadio(node, channel, now);
     settleTransmitter(node, channel, now);
     settleBasebandSdc(node, channel.basebandSdc, now);
     settleMimo(channel, now);

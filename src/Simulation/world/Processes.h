@@ -11,6 +11,7 @@ namespace zyr_simulation
 
 inline constexpr std::chrono::milliseconds kTransmitterSwitchTime{300};
 inline constexpr std::chrono::seconds kRadioRestartTime{3};
+inline constexpr std::chrono::seconds kRadioStartTime{2};
 inline constexpr std::chrono::seconds kDspRecoveryWithoutConfigTime{2};
 inline constexpr std::chrono::seconds kDspRecoveryTime{5};
 inline constexpr std::chrono::seconds kDadeCalibrationTime{2};
@@ -27,9 +28,10 @@ void settleDspRecovery(NodeState& node);
 /// Begins a calibration of the combiner in the baseband.
 void beginCalibration(NodeState& node, BasebandSdcState& sdc);
 
-/// Ends what is due on a channel: a switch of the transmitter (with the alarm "TxOff"), a restart of the
-/// radio unit, calibrations, the switching of the combiners, the sweep of a slave. Samples of TAPS are taken
-/// and points of a scan measured. A transmitter whose request has changed begins to switch.
+/// Ends what is due on a channel: a switch of the transmitter (with the alarm "TxOff"), a start or restart
+/// of the radio unit (with the alarm "RadioDown"), calibrations, the switching of the combiners, the sweep of
+/// a slave. Samples of TAPS are taken and points of a scan measured. A transmitter whose request has changed
+/// begins to switch.
 void settleProcesses(NodeState& node, ChannelState& channel);
 
 } // namespace zyr_simulation

@@ -78,4 +78,23 @@ const RadioType& radioType(unsigned number)
     return kTypes[number - 1];
 }
 
+FrequencyCapability frequenciesOf(const RadioType& type, unsigned subBand)
+{
+    auto frequencies = type.frequencies;
+    if (subBand == 0) {
+        return frequencies;
+    }
+    const auto steps = frequencies.MaxTXFrequencyStep / kSubBands;
+    const auto first = steps * (subBand - 1);
+    const auto last = first + steps;
+    frequencies.FrequencySubBand = subBand;
+    frequencies.MinTXFrequencyStep = frequencies.MinRXFrequencyStep = first;
+    frequencies.MaxTXFrequencyStep = frequencies.MaxRXFrequencyStep = last;
+    frequencies.MinTXFrequency = frequencies.TXBaseFrequency + first * frequencies.FrequencyStepSize;
+    frequencies.MaxTXFrequency = frequencies.TXBaseFrequency + last * frequencies.FrequencyStepSize;
+    frequencies.MinRXFrequency = frequencies.RXBaseFrequency + first * frequencies.FrequencyStepSize;
+    frequencies.MaxRXFrequency = frequencies.RXBaseFrequency + last * frequencies.FrequencyStepSize;
+    return frequencies;
+}
+
 } // namespace zyr_simulation

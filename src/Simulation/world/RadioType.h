@@ -34,4 +34,11 @@ struct RadioType
 /// @throws std::invalid_argument for another number
 const RadioType& radioType(unsigned number);
 
+/// The sub-bands of a radio unit: equal parts of its band, numbered from 1 upwards.
+inline constexpr unsigned kSubBands = 4;
+
+/// The frequencies of a unit whose active sub-band is this one, 0 for the whole band. The bases stay those of
+/// the band.
+zyr_top_api::FrequencyCapability frequenciesOf(const RadioType& type, unsigned subBand);
+
 } // namespace zyr_simulation
