@@ -182,11 +182,18 @@ NodeReport reportOf(const SimulatedNode& node)
     for (auto& alarm : snapshot.alarms) {
         alarms.push_back({std::move(alarm), wireTime(alarm.changedAt)});
     }
+    std::vector<RouteReport> routes;
+    for (const auto& [route, destination] : snapshot.routes) {
+        routes.push_back({route.first, route.second, destination});
+    }
     return {.hangingLongPolls = node.alarmHandler().hangingRequests(),
             .systemTime = wireTime(snapshot.systemTime),
             .hardwareTime = snapshot.settings.hostClock ? "" : wireTime(snapshot.hardwareTime),
             .hopLengthTime_ns = snapshot.hopLatency_ns,
+            .isDspRecovering = snapshot.dsp.isRecovering,
+            .dspRecoveries = snapshot.dsp.recoveries,
             .channels = std::move(snapshot.channels),
+            .routes = std::move(routes),
             .interferers = std::move(snapshot.interferers),
             .alarms = std::move(alarms),
             .faults = std::move(snapshot.faults)};

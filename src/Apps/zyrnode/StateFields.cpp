@@ -14,6 +14,7 @@ namespace zyr_registration
 using zyr_node::AlarmReport;
 using zyr_node::FaultList;
 using zyr_node::NodeReport;
+using zyr_node::RouteReport;
 using zyr_simulation::ChainDelays;
 using zyr_simulation::ChannelState;
 using zyr_simulation::DspChannelState;
@@ -83,7 +84,12 @@ struct RecordFields<RadioState>
     static constexpr std::array fields{
         field<&RadioState::isAvailable>("whether the radio unit answers"),
         field<&RadioState::isPowerSupplied>("whether it has power"),
+        field<&RadioState::isStarting>("whether it starts behind a loss of power"),
         field<&RadioState::restart>("how its restart stands"),
+        field<&RadioState::subBand>("active sub-band, 1 to 4, or 0 for the whole band", {.unit = kNoUnit}),
+        field<&RadioState::powerMode>("two bits for each transmitter, the first one's lowest; 0 is on, "
+                                      "anything else off",
+                                      {.unit = kNoUnit}),
     };
 };
 
@@ -189,6 +195,17 @@ struct RecordFields<AlarmReport>
 };
 
 template <>
+struct RecordFields<RouteReport>
+{
+    static constexpr bool isPart = true;
+    static constexpr std::array fields{
+        field<&RouteReport::type>("what the route leads from and to"),
+        field<&RouteReport::channel>("radio channel", {.unit = kNoUnit}),
+        field<&RouteReport::destination>("where it leads", {.unit = kNoUnit}),
+    };
+};
+
+template <>
 struct RecordFields<NodeReport>
 {
     static constexpr std::array fields{
@@ -196,7 +213,10 @@ struct RecordFields<NodeReport>
         field<&NodeReport::systemTime>("the node's system clock"),
         field<&NodeReport::hardwareTime>("its hardware clock; empty if they are the host's"),
         field<&NodeReport::hopLengthTime_ns>("travelling time of the hop", {.unit = "ns"}),
+        field<&NodeReport::isDspRecovering>("whether the DSP restarts now"),
+        field<&NodeReport::dspRecoveries>("restarts of the DSP since the node started", {.unit = kNoUnit}),
         field<&NodeReport::channels>("radio channels, the first one first"),
+        field<&NodeReport::routes>("routes that have been set, by type and channel"),
         field<&NodeReport::interferers>("foreign transmitters that the receivers hear"),
         field<&NodeReport::alarms>("all alarms that have ever been raised"),
         field<&NodeReport::faults>("orders to fail that aren't used up"),

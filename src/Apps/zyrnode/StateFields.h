@@ -3,6 +3,7 @@
 #include "AlarmEvent.h"
 #include "FaultInjector.h"
 #include "NodeSnapshot.h"
+#include "RouteType.h"
 #include "ValueType.h"
 
 #include <cstdint>
@@ -12,6 +13,14 @@
 
 namespace zyr_node
 {
+
+/// A route of the node.
+struct RouteReport
+{
+    zyr_top_api::RouteType type{};
+    unsigned channel = 0;
+    unsigned destination = 0;
+};
 
 /// An alarm with its time.
 struct AlarmReport : zyr_top_api::AlarmEvent
@@ -26,7 +35,10 @@ struct NodeReport
     std::string systemTime;
     std::string hardwareTime; ///< Empty with the host's clocks.
     std::uint32_t hopLengthTime_ns = 0;
+    bool isDspRecovering = false;
+    unsigned dspRecoveries = 0;
     std::vector<zyr_simulation::ChannelState> channels;
+    std::vector<RouteReport> routes;
     std::vector<zyr_simulation::Interferer> interferers;
     std::vector<AlarmReport> alarms;
     std::vector<zyr_simulation::Fault> faults;
