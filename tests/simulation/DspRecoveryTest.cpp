@@ -108,16 +108,66 @@ TEST_F(DspRecoveryTest, fullRecoveryTakesLongerAndBeginsTheCountsAnew)
     EXPECT_EQ(node().snapshot().dsp.lastRecovery, Recover::Dsp);
 }
 
-TEST_F(DspRecoveryTest, secondRecoveryBeginsTheFirstAgain)
+TEST_F(DspRecoveryTest, recoveryDuringAnotherIsRefusedAndTheFirstGoesOn)
 {
     EXPECT_EQ(controller().startDspRecovery(Recover::DspWithoutConfig), 0U);
     time().advance(1500ms);
-    EXPECT_EQ(controller().startDspRecovery(Recover::DspWithoutConfig), 0U);
-    time().advance(1999ms);
+    EXPECT_EQ(controller().startDspRecovery(Recover::Dsp), 0x8003U);
+    time().advance(499ms);
+    EXPECT_EQ(controller().startDspRecovery(Recover::DspWithoutConfig), 0x8003U);
     EXPECT_TRUE(node().snapshot().dsp.isRecovering);
     time().advance(1ms);
     EXPECT_FALSE(node().snapshot().dsp.isRecovering);
-    EXPECT_EQ(node().snapshot().dsp.recoveries, 2U);
+    EXPECT_EQ(node().snapshot().dsp.recoveries, 1U);
+    EXPECT_EQ(controller().startDspRecovery(Recover::Dsp), 0U);
+}
+
+TEST_F(DspRecoveryTest, recoveryThatAConfigurationNeedsBeginsTheRunningOneAgain)
+{
+    const auto recoverInTheMidst = [&] {
+        EXPECT_EQ(controller().startDspRecovery(Recover::DspWithoutConfig), 0U);
+        time().advance(1500ms);
+        EXPECT_EQ(controller().startDspRecovery(Recover::DspWithoutConfig), 0U);
+        time().advance(1999ms);
+        EXPECT_TRUE(node().snapshot().dsp.isRecovering);
+        time().advance(1ms);
+        EXPECT_FALSE(node().snapshot().dsp.isRecovering);
+    };
+    EXPECT_EQ(power(2).overrideTxPowerState(zyr_top_api::ETxPowerOverrideState::ForcedOff), 0U);
+    recoverInTheMidst();
+    EXPECT_EQ(power(2).overrideTxPowerState(zyr_top_api::ETxPowerOverrideState::AsRequested), 0U);
+    EXPECT_EQ(acm(1).muteAcm(), 0U);
+    recoverInTheMidst();
+    EXPECT_EQ(node().snapshot().dsp.recoveries, 4U);
+}
+
+TEST_F(DspRecoveryTest, allChannelsCarryTheirTrafficAgainAsConfigured)
+{
+    startNode({.fading_dBTenths = 0});
+    configure(1);
+    configure(2, 102, ModulationAndCoding::QAM_4_STRONG, ModulationAndCoding::QAM_64);
+    transmit(1, 0, 100);
+    transmit(2, 0, 100);
+    time().advance(10s);
+    const auto before = node().snapshot();
+    EXPECT_EQ(controller().startDspRecovery(Recover::Dsp), 0U);
+    time().advance(1s);
+    EXPECT_EQ(alarms(), "DspRecovery 0 active 1\nLinkDown 1 active 1\nLinkDown 2 active 1\n");
+    EXPECT_EQ(acm(1).getCurrentTxModulationAndCode(), ModulationAndCoding::UNDEFINED);
+    time().advance(4s);
+    EXPECT_EQ(alarms(), "DspRecovery 0 inactive 1\nLinkDown 1 inactive 1\nLinkDown 2 inactive 1\n");
+    const auto after = node().snapshot();
+    for (const unsigned index : {0U, 1U}) {
+        const auto& was = before.channels[index];
+        const auto& is = after.channels[index];
+        EXPECT_EQ(is.configuration(), EDspChannelState::Configured);
+        EXPECT_EQ(is.radioFrameId, was.radioFrameId);
+        EXPECT_EQ(is.txFrequency_kHz, was.txFrequency_kHz);
+        EXPECT_EQ(is.receiver.rxModulation, was.receiver.rxModulation);
+        EXPECT_EQ(is.receiver.txModulation, was.receiver.txModulation);
+        EXPECT_EQ(is.transmitter.power, was.transmitter.power);
+    }
+    EXPECT_EQ(after.channels[1].receiver.rxModulation, ModulationAndCoding::QAM_64);
 }
 
 TEST_F(DspRecoveryTest, whatIsNoRecoveryIsRefused)
