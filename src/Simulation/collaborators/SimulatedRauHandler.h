@@ -41,9 +41,9 @@ class SimulatedRauHandler final : public SimulatedCollaborator<IRauHandler, kRau
     /// Refused by a unit with one transmitter.
     zyr_top_api::ERAUHResult setTxIfSwitch2T2R(unsigned mode, unsigned channelIndex) override;
 
-    /// Transmitter 255 stands for both: the mode's lower two bits are for the first one, the next two for the
-    /// second. Two zero bits switch a transmitter on, all others switch it off: on a unit with two
-    /// transmitters half the signal is gone then, in both directions, and all of it with both off.
+    /// Transceiver 255 stands for both, 0 and others for none. The mode's lower two bits are for the first
+    /// one, the next two for the second. Two zero bits switch a transceiver on, all others switch it off: on
+    /// a unit with two of them half the signal is gone then, in both directions, and all of it with both off.
     zyr_top_api::ERAUHResult setPowerMode(zyr_top_api::RauPowerMode mode) override;
     zyr_top_api::ERAUHResult getPowerMode(unsigned char trxId, unsigned char& powerMode) override;
     bool isRau2T2R() override;

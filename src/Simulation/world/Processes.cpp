@@ -47,14 +47,16 @@ ETxPowerActualStatus wantedStatus(const NodeState& node, const ChannelState& cha
 void settleTransmitter(NodeState& node, ChannelState& channel, nanoseconds now)
 {
     auto& transmitter = channel.transmitter;
-    if (transmitter.status != transmitter.target && now >= transmitter.switchesAt) {
-        transmitter.status = transmitter.target;
-        node.alarms.set(alarm::kTxOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
-    }
     const auto wanted = wantedStatus(node, channel);
     if (transmitter.target != wanted) {
         transmitter.target = wanted;
         transmitter.switchesAt = node.settleAfter(kTransmitterSwitchTime);
+    }
+    // A unit that isn't up sends nothing from that moment on.
+    const bool isDue = now >= transmitter.switchesAt || !channel.radio.isUp();
+    if (transmitter.status != transmitter.target && isDue) {
+        transmitter.status = transmitter.target;
+        node.alarms.set(alarm::kTxOff, channel.number, transmitter.status == ETxPowerActualStatus::Off);
     }
 }
 
