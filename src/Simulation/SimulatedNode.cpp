@@ -107,6 +107,7 @@ SimulatedNode::SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::
     if (!options.hostClock) {
         m_clocks.emplace(*m_state);
     }
+    m_startUp.emplace(options.startUp);
     m_state->start();
 }
 

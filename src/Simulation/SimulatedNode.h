@@ -11,6 +11,7 @@
 #include "SimulatedAlarmHandler.h"
 #include "SimulatedClocks.h"
 #include "SimulatedNodeOptions.h"
+#include "StartUpState.h"
 #include "TimeSource.h"
 
 #include <cstdint>
@@ -30,7 +31,9 @@ namespace zyr_simulation
 /// follows from the options and from what is called alone. All operations may be called from any thread; the
 /// node must outlive all calls of its collaborators, and the time source must outlive the node.
 ///
-/// Unless it has the host's clocks, its own ones are those of the process as long as it lives.
+/// Unless it has the host's clocks, its own ones are those of the process as long as it lives. Its start-up
+/// state is that of the process too: the node begins with the one of its options, and the one before it comes
+/// back at the end.
 class SimulatedNode
 {
   public:
@@ -143,6 +146,7 @@ class SimulatedNode
     zyr_platform::Registration m_closingPhase;
     std::optional<HardwareVariables> m_hardwareVariables;
     std::optional<SimulatedClocks> m_clocks;
+    std::optional<zyr_platform::StartUpState> m_startUp;
     SimulatedAlarmHandler* m_alarmHandler = nullptr;
 };
 

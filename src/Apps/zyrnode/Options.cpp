@@ -7,6 +7,7 @@
 #include <charconv>
 #include <iostream>
 #include <limits>
+#include <map>
 #include <regex>
 #include <stdexcept>
 
@@ -48,6 +49,19 @@ auto forOption(const std::string& option, const std::string& text, const Parse& 
     }
 }
 
+void addStart(CLI::App& app, Options& options)
+{
+    const std::map<std::string, Zyr::ZyrInitState> starts{{"cold", Zyr::ZyrInitState::ColdRestart},
+                                                          {"warm", Zyr::ZyrInitState::WarmRestart},
+                                                          {"normal", Zyr::ZyrInitState::NormalOperation}};
+    app.add_option_function<std::string>(
+           "--start", [&options, starts](const std::string& text) { options.node.startUp = starts.at(text); },
+           "What the node starts behind: cold, a restart that left nothing configured; warm, one that left "
+           "the channels to carry their traffic; CRI.WarmInitCompleted ends both. Default normal, no restart")
+        ->check(CLI::IsMember(starts))
+        ->type_name("cold|warm|normal");
+}
+
 void addOptions(CLI::App& app, Options& options)
 {
     app.set_version_flag("--version", std::string(ZYR_VERSION));
@@ -70,11 +84,14 @@ void addOptions(CLI::App& app, Options& options)
         app.add_option("--tls-key", options.tlsKeyFile, "Private key, PEM, mode 0600")->type_name("FILE");
     certificate->needs(key);
     key->needs(certificate);
+    addStart(app, options);
     app.add_option("--channels", options.node.channels, "Radio channels, 1 or 2. Default 2")
         ->check(CLI::Range(1, 2));
     app.add_option("--radio-type", options.node.radioType,
                    "Radio units: 1 of the 15 GHz band, 2 of the 23 GHz band, 3 of the 6 GHz band. Default 1")
         ->check(CLI::Range(1, 3));
+    app.add_flag("--two-transmitters", options.node.twoTransmitters,
+                 "Radio units with two transmitters and two receivers");
     app.add_option("--fading", options.node.fading_dBTenths,
                    "Amplitude of the hop's slow fading, 0.1 dB, 0 for none. Default 5")
         ->check(CLI::Range(0, 1000));

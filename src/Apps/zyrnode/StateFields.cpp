@@ -5,6 +5,7 @@
 #include "Vocabularies.h"
 
 #include <array>
+#include <string_view>
 
 // Which parts of the simulated node's state are shown, and how they are called.
 
@@ -32,12 +33,26 @@ struct EnumVocabulary<zyr_top_api::ETxPowerActualStatus>
                        zyr_top_api::ETxPowerActualStatus::Standby>
 {};
 
+// What faults of restarts and of the radio unit's services lead to.
+constexpr std::string_view kOperationHelp =
+    "name of its operation. What restarts and radio units make of a fault: "
+    "RecoveryController.startDspRecovery: no recovery begins, and CRI.StartRecovery fails; "
+    "IRauHandler.triggerRestart: the restart is RestartFailed at once, the unit stays up; "
+    "IRauHandler.endRestart: the restart stays open; "
+    "IRauHandler.setPowerSupplied: the power stays as it is, though the command succeeds; "
+    "IRauHandler.setActiveSubBand, setPowerMode, getPowerMode: the command fails; "
+    "ISystemPowerController.prepareRadioRestart: the unit restarts all the same; "
+    "ISystemPowerController.syncAfterWarmRestart, IAcmHandler.syncAfterWarmRestart: the channel is not "
+    "synchronised, though the start-up is completed; "
+    "IRouteUpdater.updateRoute, IHardwareConfigurationHandler.setRauCarrierAggregation: nothing is "
+    "set, though the command succeeds";
+
 template <>
 struct RecordFields<Fault>
 {
     static constexpr std::array fields{
         field<&Fault::collaborator>("name of the interface", {.example = "IAcmHandler"}),
-        field<&Fault::operation>("name of its operation", {.example = "enableAcm"}),
+        field<&Fault::operation>(kOperationHelp, {.example = "enableAcm"}),
         field<&Fault::channel>("radio channel whose collaborator fails, 0 for any",
                                {.unit = kNoUnit, .hasDefault = true}),
         field<&Fault::code>("what the operation answers", {.unit = kNoUnit, .example = "32768"}),
@@ -74,6 +89,8 @@ struct RecordFields<TransmitterState>
         field<&TransmitterState::minPower>("commanded window", {.unit = "0.1 dBm"}),
         field<&TransmitterState::maxPower>("commanded window", {.unit = "0.1 dBm"}),
         field<&TransmitterState::power>("transmitted now", {.unit = "0.1 dBm"}),
+        field<&TransmitterState::warmRestartSyncs>("synchronisations of power control behind warm restarts",
+                                                   {.unit = kNoUnit}),
     };
 };
 
@@ -86,6 +103,7 @@ struct RecordFields<RadioState>
         field<&RadioState::isPowerSupplied>("whether it has power"),
         field<&RadioState::isStarting>("whether it starts behind a loss of power"),
         field<&RadioState::restart>("how its restart stands"),
+        field<&RadioState::preparations>("restarts that power control was prepared for", {.unit = kNoUnit}),
         field<&RadioState::subBand>("active sub-band, 1 to 4, or 0 for the whole band", {.unit = kNoUnit}),
         field<&RadioState::powerMode>("two bits for each transmitter, the first one's lowest; 0 is on, "
                                       "anything else off",
@@ -164,6 +182,7 @@ struct RecordFields<ChannelState>
         field<&ChannelState::number>("radio channel", {.isChannel = true}),
         field<&ChannelState::acmEnabled>("whether ACM is on"),
         field<&ChannelState::acmMuted>("whether ACM is held at the lowest modulation"),
+        field<&ChannelState::acmSyncs>("synchronisations of ACM behind warm restarts", {.unit = kNoUnit}),
         field<&ChannelState::modulationDisabled>("whether a test signal is sent in place of traffic"),
         field<&ChannelState::minModulation>("lowest modulation allowed"),
         field<&ChannelState::maxModulation>("highest modulation allowed"),

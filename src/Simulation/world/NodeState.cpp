@@ -4,6 +4,7 @@
 #include "Pps.h"
 #include "Processes.h"
 #include "RadioType.h"
+#include "WarmRestart.h"
 
 #include <stdexcept>
 #include <string>
@@ -38,6 +39,9 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
         channel.xpic.preamble = number == 1 ? zyr_top_api::XpicMimoPreamble::Preamble_A
                                             : zyr_top_api::XpicMimoPreamble::Preamble_B;
         channel.receiver.settledAt = now();
+        if (options.startUp == Zyr::ZyrInitState::WarmRestart) {
+            resumeTraffic(*this, channel);
+        }
     }
 }
 

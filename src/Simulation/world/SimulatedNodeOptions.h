@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Zyr.h"
+
 #include <cstdint>
 
 namespace zyr_simulation
@@ -11,6 +13,10 @@ struct SimulatedNodeOptions
 {
     unsigned channels = 2;  ///< Radio channels, 1 or 2.
     std::uint32_t seed = 1; ///< What is left to chance follows from this number and the time alone.
+
+    /// What the node starts behind. A warm restart leaves the channels to carry traffic as they did before it,
+    /// see `resumeTraffic`; else nothing is configured yet.
+    Zyr::ZyrInitState startUp = Zyr::ZyrInitState::NormalOperation;
 
     // The radio units and the modem.
     unsigned radioType = 1; ///< 1 to 3, the rows of `radioType`.
