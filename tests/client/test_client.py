@@ -49,7 +49,13 @@ def run(*words, url=None, stdin="", **more):
     return done.returncode, done.stdout, done.stderr
 
 
-def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), size=None, **more):
+def own_the_terminal():
+    """Makes standard input the terminal of a session of its own, so that what is typed can interrupt."""
+    os.setsid()
+    fcntl.ioctl(0, termios.TIOCSCTTY, 0)
+
+
+def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), size=None, own_terminal=False, **more):
     """Runs the program on a terminal; types when it has written `wait_for`. Gives status and all it wrote.
 
     Goes on with the pairs in `then`: what to wait for, and what to type. The size is that of the terminal, lines and
@@ -60,6 +66,7 @@ def run_on_terminal(*words, url=None, typed="", wait_for=None, then=(), size=Non
     if size:
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", *size, 0, 0))
     with subprocess.Popen([ZYRCTL, *words], stdin=slave, stdout=slave, stderr=slave,
+                          preexec_fn=own_the_terminal if own_terminal else None,
                           env=environment(url, **more)) as process:
         os.close(slave)
         written = b""
@@ -365,6 +372,190 @@ class Events(NodeTest):
         self.assertEqual(run("events", "--follow", url="http://127.0.0.1:1/RPC2")[0], 3)
 
 
+class Restart(NodeTest):
+    ASK, TRIGGER, END = (("CRI.RestartRadio", [{"RadioChannelID": 2, "Action": action}])
+                         for action in ("GetStatus", "TriggerRestart", "EndRestart"))
+    IDLE, RESTARTING, SUCCESSFUL, FAILED = ({"tiResult": 0, "Status": number} for number in (1, 2, 3, 4))
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_command("CRI.RestartRadio")
+
+    def answer(self, *answers):
+        self.node.answers["CRI.RestartRadio"] = list(answers)
+
+    def test_triggers_polls_and_ends(self):
+        self.answer(self.IDLE, self.RESTARTING, self.RESTARTING, self.SUCCESSFUL, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait", "--yes"),
+                         (0, "the radio unit of channel 2 has restarted\n", ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.TRIGGER, self.ASK, self.ASK, self.END])
+
+    def test_shows_progress_on_a_terminal(self):
+        self.answer(self.IDLE, self.RESTARTING, self.RESTARTING, self.SUCCESSFUL, self.IDLE)
+        status, out = run_on_terminal("restart", "2", "--wait", "--yes", url=self.node.url)
+        self.assertEqual(status, 0)
+        self.assertRegex(out, r"^\r\x1b\[Kthe restart of the radio unit of channel 2 \d\.\d s\r\x1b\[K"
+                              r"the radio unit of channel 2 has restarted\n$")
+
+    def test_only_triggers_without_wait(self):
+        self.answer(self.IDLE, self.RESTARTING)
+        self.assertEqual(self.run_with_node("restart", "2", "--yes"), (0, (
+            "the radio unit of channel 2 restarts; zyrctl restart 2 --wait tells how it went\n"), ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.TRIGGER])
+
+    def test_failure_is_ended_and_gives_status_1(self):
+        self.answer(self.IDLE, self.FAILED, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait", "--yes"),
+                         (1, "", "zyrctl: the restart of the radio unit of channel 2 failed\n"))
+        self.assertEqual(self.node.calls, [self.ASK, self.TRIGGER, self.END])
+
+    def test_fault_of_the_trigger_gives_status_1(self):
+        self.answer(self.IDLE, xmlrpc.client.Fault(4, "channel 2: Radio is DOWN"))
+        self.assertEqual(self.run_with_node("restart", "2", "--wait", "--yes"),
+                         (1, "", "zyrctl: fault 4: channel 2: Radio is DOWN\n"))
+
+    def test_joins_a_running_restart_without_asking(self):
+        self.answer(self.RESTARTING, self.SUCCESSFUL, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait"), (
+            0, "the radio unit of channel 2 has restarted\n", "the radio unit of channel 2 is restarting already\n"))
+        self.assertEqual(self.node.calls, [self.ASK, self.ASK, self.END])
+
+    def test_waiting_tells_how_an_earlier_restart_went_that_is_still_open(self):
+        remark = "an earlier restart of the radio unit of channel 2 was not ended; this is how it went\n"
+        self.answer(self.SUCCESSFUL, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait"),
+                         (0, "the radio unit of channel 2 has restarted\n", remark))
+        self.assertEqual(self.node.calls, [self.ASK, self.END])
+        self.answer(self.FAILED, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait"),
+                         (1, "", remark + "zyrctl: the restart of the radio unit of channel 2 failed\n"))
+
+    def test_without_waiting_an_open_restart_is_followed_by_another(self):
+        self.answer(self.SUCCESSFUL, self.RESTARTING)
+        self.assertEqual(self.run_with_node("restart", "2", "--yes")[0], 0)
+        self.assertEqual(self.node.calls, [self.ASK, self.TRIGGER])
+
+    def test_outcome_is_told_to_programs(self):
+        self.answer(self.SUCCESSFUL, self.IDLE)
+        _, out, _ = self.run_with_node("--json", "restart", "2", "--wait")
+        self.assertEqual(json.loads(out), {"outcome": "RestartSuccessful"})
+        self.answer(self.RESTARTING)
+        _, out, _ = self.run_with_node("--json", "restart", "2")
+        self.assertEqual(json.loads(out), {"outcome": "Restarting"})
+
+    def test_answer_without_a_status_is_a_protocol_error(self):
+        self.answer({"tiResult": 0})
+        self.assertEqual(self.run_with_node("restart", "2", "--yes"), (
+            5, "", "zyrctl: CRI.RestartRadio does not tell how the restart stands\n"))
+
+    def test_tells_when_somebody_else_has_ended_it(self):
+        self.answer(self.IDLE, self.RESTARTING, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait", "--yes"), (1, "", (
+            "zyrctl: somebody else has ended the restart of the radio unit of channel 2, so how it went is not "
+            "known\n")))
+        self.assertEqual(self.node.calls, [self.ASK, self.TRIGGER, self.ASK])
+
+    def test_gives_up_behind_the_limit(self):
+        self.answer(self.IDLE, self.RESTARTING)
+        self.assertEqual(self.run_with_node("restart", "2", "--wait=0.1", "--yes"), (4, "", (
+            "zyrctl: the restart of the radio unit of channel 2 has not ended in time; it goes on in the node, and "
+            "zyrctl restart 2 --wait waits for its end\n")))
+
+    def test_interrupt_leaves_the_restart_to_the_node_and_says_so(self):
+        self.answer(self.IDLE, self.RESTARTING)
+        status, out = run_on_terminal("restart", "2", "--wait", "--yes", url=self.node.url, typed="\x03",
+                                      wait_for=" s", own_terminal=True)
+        self.assertEqual(status, 130)
+        self.assertTrue(out.endswith("interrupted; it goes on in the node, and zyrctl restart 2 --wait waits for its "
+                                     "end\n"), out)
+        self.assertNotIn(self.END, self.node.calls)
+
+    def test_does_nothing_unless_it_may(self):
+        self.answer(self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "2"), (
+            2, "", "zyrctl: CRI.RestartRadio can disturb traffic and there is no terminal to ask on; give --yes\n"))
+        status, out = run_on_terminal("restart", "2", url=self.node.url, typed="n\n", wait_for="[y/N]")
+        self.assertEqual(status, 2)
+        self.assertIn("CRI.RestartRadio can disturb traffic. Go on? [y/N]", out)
+        self.assertEqual(self.node.calls, [self.ASK, self.ASK])
+
+
+class Recover(NodeTest):
+    ASK = ("CI.GetEvents", [])
+    START = ("CRI.StartRecovery", [{"Recover": "Dsp"}])
+    RECOVERING = {"eventName": "DspRecovery", "isActive": True, "radioChannelId": 0}
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_command("CRI.StartRecovery")
+        self.node.add_command("CI.GetEvents")
+
+    @staticmethod
+    def down(channel, active=True):
+        return {"eventName": "LinkDown", "isActive": active, "radioChannelId": channel}
+
+    def answer(self, *alarms):
+        self.node.answers["CI.GetEvents"] = [{"tiResult": 0, "events": events} for events in alarms]
+
+    def test_starts_and_waits_for_the_end(self):
+        self.answer([self.down(2)], [self.RECOVERING, self.down(1)], [self.down(1, False), self.down(2)])
+        self.assertEqual(self.run_with_node("recover", "--wait", "--yes"), (0, "the DSP has recovered\n", ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.START, self.ASK, self.ASK, self.ASK])
+
+    def test_only_starts_without_wait(self):
+        self.answer([])
+        self.assertEqual(self.run_with_node("recover", "--yes"),
+                         (0, "the DSP recovers; zyrctl recover --wait waits for its end\n", ""))
+        self.assertEqual(self.node.calls, [self.ASK, self.START])
+
+    def test_link_that_stays_down_gives_status_1(self):
+        self.answer([], [self.down(1), self.down(2)])
+        self.assertEqual(self.run_with_node("recover", "--wait", "--yes"), (
+            1, "", "zyrctl: the DSP has recovered, but the link is down on channel 1, 2\n"))
+
+    def test_fault_gives_status_1(self):
+        self.answer([])
+        self.node.answers["CRI.StartRecovery"] = [xmlrpc.client.Fault(4, "refused")]
+        self.assertEqual(self.run_with_node("recover", "--wait", "--yes"), (1, "", "zyrctl: fault 4: refused\n"))
+
+    def test_joins_a_running_recovery(self):
+        self.answer([self.RECOVERING], [])
+        self.assertEqual(self.run_with_node("recover", "--wait"),
+                         (0, "the DSP has recovered\n", "the DSP is recovering already\n"))
+        self.assertNotIn(self.START, self.node.calls)
+
+    def test_link_that_was_down_in_a_joined_recovery_is_told_too(self):
+        self.answer([self.RECOVERING, self.down(2)], [self.down(2)])
+        self.assertEqual(self.run_with_node("recover", "--wait"), (
+            1, "", "the DSP is recovering already\nzyrctl: the DSP has recovered, but the link is down on channel 2\n"))
+
+    def test_interrupt_leaves_the_recovery_to_the_node_and_says_so(self):
+        self.answer([], [self.RECOVERING])
+        status, out = run_on_terminal("recover", "--wait", "--yes", url=self.node.url, typed="\x03", wait_for=" s",
+                                      own_terminal=True)
+        self.assertEqual(status, 130)
+        self.assertTrue(out.endswith("interrupted; it goes on in the node, and zyrctl recover --wait waits for its "
+                                     "end\n"), out)
+
+    def test_interrupt_is_told_to_programs(self):
+        self.answer([], [self.RECOVERING])
+        _, out = run_on_terminal("--json", "recover", "--wait", "--yes", url=self.node.url, typed="\x03",
+                                 wait_for=" s", own_terminal=True)
+        self.assertIn('"kind": "interrupted"', out)
+
+    def test_gives_up_behind_the_limit(self):
+        self.answer([], [self.RECOVERING])
+        self.assertEqual(self.run_with_node("recover", "--wait=0.1", "--yes"), (4, "", (
+            "zyrctl: the recovery of the DSP has not ended in time; it goes on in the node, and zyrctl recover --wait "
+            "waits for its end\n")))
+
+    def test_does_nothing_unless_it_may(self):
+        self.answer([])
+        self.assertEqual(self.run_with_node("recover"), (
+            2, "", "zyrctl: CRI.StartRecovery can disturb traffic and there is no terminal to ask on; give --yes\n"))
+        self.assertEqual(self.node.calls, [self.ASK])
+
+
 class Help(NodeTest):
     def test_explains_a_command(self):
         self.assertEqual(self.run_with_node("help", "CRI.EnableAcm"), (0, (
@@ -395,7 +586,8 @@ class Help(NodeTest):
         self.assertIn("Usage: zyrctl list [OPTIONS] [PATTERN]\n", out)
         status, out, _ = run("help")
         self.assertEqual(status, 0)
-        self.assertIn("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.", out)
+        self.assertIn("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error, "
+                      "130 interrupted.", " ".join(out.split()))
         self.assertEqual(run(), (0, out, ""))
 
     def test_has_the_example_that_the_node_gives(self):

@@ -20,6 +20,7 @@ namespace
 constexpr const char* kBold = "\x1b[1m";
 constexpr const char* kRed = "\x1b[31m";
 constexpr const char* kPlain = "\x1b[0m";
+constexpr const char* kStartOfLine = "\r\x1b[K"; ///< of an empty line
 
 bool canSteer(int descriptor)
 {
@@ -74,7 +75,8 @@ class Unseen
 Console::Console()
     : m_out(std::cout), m_error(std::cerr), m_colourOut(mayColour(STDOUT_FILENO)),
       m_colourError(mayColour(STDERR_FILENO)),
-      m_canAsk(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1), m_canRedraw(canSteer(STDOUT_FILENO))
+      m_canAsk(isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1), m_canRedraw(canSteer(STDOUT_FILENO)),
+      m_showsProgress(canSteer(STDERR_FILENO))
 {}
 
 void Console::print(const std::vector<std::string>& lines)
@@ -140,6 +142,20 @@ void Console::remark(const std::string& text)
 {
     m_error << text << '\n';
     m_drawn = 0; // what was drawn may no longer stand where it was
+}
+
+void Console::progress(const std::string& text)
+{
+    if (m_showsProgress) {
+        m_error << kStartOfLine << text << std::flush;
+    }
+}
+
+void Console::endProgress()
+{
+    if (m_showsProgress) {
+        m_error << kStartOfLine << std::flush;
+    }
 }
 
 void Console::report(const Failure& failure, bool asJson)

@@ -43,6 +43,12 @@ class Console
     /// Writes a remark to standard error.
     void remark(const std::string& text);
 
+    /// Shows how something goes on, in one line that the next one replaces; on a terminal only.
+    void progress(const std::string& text);
+
+    /// Takes the line of progress away.
+    void endProgress();
+
     /// Writes a failure to standard error.
     void report(const Failure& failure, bool asJson);
 
@@ -68,6 +74,7 @@ class Console
     bool m_colourError;
     bool m_canAsk;
     bool m_canRedraw;
+    bool m_showsProgress;
     std::size_t m_drawn = 0; ///< lines above the cursor that `redraw` has written
 };
 

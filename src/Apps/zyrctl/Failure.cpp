@@ -21,6 +21,8 @@ const char* kindName(ExitStatus status)
         return "timeout";
     case ExitStatus::Protocol:
         return "protocol";
+    case ExitStatus::Interrupted:
+        return "interrupted";
     }
     return "none";
 }

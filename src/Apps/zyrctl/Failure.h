@@ -20,6 +20,7 @@ enum class ExitStatus
     NoConnection = 3, ///< the node can't be reached
     Timeout = 4,      ///< the node was reached, the answer did not come in time
     Protocol = 5,     ///< what came back is not what a node answers
+    Interrupted = 130 ///< somebody stopped the program while it waited
 };
 
 /// What ends the program with a status other than 0. The text is fit for people and holds no secret.
@@ -37,7 +38,7 @@ class Failure : public std::runtime_error
     std::string line() const;
 
     /// The failure for programs: {"error": {"kind", "code", "text"}}. The kind is "fault", "usage",
-    /// "connect", "timeout" or "protocol"; the code is null where there is none.
+    /// "connect", "timeout", "protocol" or "interrupted"; the code is null where there is none.
     Value json() const;
 
   private:

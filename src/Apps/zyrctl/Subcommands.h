@@ -33,6 +33,9 @@ inline constexpr const char* kEncryptMethod = "CRI.SetRadioLinkEncryption";
 /// `encrypt [CHANNEL]`
 void addEncryptCommand(CLI::App& app, Session& session);
 
+/// `restart CHANNEL`, `recover`
+void addRestartCommands(CLI::App& app, Session& session);
+
 /// `completion SHELL`, and the hidden `__complete LINE` that the scripts call
 void addCompletionCommand(CLI::App& app, Session& session);
 

@@ -1,12 +1,12 @@
 // taps: the state of TAPS of a channel, and the samples of its log as they are taken.
 
 #include "Limits.h"
+#include "StopSignals.h"
 #include "Subcommands.h"
 #include "Text.h"
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -28,33 +28,6 @@ struct TapsOptions
     bool csv = false;
     std::int64_t period = 0; ///< seconds; 0: as it is
     std::uint64_t count = 0; ///< samples; 0: until somebody stops it
-};
-
-/// Keeps SIGINT and SIGTERM away while it lives, and tells when one has come.
-class StopSignals
-{
-  public:
-    StopSignals()
-    {
-        sigemptyset(&m_signals);
-        sigaddset(&m_signals, SIGINT);
-        sigaddset(&m_signals, SIGTERM);
-        pthread_sigmask(SIG_BLOCK, &m_signals, &m_before);
-    }
-    ~StopSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-    StopSignals(const StopSignals&) = delete;
-    StopSignals& operator=(const StopSignals&) = delete;
-
-    /// Waits until a signal comes, for so long at most; true if one has come.
-    bool hasComeWithin(std::chrono::seconds duration) const
-    {
-        const timespec limit{.tv_sec = duration.count(), .tv_nsec = 0};
-        return sigtimedwait(&m_signals, nullptr, &limit) > 0;
-    }
-
-  private:
-    sigset_t m_signals{};
-    sigset_t m_before{};
 };
 
 Value manageTaps(Session& session, const TapsOptions& options, const std::string& logRequest = {},

@@ -77,8 +77,10 @@ int main(int argc, char** argv)
         addPictureCommands(app, session);
         addTapsCommand(app, session);
         addEncryptCommand(app, session);
+        addRestartCommands(app, session);
         addCompletionCommand(app, session);
-        app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error.");
+        app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error, "
+                   "130 interrupted.");
         return static_cast<int>(run(app, session, argc, argv));
     } catch (const std::exception& error) {
         std::cerr << "zyrctl: internal error: " << error.what() << '\n';
