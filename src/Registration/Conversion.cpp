@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <stdexcept>
 #include <string>
 
 namespace zyr_registration
@@ -67,6 +69,12 @@ std::string textList(std::span<const EnumText> texts)
 
 std::string stringText(const ValueType& type, const FieldNotes& notes)
 {
+    if (notes.isWholeNumber) {
+        const std::string number =
+            rangeText({std::numeric_limits<int>::min(), std::numeric_limits<int>::max()});
+        return "a string that begins with " + number +
+               (notes.texts != nullptr ? ", known are " + textList(notes.texts().rows) : "");
+    }
     if (notes.texts != nullptr) {
         return "a string, one of " + textList(notes.texts().rows);
     }
@@ -302,6 +310,16 @@ void readFields(const Place& place, std::span<const Field> fields, const Value& 
     readMembers(place.method, place.numberOfChannels, place.path, fields, members, record);
 }
 
+bool beginsWithWholeNumber(const std::string& text)
+{
+    try {
+        static_cast<void>(std::stoi(text)); // as commands read it
+        return true;
+    } catch (const std::logic_error&) { // `invalid_argument` or `out_of_range`
+        return false;
+    }
+}
+
 Value written(const ValueType& type, const void* object)
 {
     Value value;
@@ -393,6 +411,18 @@ void readRecord(std::string_view method, std::span<const Field> fields, const Va
                 std::uint32_t numberOfChannels, void* record)
 {
     readMembers(method, numberOfChannels, {}, fields, members, record);
+}
+
+void checkWholeNumbers(std::string_view method, std::span<const Field> fields, const Value& members)
+{
+    for (const Field& field : fields) {
+        const auto member = members.find(field.name);
+        if (field.notes.isWholeNumber && member != members.end() &&
+            !beginsWithWholeNumber(member->get_ref<const std::string&>())) {
+            refuse(zyr_top_api::eTI_E_INVALID_ARGUMENT, {method, 0, std::string(field.name), field},
+                   *field.type, *member);
+        }
+    }
 }
 
 void writeRecord(std::span<const Field> fields, const void* record, Value& members)

@@ -18,6 +18,14 @@ namespace zyr_registration
 void readRecord(std::string_view method, std::span<const Field> fields, const Value& members,
                 std::uint32_t numberOfChannels, void* record);
 
+/// Checks the strings of a request that the command reads as whole numbers (`FieldNotes::isWholeNumber`), as
+/// `std::stoi` does: whatever follows the number doesn't count. For the time behind a command that has given
+/// up on one of them, since others never reach the point where they are read.
+/// @param members  an object that `readRecord` has taken
+/// @throws RecordError (`eTI_E_INVALID_ARGUMENT`) for the first one that doesn't begin with a number that
+/// fits
+void checkWholeNumbers(std::string_view method, std::span<const Field> fields, const Value& members);
+
 /// Adds the fields of a record to an object, in their order. Absent optionals add nothing.
 void writeRecord(std::span<const Field> fields, const void* record, Value& members);
 

@@ -265,6 +265,9 @@ constexpr void checkNotes(const ValueType& fieldType, std::string_view help, con
     if (notes.texts != nullptr && type.kind != Kind::String && !hasPlainNumber(type)) {
         throw "texts of what is neither a string nor a plain number";
     }
+    if (notes.isWholeNumber && fieldType.kind != Kind::String) {
+        throw "a whole number in what is no string";
+    }
     if (notes.hasDefault && (fieldType.kind == Kind::Optional || fieldType.kind == Kind::Array)) {
         throw "an optional or an array may be left out anyway";
     }

@@ -20,7 +20,8 @@ class RecordError : public std::runtime_error
           m_result(result)
     {}
 
-    /// `eTI_E_REQUIRED_INPUT_MISSING`, `eTI_E_PARAMETER_TYPE_INVALID` or `eTI_E_PARAMETER_INVALID`.
+    /// `eTI_E_REQUIRED_INPUT_MISSING`, `eTI_E_PARAMETER_TYPE_INVALID` or `eTI_E_PARAMETER_INVALID`; of a text
+    /// that the command itself couldn't read, `eTI_E_INVALID_ARGUMENT`.
     zyr_top_api::ETIResult result() const noexcept { return m_result; }
 
   private:

@@ -160,7 +160,12 @@ Answer RegisteringModule::call(const CommandEntry& command, const Value& members
         return answerOf({zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available"});
     }
     ValueExchange exchange(command, members, m_options.numberOfChannels);
-    command.run(registered(command).implementation.get(), exchange);
+    try {
+        command.run(registered(command).implementation.get(), exchange);
+    } catch (const std::logic_error&) { // maybe of a text that the command couldn't read: then say which
+        checkWholeNumbers(command.name(), command.notes.request, members);
+        throw;
+    }
     return std::move(exchange.answer);
 }
 

@@ -69,8 +69,9 @@ class RegisteringModule
     /// "TI.ManageDsp" holds for up to 100 s holds nobody else up.
     /// @param command  one of `allCommands()`
     /// @param members  the request's members, an object
-    /// @throws RecordError  if the members don't make the command's record
-    /// @throws anything that leaves the command
+    /// @throws RecordError  if the members don't make the command's record, or if the command gave up on one
+    /// of its texts
+    /// @throws anything else that leaves the command
     Answer call(const CommandEntry& command, const Value& members);
 
   private:

@@ -115,6 +115,8 @@ class Definitions
         Value any{{"type", "string"}};
         if (!type.pattern.empty()) {
             any["pattern"] = std::string(type.pattern);
+        } else if (notes.isWholeNumber) {
+            any["pattern"] = "^\\s*[+-]?[0-9]";
         }
         if (notes.texts == nullptr) {
             return any;

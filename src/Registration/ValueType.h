@@ -142,6 +142,8 @@ struct FieldNotes
     bool changes = false;    ///< makes a command that only reads change something
     bool isChannel = false;  ///< a plain number that is a radio channel, limited like one
     bool isSecret = false;   ///< its value is shown nowhere
+    /// Of a string: the command reads the whole number that it begins with. See `checkWholeNumbers`.
+    bool isWholeNumber = false;
 };
 
 /// One field of a record.

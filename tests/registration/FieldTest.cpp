@@ -64,6 +64,9 @@ TEST(FieldTest, NotesFitTheType)
               "texts of what is neither a string nor a plain number");
     EXPECT_EQ(defectOf<std::vector<std::string>>({.hasDefault = true}),
               "an optional or an array may be left out anyway");
+    EXPECT_EQ(defectOf<std::string>({.isWholeNumber = true}), "");
+    EXPECT_EQ(defectOf<std::uint8_t>({.unit = kNoUnit, .isWholeNumber = true}),
+              "a whole number in what is no string");
 }
 
 TEST(FieldTest, TextsAreCountedFromZero)

@@ -36,6 +36,14 @@ class RegisteringModuleTest : public zyr_test::CommandTest
         return module.call(*zyr_registration::findCommand(name), members);
     }
 
+    static Value sdcConfiguration(const std::string& channelSpacing)
+    {
+        return {{"channelId", 2},
+                {"selectedMaxAcm", "256"},
+                {"channelSpacing", channelSpacing},
+                {"xpicEnabled", true}};
+    }
+
     // Why the commands can't be registered, "" if they can.
     static std::string refusalToOpen()
     {
@@ -80,6 +88,63 @@ TEST_F(RegisteringModuleTest, ChannelBeyondTheNodesIsRefusedBeforeTheCommandRuns
     EXPECT_THROW(call(module, "CRI.EnableAcm", {{"channelId", 2}, {"enable", true}}),
                  zyr_registration::RecordError);
     EXPECT_EQ(transcript.text(), "\n");
+}
+
+constexpr const char* kWhatASpacingIs =
+    ", it takes a string that begins with an integer from -2147483648 to 2147483647, known are "
+    R"("3500", "5000", "6000", "7000", "10000", "14000", "20000", "28000", "30000", "40000", "50000", )"
+    R"("56000", "60000", "62000", "62500", "80000", "100000", "112000", "125000", "150000", "200000", )"
+    R"("250000", "300000", "350000", "400000", "450000", "500000", "600000", "750000", "1000000", )"
+    R"("1250000", "1500000", "1750000", "2000000")";
+
+TEST_F(RegisteringModuleTest, TextThatACommandCannotReadAsANumberIsRefusedWithItsMember)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    for (const std::string text : {"", "wide", "-", " kHz 28000", "2147483648", "-2147483649"}) {
+        try {
+            call(module, "CRI.SetSdcRlConfiguration", sdcConfiguration(text));
+            ADD_FAILURE() << text;
+        } catch (const zyr_registration::RecordError& error) {
+            EXPECT_EQ(error.result(), 0xA100U);
+            EXPECT_EQ(error.what(),
+                      "eTI_E_INVALID_ARGUMENT: CRI.SetSdcRlConfiguration: channelSpacing is the "
+                      "string \"" +
+                          text + "\"" + kWhatASpacingIs);
+        }
+    }
+}
+
+TEST_F(RegisteringModuleTest, TextThatBeginsWithANumberIsRead)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    for (const char* const text : {"28000", " +28000", "28000kHz"}) {
+        transcript.clear();
+        EXPECT_EQ(call(module, "CRI.SetSdcRlConfiguration", sdcConfiguration(text)).faultCode, 0);
+        EXPECT_EQ(transcript.lines().back(),
+                  "ISpaceDiversityCombinerController_2.setRlConfiguration(256, 28, true)");
+    }
+    for (const char* const text : {"2147483647", "-2147483648"}) {
+        transcript.clear();
+        EXPECT_EQ(call(module, "CRI.SetSdcRlConfiguration", sdcConfiguration(text)).faultCode, 0);
+        EXPECT_EQ(transcript.lines().back(),
+                  "ISpaceDiversityCombinerController_2.setRlConfiguration(256, 3000, true)");
+    }
+}
+
+TEST_F(RegisteringModuleTest, WhatElseLeavesACommandIsBlamedOnNoMember)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    node.channel2.spaceDiversityCombinerController.onSetRlConfiguration.doInstead(
+        []() -> zyr_top_api::ETIResult { throw std::out_of_range("of its own"); });
+    try {
+        call(module, "CRI.SetSdcRlConfiguration", sdcConfiguration("28000"));
+        ADD_FAILURE();
+    } catch (const std::out_of_range& error) {
+        EXPECT_STREQ(error.what(), "of its own");
+    }
 }
 
 TEST_F(RegisteringModuleTest, EventsOfAResponseBecomeStructs)

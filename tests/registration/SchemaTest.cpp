@@ -124,6 +124,12 @@ TEST(SchemaTest, FormIsAPattern)
     EXPECT_EQ(address["default"], "00:00:00:00:00:00");
 }
 
+TEST(SchemaTest, TextThatIsReadAsANumberBeginsWithOne)
+{
+    EXPECT_EQ(schema("/CRI.SetSdcRlConfiguration.request/properties/channelSpacing/anyOf/1").dump(),
+              R"x({"type":"string","pattern":"^\\s*[+-]?[0-9]"})x");
+}
+
 TEST(SchemaTest, OptionalMayBeLeftOut)
 {
     EXPECT_EQ(schemaOfProbe("SIM.Probe.request").dump(),

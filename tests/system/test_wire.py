@@ -111,3 +111,19 @@ class InputTest(NodeTest):
             self.node.throw(dice.randbytes(dice.randrange(1, 2000)))
         self.assertEqual(self.proxy.CRI.EnableAcm({"channelId": 1, "enable": True}), {"tiResult": 0})
         self.assertIsNone(self.node.process.poll())
+
+
+class CombinerInputTest(NodeTest):
+    options = ("--radio-type", "3")
+
+    def test_text_that_a_command_cannot_read_as_a_number_is_refused_with_its_member(self):
+        request = {"channelId": 2, "selectedMaxAcm": "256", "xpicEnabled": True}
+        for text in ("wide", "99999999999"):
+            with self.subTest(text):
+                self.assertTrue(self.fault_of(
+                    self.proxy.CRI.SetSdcRlConfiguration, {**request, "channelSpacing": text}).startswith(
+                        "2 eTI_E_INVALID_ARGUMENT: CRI.SetSdcRlConfiguration: channelSpacing is the string "
+                        f'"{text}", it takes a string that begins with an integer from -2147483648 to 2147483647, '
+                        'known are "3500", "5000", '))
+        self.assertEqual(self.proxy.CRI.SetSdcRlConfiguration({**request, "channelSpacing": "28000"}),
+                         {"tiResult": 0})

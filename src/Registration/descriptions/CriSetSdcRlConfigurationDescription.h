@@ -28,7 +28,8 @@ struct Description<zyr_top_api::CriSetSdcRlConfigurationImpl> : DescriptionDefau
                        "50000", "56000", "60000", "62000", "62500", "80000", "100000", "112000", "125000",
                        "150000", "200000", "250000", "300000", "350000", "400000", "450000", "500000",
                        "600000", "750000", "1000000", "1250000", "1500000", "1750000", "2000000">,
-             .example = "28000"}),
+             .example = "28000",
+             .isWholeNumber = true}),
         field<&Command::xpicEnabled>("whether XPIC is on", {.example = "false"}),
     };
     static constexpr std::array faults{
