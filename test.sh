@@ -47,6 +47,7 @@ if [ "$all" = yes ]; then
     build dev --target ZyrLibraryTests ZyrPlatformTests zyrnode zyrctl
     run_tests dev -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrInstallTest)$'
     build asan-ubsan
+    export ZYR_WALK_CALLS=100000
     run_tests asan-ubsan
 else
     build dev

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Disturbance.h"
+
 #include <concepts>
 #include <functional>
 #include <mutex>
@@ -74,6 +76,17 @@ class Answer
     /// For the double: answers one call.
     Result next(Outs&... outs)
     {
+        Result result = asSet(outs...);
+        if (Disturbance* const disturbance = Disturbance::inForce()) {
+            disturbance->disturb(result);
+            (disturbance->disturb(outs), ...);
+        }
+        return result;
+    }
+
+  private:
+    Result asSet(Outs&... outs)
+    {
         std::unique_lock lock(m_mutex);
         if (m_function) {
             const auto function = m_function;
@@ -90,7 +103,6 @@ class Answer
         return reply.m_result;
     }
 
-  private:
     std::mutex m_mutex;
     std::vector<Reply> m_replies;
     std::size_t m_next = 0;
