@@ -250,6 +250,30 @@ TEST_F(HopTest, powerReachesTheFarEndsTargetWithinTheWindow)
     EXPECT_EQ(power(1).getReportedOutputPower(), 0);
 }
 
+TEST_F(HopTest, smallChangesOfThePathAreLetPassInNormalOperationOnly)
+{
+    const auto setMode = [](ForceLoopMode mode) {
+        EXPECT_EQ(power(1).overridePowerSettings(false, TxRequestedStatus::On, false, -500, false, 0, 200,
+                                                 false, mode),
+                  0U);
+    };
+    transmit(1, 0, 200, -500);
+    node().setPathLoss_dBTenths(610);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 100);
+    node().setPathLoss_dBTenths(590);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 100);
+    node().setPathLoss_dBTenths(611);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 111);
+    transmit(1, 0, 200, -499);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 112) << "another target is followed at once";
+    setMode(ForceLoopMode::NormalOperationNoHysteresis);
+    node().setPathLoss_dBTenths(612);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 112);
+    setMode(ForceLoopMode::ClosedLoop);
+    node().setPathLoss_dBTenths(613);
+    EXPECT_EQ(power(1).getReportedOutputPower(), 113);
+}
+
 TEST_F(HopTest, openLoopSendsTheUpperEndOfTheWindow)
 {
     transmit(1, 0, 200, -500);

@@ -6,15 +6,21 @@
 #include "IRouteUpdater.h"
 #include "ISpaceDiversityCombinerController.h"
 #include "ISpcSimulator.h"
+#include "ITapsController.h"
 #include "ITapsControllerLog.h"
 #include "RecoveryController.h"
 #include "SimulationFixture.h"
+#include "StateFile.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <filesystem>
+#include <map>
+#include <ranges>
 #include <string>
 #include <vector>
 
@@ -38,6 +44,16 @@ class TestAccessTest : public SimulationFixture
     static ISpaceDiversityCombinerController& combiner()
     {
         return require<ISpaceDiversityCombinerController>("ISpaceDiversityCombinerController", 1);
+    }
+
+    /// The power at the lowest and at the highest rate that was needed. It must not fall in between.
+    static std::string lowestAndHighest(const std::map<std::int32_t, std::int32_t>& powersByRate)
+    {
+        EXPECT_TRUE(std::ranges::is_sorted(powersByRate | std::views::values));
+        const auto shown = [](const auto& row) {
+            return std::to_string(row.second) + " at " + std::to_string(row.first);
+        };
+        return shown(*powersByRate.begin()) + ", " + shown(*powersByRate.rbegin());
     }
 
     /// All loops with their state, one in a line.
@@ -118,10 +134,91 @@ TEST_F(TestAccessTest, tapsLogTakesASampleInEachPeriod)
     unsigned period = 0;
     EXPECT_EQ(tapsLog().getLogPeriod(period), 0U);
     EXPECT_EQ(period, 5U);
-    EXPECT_EQ(tapsLog().dumpLogToFile(), 0x8000U);
+    EXPECT_EQ(tapsLog().dumpLogToFile(), 0x8000U) << "there is no folder for it";
     EXPECT_EQ(tapsLog().startLog(), 0U);
     EXPECT_EQ(tapsLog().readSample(sample), 0U);
     EXPECT_EQ(sample.samplesRemaining, 0) << "the earlier samples are dropped";
+}
+
+TEST_F(TestAccessTest, tapsLogIsDumpedIntoTheNodesFolder)
+{
+    const TemporaryFolder folder;
+    startNode({.fading_dBTenths = 0, .stateFolder = folder.path("")});
+    configure(1);
+    transmit(1, 50, 100);
+    EXPECT_EQ(tapsLog().startLog(), 0U);
+    time().advance(1s);
+    for (int dump = 0; dump < 2; ++dump) {
+        EXPECT_EQ(tapsLog().dumpLogToFile(), 0U);
+        EXPECT_EQ(contentOf(folder.path("taps-log-1.csv")),
+                  "timeStamp,minPowerIn,maxPowerIn,dspRateMebit,dspRateMbit,dspMinRateMbit,dspMaxRateMbit,"
+                  "currentModValue,idleRate,idleRateThreshold,rateNeeded,rateMin,deltaPower,minPowerOut,"
+                  "maxPowerOut,atpcEnabled\n"
+                  "300 ms,50,100,544,571,95,571,122,103,57,468,95,0,50,100,true\n"
+                  "1300 ms,50,100,544,571,95,571,122,110,57,461,95,0,50,100,true\n");
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.path("taps-log-1.csv.new")));
+    TapsLogData sample;
+    EXPECT_EQ(tapsLog().readSample(sample), 0U) << "they go on waiting";
+    std::filesystem::create_directory(folder.path("taps-log-2.csv"));
+    EXPECT_EQ(require<ITapsControllerLog>("ITapsControllerLog", 2).dumpLogToFile(), 0x8000U);
+    node().faults().inject({"ITapsControllerLog", "dumpLogToFile", 1, 0x8001, 1});
+    EXPECT_EQ(tapsLog().dumpLogToFile(), 0x8001U);
+    EXPECT_THROW(startNode({.stateFolder = folder.path("taps-log-1.csv")}), std::invalid_argument);
+    EXPECT_THROW(startNode({.stateFolder = folder.path("nothing")}), std::invalid_argument);
+}
+
+TEST_F(TestAccessTest, filesOfTheNodeStayInItsFolder)
+{
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.path("state"));
+    const std::string state = folder.path("state");
+    for (const char* const name : {"", "..", "../out", "sub/file", "/tmp/zyr", "a..b"}) {
+        EXPECT_FALSE(zyr_simulation::writeStateFile(state, name, "text")) << name;
+    }
+    EXPECT_FALSE(zyr_simulation::writeStateFile("", "file", "text"));
+    EXPECT_TRUE(std::filesystem::is_empty(state));
+
+    // Links that lie there lead nowhere.
+    std::filesystem::create_symlink(folder.path("out"), folder.path("state/file"));
+    std::filesystem::create_symlink(folder.path("out"), folder.path("state/file.new"));
+    EXPECT_TRUE(zyr_simulation::writeStateFile(state, "file", "text"));
+    EXPECT_FALSE(std::filesystem::exists(folder.path("out")));
+    EXPECT_EQ(contentOf(folder.path("state/file")), "text");
+}
+
+TEST_F(TestAccessTest, tapsLetsThePowerFollowTheRateThatIsNeeded)
+{
+    startNode({.fading_dBTenths = 0});
+    configure(1);
+    transmit(1, 0, 150);
+    auto& taps = require<ITapsController>("ITapsController", 1);
+    const auto powersByNeededRate = [&] {
+        std::map<std::int32_t, std::int32_t> powers;
+        EXPECT_EQ(tapsLog().startLog(), 0U);
+        for (int second = 0; second < 120; ++second) {
+            TapsLogData sample;
+            EXPECT_EQ(tapsLog().readSample(sample), 0U);
+            EXPECT_EQ(power(1).getReportedOutputPower(), sample.maxPowerOut);
+            EXPECT_EQ(sample.maxPowerOut, 150 + sample.deltaPower);
+            EXPECT_EQ(sample.idleRate, sample.dspMaxRateMbit - sample.rateNeeded);
+            powers[sample.rateNeeded] = sample.maxPowerOut;
+            time().advance(1s);
+        }
+        return powers;
+    };
+    EXPECT_EQ(lowestAndHighest(powersByNeededRate()), "150 at 57, 150 at 514");
+    EXPECT_EQ(taps.setTapsEnable(true), 0U);
+    EXPECT_EQ(lowestAndHighest(powersByNeededRate()), "0 at 57, 93 at 514");
+    EXPECT_EQ(taps.setIdleRateThresholdFactor(5.0), 0U);
+    EXPECT_EQ(lowestAndHighest(powersByNeededRate()), "0 at 57, 150 at 514")
+        << "half of the rate has to be idle";
+    EXPECT_EQ(taps.setIdleRateThresholdFactor(-1e300), 0U);
+    EXPECT_EQ(taps.setIdleRateOffset(1'000'000, 1), 0U);
+    EXPECT_EQ(lowestAndHighest(powersByNeededRate()), "123 at 571, 123 at 571")
+        << "all of the rate is needed; a stronger code carries it too";
+    EXPECT_EQ(taps.setIdleRateOffset(-1'000'000, 1), 0U);
+    EXPECT_EQ(lowestAndHighest(powersByNeededRate()), "0 at 0, 0 at 0") << "nothing is needed";
 }
 
 TEST_F(TestAccessTest, simulatorKeepsTheObjectUntilItIsReleased)

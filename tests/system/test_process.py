@@ -42,6 +42,7 @@ class CommandLineTest(unittest.TestCase):
                 ("--fault", "INothing.at=1"): 'unknown collaborator "INothing"',
                 ("--credentials", "/nonexistent"): "/nonexistent",
                 ("--trace-to", "/nonexistent/trace"): "/nonexistent/trace",
+                ("--state-dir", "/nonexistent"): "/nonexistent: no folder for the node's files",
             }
             for options, complaint in complaints.items():
                 with self.subTest(options):
@@ -57,6 +58,18 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(reference.returncode, 0)
         self.assertTrue(reference.stdout.startswith("# Commands\n"))
         self.assertIn("\n## CRI.EnableAcm\n", reference.stdout)
+
+    def test_files_are_written_where_the_command_line_allows_it_only(self):
+        request = {"RadioChannelID": 2, "LogRequestOption": "DumpLogToFile"}
+        with Node("--enable-ti") as node:
+            with self.assertRaisesRegex(xmlrpc.client.Fault, "TI.ManageTaps failed to dump log to file"):
+                node.proxy().TI.ManageTaps(request)
+        with tempfile.TemporaryDirectory() as folder, Node("--enable-ti", "--state-dir", folder) as node:
+            node.proxy().TI.ManageTaps({**request, "LogRequestOption": "StartLog"})
+            node.proxy().TI.ManageTaps(request)
+            self.assertEqual(os.listdir(folder), ["taps-log-2.csv"])
+            with open(os.path.join(folder, "taps-log-2.csv"), encoding="utf-8") as log:
+                self.assertTrue(log.readline().startswith("timeStamp,minPowerIn,"))
 
     def test_trace_goes_to_a_file(self):
         with tempfile.TemporaryDirectory() as folder:

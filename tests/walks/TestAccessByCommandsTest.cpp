@@ -2,6 +2,7 @@
 #include "CmdWrapper.h"
 #include "CriDisableModulationImpl.h"
 #include "CriGetRadioChannelStatusImpl.h"
+#include "CriSetFarEndPmaxCapabilityImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRfPowerImpl.h"
 #include "DirectCall.h"
@@ -45,6 +46,7 @@ class TestAccessByCommandsTest : public testing::Test
         enrol<CiManageLoopsImpl>();
         enrol<CriDisableModulationImpl>();
         enrol<CriGetRadioChannelStatusImpl>();
+        enrol<CriSetFarEndPmaxCapabilityImpl>();
         enrol<CriSetRadioChannelNearEndImpl>();
         enrol<CriSetRfPowerImpl>();
         ZyrApiHandler::setTiEnabled(true);
@@ -63,7 +65,8 @@ class TestAccessByCommandsTest : public testing::Test
         ZyrApiHandler::m_cmds.push_back(wrapper);
     }
 
-    static std::string configure()
+    /// @param frameType  null: it is left open
+    static std::string configure(const char* frameType = nullptr)
     {
         CriSetRadioChannelNearEnd::Command command;
         command.RadioChannelID = RadioChannel(1);
@@ -72,14 +75,19 @@ class TestAccessByCommandsTest : public testing::Test
         command.maxModulation = ModulationAndCoding::QAM_4096;
         command.txFrequency_kHz = 14'500'000;
         command.rxFrequency_kHz = 14'920'000;
+        if (frameType != nullptr) {
+            command.ffConfigTypePresent = true;
+            command.FFConfigType = frameType;
+        }
         return criSetRadioChannelNearEnd(command).faultString;
     }
 
-    void setPower(std::int32_t least, std::int32_t most)
+    void setPower(std::int32_t least, std::int32_t most, std::int32_t farEndTarget = 0)
     {
         CriSetRfPower::Command command;
         command.RadioChannelID = 1;
         command.txRequestedStatus = TxRequestedStatus::On;
+        command.targetRfInputPowerFarEnd = farEndTarget;
         command.minRfOutputPower = least;
         command.maxRfOutputPower = most;
         EXPECT_EQ(criSetRfPower(command).faultString, "");
@@ -94,6 +102,17 @@ class TestAccessByCommandsTest : public testing::Test
         auto answer = criGetRadioChannelStatus(command);
         EXPECT_EQ(answer.faultString, "");
         return answer;
+    }
+
+    /// The orders to fail that aren't used up, one in a line.
+    std::string orders() const
+    {
+        std::string text;
+        for (const auto& fault : node.faultsLeft()) {
+            text += fault.collaborator + " " + std::to_string(fault.channel) + " " +
+                    std::to_string(fault.code) + " x" + std::to_string(fault.count) + "\n";
+        }
+        return text;
     }
 
     static TiManageSpc::Command sweep(TiManageSpc::Action action)
@@ -176,6 +195,77 @@ TEST_F(TestAccessByCommandsTest, BarThatGoesWithoutACommandLeavesTheValuesInForc
     EXPECT_EQ(direct<TiManageRfPowerImpl>(noBar).MaxRFOutputPower, 40);
 }
 
+TEST_F(TestAccessByCommandsTest, TransmitterThatATestHoldsOffGoesOnWhenTheBarGoes)
+{
+    ASSERT_EQ(configure(), "");
+    setPower(100, 100);
+    EXPECT_EQ(status().TXActualStatus, "On");
+    TiManageRfPower::Command bar;
+    bar.TXRequestedStatusBarOn = true;
+    bar.TXRequestedStatus = TxRequestedStatus::Off;
+    direct<TiManageRfPowerImpl>(bar);
+    time.advance(1s);
+    EXPECT_EQ(status().TXActualStatus, "Off");
+    setPower(100, 100);
+    EXPECT_EQ(status().TXActualStatus, "Off");
+    TiManageRfPower::Command noBar;
+    noBar.TXRequestedStatusBarOn = false;
+    EXPECT_EQ(direct<TiManageRfPowerImpl>(noBar).TXRequestedStatus, TxRequestedStatus::On);
+    time.advance(1s);
+    EXPECT_EQ(status().TXActualStatus, "On");
+}
+
+TEST_F(TestAccessByCommandsTest, TargetThatATestHoldsLeadsThePowerUntilTheBarGoes)
+{
+    ASSERT_EQ(configure(), "");
+    TiManageRfPower::Command bar;
+    bar.TargetRFInputPowerBarOn = true;
+    bar.TargetRFInputPower = -480;
+    direct<TiManageRfPowerImpl>(bar);
+    setPower(0, 150, -500);
+    EXPECT_EQ(status().ReportedRFOutputPower, 120);
+    TiManageRfPower::Command noBar;
+    noBar.TargetRFInputPowerBarOn = false;
+    EXPECT_EQ(direct<TiManageRfPowerImpl>(noBar).TargetRFInputPower, -500);
+    EXPECT_EQ(status().ReportedRFOutputPower, 100);
+}
+
+TEST_F(TestAccessByCommandsTest, SmallChangeOfThePathIsFollowedAtOnceWithoutHysteresisOnly)
+{
+    ASSERT_EQ(configure(), "");
+    setPower(0, 150, -500);
+    EXPECT_EQ(status().ReportedRFOutputPower, 100);
+    node.setPathLoss_dBTenths(610);
+    EXPECT_EQ(status().ReportedRFOutputPower, 100);
+    TiManageRfPower::Command mode;
+    mode.ForceLoopMode = ForceLoopMode::NormalOperationNoHysteresis;
+    direct<TiManageRfPowerImpl>(mode);
+    EXPECT_EQ(status().ReportedRFOutputPower, 110);
+    node.setPathLoss_dBTenths(611);
+    EXPECT_EQ(status().ReportedRFOutputPower, 111);
+    mode.ForceLoopMode = ForceLoopMode::NormalOperation;
+    direct<TiManageRfPowerImpl>(mode);
+    node.setPathLoss_dBTenths(601);
+    EXPECT_EQ(status().ReportedRFOutputPower, 111);
+    node.setPathLoss_dBTenths(600);
+    EXPECT_EQ(status().ReportedRFOutputPower, 100);
+}
+
+TEST_F(TestAccessByCommandsTest, TapsLowersThePowerThatTheStatusShows)
+{
+    ASSERT_EQ(configure(), "");
+    setPower(0, 150, 500);
+    EXPECT_EQ(status().ReportedRFOutputPower, 150);
+    TiManageTaps::Command command;
+    command.TapsEnable = true;
+    command.IdleRateOffset = -1000; // nothing is needed
+    direct<TiManageTapsImpl>(command);
+    EXPECT_EQ(status().ReportedRFOutputPower, 0);
+    command.TapsEnable = false;
+    direct<TiManageTapsImpl>(command);
+    EXPECT_EQ(status().ReportedRFOutputPower, 150);
+}
+
 TEST_F(TestAccessByCommandsTest, OpenLoopHoldsTheUpperEndAndClosedLoopFollowsTheTarget)
 {
     ASSERT_EQ(configure(), "");
@@ -232,6 +322,41 @@ TEST_F(TestAccessByCommandsTest, InjectedDspErrorsStrikeWhereToldAndAreListedUnt
     EXPECT_EQ(levels.initialize(2), eTI_S_OK);
     EXPECT_EQ(levels.execute({2}).faultString, "Failed to get RX XC status level");
     EXPECT_EQ(node.faultsLeft()[0].count, 2U);
+}
+
+TEST_F(TestAccessByCommandsTest, InjectedComFailuresStrikeTheControlInterface)
+{
+    direct<TiManageDspImpl>({1, TiManageDsp::InjectError::ComFailure, 2, 0});
+    EXPECT_EQ(orders(), "IDspControlApi 1 32778 x2\n");
+    constexpr const char* failure =
+        "CRI.SetRadioChannelNearEnd failed to check which kind of DSP Recovery is needed";
+    EXPECT_EQ(configure("Standard"), failure);
+    EXPECT_EQ(orders(), "IDspControlApi 1 32778 x1\n");
+    EXPECT_EQ(configure("Standard"), failure);
+    EXPECT_EQ(orders(), "");
+    EXPECT_EQ(configure("Standard"), "");
+}
+
+TEST_F(TestAccessByCommandsTest, InjectedFailureOfAcmIsMendedByTheRecovery)
+{
+    direct<TiManageDspImpl>({1, TiManageDsp::InjectError::AcmEngineEnableFailure, 1, 0});
+    EXPECT_EQ(orders(), "IDspAcmApi 1 32768 x1\n");
+    EXPECT_EQ(configure(), "");
+    EXPECT_EQ(orders(), "");
+    EXPECT_EQ(node.snapshot().dsp.recoveries, 1U);
+}
+
+TEST_F(TestAccessByCommandsTest, InjectedFailuresOfTheThresholdsComeAsOftenAsAsked)
+{
+    direct<TiManageDspImpl>({1, TiManageDsp::InjectError::UpdateThresholdFailure, 2, 0});
+    CriSetFarEndPmaxCapability::Command command;
+    command.RadioChannelID = RadioChannel(1);
+    command.maxRfOutputPowerFarEnd = {{ModulationAndCoding::QAM_4, 200}};
+    EXPECT_EQ(orders(), "IDspAcmApi 1 32768 x2\n");
+    EXPECT_EQ(criSetFarEndPmaxCapability(command).faultString, "CRI.SetFarEndPmaxCapability failed");
+    EXPECT_EQ(criSetFarEndPmaxCapability(command).faultString, "CRI.SetFarEndPmaxCapability failed");
+    EXPECT_EQ(orders(), "");
+    EXPECT_EQ(criSetFarEndPmaxCapability(command).faultString, "");
 }
 
 TEST_F(TestAccessByCommandsTest, I2cErrorsBeyondTheRetriesFailTheConfiguration)

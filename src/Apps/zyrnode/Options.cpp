@@ -106,6 +106,9 @@ void addOptions(CLI::App& app, Options& options)
         "--no-sim", options.withoutSim,
         "Leave out the methods SIM., which show and change what is simulated; otherwise, whoever may "
         "call the commands may call them too");
+    app.add_option("--state-dir", options.node.stateFolder,
+                   "Where the node may write files: TI.ManageTaps dumps its log there. Default nowhere")
+        ->type_name("DIR");
     app.add_option_function<std::vector<std::string>>(
            "--trace",
            [&](const std::vector<std::string>& texts) {

@@ -1,9 +1,41 @@
 #include "SimulatedTapsControllerLog.h"
 
+#include "StateFile.h"
+
+#include <deque>
+#include <string>
 #include <utility>
 
 namespace zyr_simulation
 {
+
+namespace
+{
+
+using zyr_top_api::TapsLogData;
+
+// The samples as comma-separated values. A time stamp holds no comma.
+std::string table(const std::deque<TapsLogData>& samples)
+{
+    std::string text =
+        "timeStamp,minPowerIn,maxPowerIn,dspRateMebit,dspRateMbit,dspMinRateMbit,dspMaxRateMbit,"
+        "currentModValue,idleRate,idleRateThreshold,rateNeeded,rateMin,deltaPower,minPowerOut,"
+        "maxPowerOut,atpcEnabled\n";
+    for (const TapsLogData& sample : samples) {
+        text += sample.timeStamp;
+        for (const std::int32_t number :
+             {sample.minPowerIn, sample.maxPowerIn, sample.dspRateMebit, sample.dspRateMbit,
+              sample.dspMinRateMbit, sample.dspMaxRateMbit, sample.currentModValue, sample.idleRate,
+              sample.idleRateThreshold, sample.rateNeeded, sample.rateMin, sample.deltaPower,
+              sample.minPowerOut, sample.maxPowerOut}) {
+            text += "," + std::to_string(number);
+        }
+        text += sample.atpcEnabled ? ",true\n" : ",false\n";
+    }
+    return text;
+}
+
+} // namespace
 
 ESPCResult SimulatedTapsControllerLog::startLog()
 {
@@ -32,7 +64,13 @@ ESPCResult SimulatedTapsControllerLog::setLogPeriod(unsigned seconds)
 
 ESPCResult SimulatedTapsControllerLog::dumpLogToFile()
 {
-    return perform<ESPCResult>("dumpLogToFile", [] { return eSPC_E_FAILED; });
+    if (const auto code = fault("dumpLogToFile")) {
+        return static_cast<ESPCResult>(*code);
+    }
+    const auto [name, text] = locked([&] {
+        return std::pair("taps-log-" + std::to_string(channel().number) + ".csv", table(log().samples));
+    });
+    return writeStateFile(node().settings.stateFolder, name, text) ? eSPC_S_OK : eSPC_E_FAILED;
 }
 
 ESPCResult SimulatedTapsControllerLog::readSample(zyr_top_api::TapsLogData& sample)

@@ -25,7 +25,8 @@ class SimulatedTapsControllerLog final
     /// Refuses 0.
     ESPCResult setLogPeriod(unsigned seconds) override;
 
-    /// Always fails: a simulated node writes no files on its host.
+    /// Writes the samples that wait to "taps-log-<channel>.csv" in the folder where the node may write files,
+    /// a line for each behind one with the names of the columns. They go on waiting. Fails without a folder.
     ESPCResult dumpLogToFile() override;
 
     /// Takes the oldest sample out. Fails if there is none.

@@ -47,6 +47,13 @@ inline constexpr std::int32_t kNoLevel_dBmTenths = -990;
 inline constexpr std::int32_t kHighDetectorFrom_dBmTenths = 100;
 inline constexpr std::int32_t kLowDetectorBelow_dBmTenths = 80;
 
+/// What power control aims at.
+struct PowerAim
+{
+    std::int32_t target = 0; ///< The level that the far end shall receive, in tenths of a dBm.
+    std::int32_t power = 0;  ///< What brings it there, in tenths of a dBm.
+};
+
 /// The transmitter and its power control. Powers are in tenths of a dBm.
 struct TransmitterState
 {
@@ -80,6 +87,7 @@ struct TransmitterState
     std::optional<std::pair<std::int32_t, std::int32_t>> windowBehindBar = {};
     bool ignoresLimits = false; ///< The window may leave the radio's limits.
     zyr_top_api::ForceLoopMode loopMode = zyr_top_api::ForceLoopMode::NormalOperation;
+    std::optional<PowerAim> aim = {}; ///< While the transmitter is on and power control isn't held open.
     std::map<std::pair<unsigned, unsigned>, double> gains; ///< By loop and kind.
     int boosterPresence = 0;
     int boosterGain = 0;

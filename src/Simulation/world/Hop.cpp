@@ -5,6 +5,7 @@
 #include "Interference.h"
 #include "ModulationLadder.h"
 #include "RadioType.h"
+#include "Taps.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,7 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr double kNoiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
 constexpr std::int32_t kSnirCeiling_dBTenths = 450;
+constexpr std::int32_t kPowerHysteresis_dBTenths = 10;
 constexpr double kPowerStepPerBit_dBTenths = 5.0;
 constexpr std::int32_t kLoopLoss_dBTenths = 500; ///< From the transmitter back to the receiver.
 constexpr double kLossOfATransceiver_dBTenths = 30.0;
@@ -84,15 +86,35 @@ double lossOfTransceivers_dBTenths(const NodeState& node, const ChannelState& ch
     return transmitters.on == transmitters.all ? 0.0 : kLossOfATransceiver_dBTenths;
 }
 
-std::int32_t transmittedPower(const NodeState& node, const ChannelState& channel, double attenuation)
+/// The power at which power control aims.
+/// @param follows  what brings the far end to its target at this moment
+/// @param greatest  the upper end of the window
+std::int32_t aimedPower(TransmitterState& transmitter, std::int32_t follows, std::int32_t greatest)
 {
-    const auto& transmitter = channel.transmitter;
+    if (transmitter.loopMode == ForceLoopMode::OpenLoop) {
+        transmitter.aim.reset();
+        return greatest;
+    }
+    auto& aim = transmitter.aim;
+    const bool isHeld = transmitter.loopMode == ForceLoopMode::NormalOperation && aim &&
+                        aim->target == transmitter.farEndTarget &&
+                        std::abs(aim->power - follows) <= kPowerHysteresis_dBTenths;
+    if (!isHeld) {
+        aim = {transmitter.farEndTarget, follows};
+    }
+    return aim->power;
+}
+
+std::int32_t transmittedPower(const NodeState& node, ChannelState& channel, double attenuation)
+{
+    auto& transmitter = channel.transmitter;
     if (transmitter.status != ETxPowerActualStatus::On) {
+        transmitter.aim.reset();
         return kNoLevel_dBmTenths;
     }
-    const bool isOpen = transmitter.loopMode == ForceLoopMode::OpenLoop;
-    const auto wanted = isOpen ? transmitter.maxPower : level(transmitter.farEndTarget + attenuation);
-    const auto power = level(std::clamp(wanted, transmitter.minPower, transmitter.maxPower));
+    const auto greatest = transmitter.maxPower + tapsDecision(node, channel).deltaPower;
+    const auto wanted = aimedPower(transmitter, level(transmitter.farEndTarget + attenuation), greatest);
+    const auto power = level(std::clamp(wanted, transmitter.minPower, greatest));
     const auto limited = transmitter.ignoresLimits
                              ? power
                              : std::min(power, greatestPower(node, channel, channel.minModulation));

@@ -16,9 +16,9 @@ namespace zyr_simulation
 /// The far end is on the channel's frequencies with the channel's frame and modulations. All levels are in
 /// tenths:
 ///
-/// - power: what brings the far end to its target level, but within the commanded window and the radio's
-/// limit;
-///   the upper end of the window if power control is held open;
+/// - power: what brings the far end to its target level, but within the commanded window, whose upper end
+/// TAPS may lower (`tapsDecision`), and the radio's limit; in normal operation a change of the path by up to
+/// 1 dB is let pass; the upper end of the window if power control is held open;
 /// - received level: power of the other end, less the path loss, less the fading, a slow sum of two waves;
 /// - diversity: the second antenna of the receiver has a path loss of its own and fades on its own; see
 ///   `settleDiversity` for what becomes of both;

@@ -6,6 +6,7 @@
 #include "RadioType.h"
 #include "WarmRestart.h"
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -29,6 +30,9 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
     if (options.channels < 1 || options.channels > 2) {
         throw std::invalid_argument("a node has 1 or 2 radio channels, not " +
                                     std::to_string(options.channels));
+    }
+    if (!options.stateFolder.empty() && !std::filesystem::is_directory(options.stateFolder)) {
+        throw std::invalid_argument(options.stateFolder + ": no folder for the node's files");
     }
     radioType(options.radioType); // refuses an unknown type
     clocks.system = std::chrono::system_clock::now().time_since_epoch() - now();

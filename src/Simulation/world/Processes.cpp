@@ -1,11 +1,10 @@
 #include "Processes.h"
 
 #include "DualStream.h"
-#include "FrameDatabase.h"
 #include "SpectrumScan.h"
+#include "Taps.h"
 
 #include <cstddef>
-#include <string>
 
 namespace zyr_simulation
 {
@@ -18,10 +17,8 @@ using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ETxPowerOverrideState;
 using zyr_top_api::MimoCalibrationStatus;
-using zyr_top_api::ModulationAndCoding;
 using zyr_top_api::RadioRestartStatus;
 using zyr_top_api::SdcStatus;
-using zyr_top_api::TapsLogData;
 using zyr_top_api::TxRequestedStatus;
 
 void settleRadio(NodeState& node, ChannelState& channel, nanoseconds now)
@@ -106,36 +103,6 @@ void settleSdc(SdcState& sdc, nanoseconds now)
     }
 }
 
-/// The capacity of the channel with a modulation, 0 without a frame.
-std::int32_t capacity_Mbit(const ChannelState& channel, ModulationAndCoding modulation)
-{
-    const auto* frame = findRadioFrame(channel.radioFrameId);
-    return frame == nullptr ? 0 : static_cast<std::int32_t>(capacity_kbit(*frame, modulation) / 1000);
-}
-
-/// A sample of TAPS as the channel is now.
-TapsLogData sampleOf(const ChannelState& channel, nanoseconds now)
-{
-    constexpr std::int32_t mebit = 1'048'576;
-    const auto& transmitter = channel.transmitter;
-    const auto time = std::chrono::duration_cast<std::chrono::milliseconds>(now);
-    TapsLogData sample;
-    sample.timeStamp = std::to_string(time.count()) + " ms";
-    sample.minPowerIn = transmitter.minPower;
-    sample.maxPowerIn = transmitter.maxPower;
-    sample.dspRateMbit = capacity_Mbit(channel, channel.receiver.txModulation);
-    sample.dspRateMebit = static_cast<std::int32_t>(sample.dspRateMbit * 1'000'000LL / mebit);
-    sample.dspMinRateMbit = capacity_Mbit(channel, channel.minModulation);
-    sample.dspMaxRateMbit = capacity_Mbit(channel, channel.maxModulation);
-    sample.currentModValue = static_cast<std::int32_t>(channel.receiver.txModulation);
-    sample.idleRate = channel.taps.idleRateOffset;
-    sample.rateMin = sample.dspMinRateMbit;
-    sample.minPowerOut = transmitter.minPower;
-    sample.maxPowerOut = transmitter.maxPower;
-    sample.atpcEnabled = transmitter.minPower != transmitter.maxPower;
-    return sample;
-}
-
 /// Brings a cached capability into force when the channel's DSP can be reached.
 void settleFarEndPmax(const NodeState& node, ChannelState& channel)
 {
@@ -146,12 +113,12 @@ void settleFarEndPmax(const NodeState& node, ChannelState& channel)
     }
 }
 
-void settleTapsLog(ChannelState& channel, nanoseconds now)
+void settleTapsLog(const NodeState& node, ChannelState& channel, nanoseconds now)
 {
     constexpr std::size_t greatestSize = 1000;
     auto& log = channel.tapsLog;
     while (log.isActive && now >= log.nextSampleAt) {
-        log.samples.push_back(sampleOf(channel, log.nextSampleAt));
+        log.samples.push_back(tapsSample(node, channel, log.nextSampleAt));
         if (log.samples.size() > greatestSize) {
             log.samples.pop_front();
         }
@@ -183,7 +150,7 @@ void settleProcesses(NodeState& node, ChannelState& channel)
     settleBasebandSdc(node, channel.basebandSdc, now);
     settleMimo(channel, now);
     settleSdc(channel.sdc, now);
-    settleTapsLog(channel, now);
+    settleTapsLog(node, channel, now);
     settleFarEndPmax(node, channel);
     settleScan(node, channel);
     settleXpic(node, channel);

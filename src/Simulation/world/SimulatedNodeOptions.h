@@ -3,6 +3,7 @@
 #include "Zyr.h"
 
 #include <cstdint>
+#include <string>
 
 namespace zyr_simulation
 {
@@ -36,6 +37,8 @@ struct SimulatedNodeOptions
     std::int32_t crossPolarDiscrimination_dBTenths = 200; ///< How far the polarisations are apart.
     std::uint32_t hopLength_m = 5000;
 
+    std::string stateFolder =
+        {};                 ///< Where the node may write files, in no folder below it; empty for nowhere.
     bool hostClock = false; ///< The node has the host's clocks, else clocks of its own that start alike.
 };
 
