@@ -32,11 +32,24 @@ struct RauLatencyRequest
     RauLatencyGroup group6; ///< MIMO spatial slave.
 };
 
+// With pointers of either size.
+static_assert(std::is_trivially_copyable_v<RauLatencyGroup> && std::is_standard_layout_v<RauLatencyGroup>);
 static_assert(sizeof(RauLatencyGroup) == 12);
+static_assert(alignof(RauLatencyGroup) == 4);
+static_assert(offsetof(RauLatencyGroup, value) == 0);
+static_assert(offsetof(RauLatencyGroup, hasValue) == 4);
+static_assert(offsetof(RauLatencyGroup, secondFlag) == 5);
+static_assert(offsetof(RauLatencyGroup, reserved) == 6);
+static_assert(std::is_trivially_copyable_v<RauLatencyRequest> &&
+              std::is_standard_layout_v<RauLatencyRequest>);
 static_assert(sizeof(RauLatencyRequest) == 80);
+static_assert(alignof(RauLatencyRequest) == 4);
+static_assert(offsetof(RauLatencyRequest, reserved) == 0);
+static_assert(offsetof(RauLatencyRequest, group1) == 8);
 static_assert(offsetof(RauLatencyRequest, group2) == 20);
+static_assert(offsetof(RauLatencyRequest, group3) == 32);
+static_assert(offsetof(RauLatencyRequest, group4) == 44);
 static_assert(offsetof(RauLatencyRequest, group5) == 56);
 static_assert(offsetof(RauLatencyRequest, group6) == 68);
-static_assert(std::is_trivially_copyable_v<RauLatencyRequest>);
 
 } // namespace zyr_top_api
