@@ -28,9 +28,13 @@ void require(bool holds, const char* property, std::string_view document)
     }
 }
 
-/// The value as it comes out of a document: base64 can bring bytes that a document's text cannot carry.
+/// The value as it comes out of a document that is written of it: what is only read, base64 and dates, is
+/// left out.
 Value carriable(const Value& value)
 {
+    if (value.is_binary()) {
+        return nullptr;
+    }
     if (value.is_string()) {
         return carriableText(value.get_ref<const std::string&>());
     }

@@ -77,7 +77,7 @@ class ClosedTest(GateTest):
         self.assertEqual(self.outcomes(GATED + DIRECT), refused)
         self.assertEqual(self.outcomes_in_multicall(GATED + DIRECT), refused)
         trace = self.node.trace()
-        self.assertEqual(set(re.findall(r"^\S+Z \d (\S+)", trace, re.MULTILINE)), {"ZYR.ZyrTopApi"})
+        self.assertEqual(set(re.findall(r"^\S+Z \d (\S+)", trace, re.MULTILINE)), {"ZYR.GATEWAY", "ZYR.ZyrTopApi"})
         self.assertEqual(trace.count("executeCommand: Running "), 0)
         self.assertEqual(trace.count("not available"), 2 * len(GATED))
         self.assertEqual(self.proxy.SIM.GetState(), before)

@@ -33,9 +33,9 @@
 ///
 /// How values become wire types: an integer is `<int>` when 32 signed bits hold it, otherwise `<i8>`; a
 /// number with a fraction is `<double>` in fixed notation, with the fewest digits that read back the same;
-/// NaN and the infinities, which XML-RPC does not have, become `<nil/>`. A carriage return is written
-/// `&#13;`. Each byte that is not part of valid UTF-8, and each character that XML cannot carry, is replaced
-/// by U+FFFD.
+/// NaN and the infinities, which XML-RPC does not have, and binary values, which nothing here answers, become
+/// `<nil/>`. A carriage return is written `&#13;`. Each byte that is not part of valid UTF-8, and each
+/// character that XML cannot carry, is replaced by U+FFFD.
 namespace zyr_gateway
 {
 
