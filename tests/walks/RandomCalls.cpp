@@ -184,6 +184,9 @@ class RandomRecord
         if (field.isChannel() && !m_chance.oneIn(8)) {
             return m_chance.number(1, 2);
         }
+        if (field.isChannel() && m_chance.oneIn(2)) {
+            return 0; // which most commands don't check
+        }
         if (const auto texts = zyr_registration::textsOf(type, field.notes);
             texts != nullptr && !m_chance.oneIn(4)) {
             return m_chance.oneOf(texts().rows).number;
