@@ -117,7 +117,7 @@ class MemoryTest(UnderFireTest):
     def test_threads_that_cannot_be_had_are_refusals(self):
         with open(f"/proc/{self.node.process.pid}/status", encoding="ascii") as status:
             size = next(int(line.split()[1]) for line in status if line.startswith("VmSize:")) * 1024
-        subprocess.run(["prlimit", f"--pid={self.node.process.pid}", f"--as={size + 16 * 1024 * 1024}"], check=True)
+        subprocess.run(["prlimit", f"--pid={self.node.process.pid}", f"--as={size + 48 * 1024 * 1024}"], check=True)
         clients = [self.connect() for _ in range(64)]
         for client in clients:
             client.sendall(head(len(POLL)) + POLL)
