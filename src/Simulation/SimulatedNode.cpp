@@ -2,6 +2,7 @@
 
 #include "Drivers.h"
 #include "Hop.h"
+#include "Mimo.h"
 #include "ModuleManager.h"
 #include "SimulatedAcmHandler.h"
 #include "SimulatedAtpcController.h"
@@ -128,6 +129,7 @@ void SimulatedNode::addCollaborators()
     for (const auto& channel : m_state->channels) {
         addChannel(channel.number);
         addDrivers(channel.number);
+        m_state->faults.registerCollaborator(kMimoCalibration, std::array{kMimoCorrelation}, true);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "IBasebandSdcController.h"
 #include "ICcdpController.h"
-#include "IMimoController.h"
 #include "IPpsController.h"
 #include "IRauHandler.h"
 #include "ITapsController.h"
@@ -20,18 +19,12 @@ using namespace std::chrono_literals;
 using bcm::types::ModemChain;
 using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::LinkType;
-using zyr_top_api::MimoCalibrationStatus;
-using zyr_top_api::MimoLockStatus;
 using enum zyr_top_api::ModulationAndCoding;
 
 class ControllersTest : public SimulationFixture
 {
   protected:
     static ICcdpController& xpic() { return require<ICcdpController>("ICcdpController", 1); }
-    static IMimoController& mimo(unsigned channel = 1)
-    {
-        return require<IMimoController>("IMimoController", channel);
-    }
     static IBasebandSdcController& sdc()
     {
         return require<IBasebandSdcController>("IBasebandSdcController", 1);
@@ -43,13 +36,6 @@ class ControllersTest : public SimulationFixture
         std::string state;
         EXPECT_EQ(xpic().getState(state), 0U);
         return state;
-    }
-
-    static int mimoMode()
-    {
-        int mode = -1;
-        EXPECT_EQ(dspControl(1).getMimoMode(mode), 0U);
-        return mode;
     }
 };
 
@@ -121,63 +107,6 @@ TEST_F(ControllersTest, preambleIsKept)
     EXPECT_EQ(xpic().setPreamble(XpicMimoPreamble::Preamble_C), 0U);
     EXPECT_EQ(xpic().getPreamble(preamble), 0U);
     EXPECT_EQ(preamble, XpicMimoPreamble::Preamble_C);
-}
-
-TEST_F(ControllersTest, mimoOnBothChannelsIsFourByFour)
-{
-    configure(1, 302);
-    EXPECT_EQ(mimoMode(), 0);
-    EXPECT_EQ(mimo(1).setLinkType(LinkType::Enable_A), 0U);
-    EXPECT_EQ(mimoMode(), 4);
-    EXPECT_FALSE(mimo(1).getXpicStatus().hasValue());
-    EXPECT_EQ(mimo(2).setLinkType(LinkType::Enable_B), 0U);
-    EXPECT_EQ(mimoMode(), 9);
-    EXPECT_EQ(mimo(1).getXpicStatus().value(), MimoLockStatus::Unlocked) << "its slave sweeps";
-    time().advance(500ms);
-    EXPECT_EQ(mimo(1).getXpicStatus().value(), MimoLockStatus::Locked);
-    EXPECT_EQ(mimo(1).getStatus(), MimoLockStatus::Locked);
-    EXPECT_NEAR(mimo(1).getEta().value(), 9000, 200);
-    EXPECT_NEAR(mimo(1).getXpi().value(), 200, 5);
-    EXPECT_EQ(mimo(2).getStatus(), MimoLockStatus::Unlocked) << "channel 2 isn't configured";
-    EXPECT_FALSE(mimo(2).getEta().hasValue());
-    EXPECT_EQ(mimo(1).mimoSpatialMute(true), 0U);
-    EXPECT_EQ(mimo(1).getStatus(), MimoLockStatus::Mute);
-    EXPECT_EQ(mimo(1).stop(), 0U);
-    EXPECT_FALSE(mimo(1).isStarted());
-    EXPECT_EQ(mimoMode(), 0);
-}
-
-TEST_F(ControllersTest, mimoStatusShowsWhatIsMeasuredOnceLocked)
-{
-    zyr_top_api::MimoStatusStruct status;
-    EXPECT_EQ(dspStatus(1).mimoStatusGet(status), 0U);
-    EXPECT_EQ(status.etaTenThousands, 0U);
-    configure(1, 302);
-    EXPECT_EQ(mimo().setLinkType(LinkType::Enable_A), 0U);
-    EXPECT_EQ(dspChannel(1).mimoDiversityMute(true), 0U);
-    EXPECT_EQ(dspStatus(1).mimoStatusGet(status), 0U);
-    EXPECT_NEAR(status.etaTenThousands, 9000, 200);
-    EXPECT_TRUE(status.diversityMute);
-}
-
-TEST_F(ControllersTest, mimoCalibrationEndsWithTheLinkUp)
-{
-    const auto status = [] {
-        auto value = MimoCalibrationStatus::TimeoutFailure;
-        EXPECT_EQ(dspChannel(1).mimoCrossConnectDelayCalibrationStatusGet(value), 0U);
-        return value;
-    };
-    EXPECT_EQ(status(), MimoCalibrationStatus::Disabled);
-    EXPECT_EQ(dspChannel(1).mimoCrossConnectDelayCalibrationStart(), 0U);
-    EXPECT_EQ(status(), MimoCalibrationStatus::InProgress);
-    time().advance(2s);
-    EXPECT_EQ(status(), MimoCalibrationStatus::NoCorrelationFailure);
-    configure(1, 302);
-    EXPECT_EQ(dspChannel(1).mimoCrossConnectDelayCalibrationStart(), 0U);
-    time().advance(1999ms);
-    EXPECT_EQ(status(), MimoCalibrationStatus::InProgress);
-    time().advance(1ms);
-    EXPECT_EQ(status(), MimoCalibrationStatus::Success);
 }
 
 TEST_F(ControllersTest, combinerCalibratesWhenItIsStartedSo)

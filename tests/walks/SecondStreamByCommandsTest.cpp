@@ -1,9 +1,12 @@
 #include "CriGetRadioChannelStatusImpl.h"
 #include "CriGetSpectrumDiagnosticsImpl.h"
+#include "CriMimoSpatialMuteImpl.h"
 #include "CriSetRadioChannelNearEndImpl.h"
+#include "CriSetRadioLinkEncryptionImpl.h"
 #include "CriXpicSlaveMuteImpl.h"
 #include "DirectCall.h"
 #include "SimulatedNode.h"
+#include "TiManageMimoImpl.h"
 #include "TiManageXpicImpl.h"
 #include "VirtualTime.h"
 
@@ -77,6 +80,44 @@ class SecondStreamByCommandsTest : public testing::Test
         TiManageXpic::Command command;
         command.xpicStatusGet = true;
         return command;
+    }
+
+    void configureForMimo(const std::string& linkType)
+    {
+        auto command = nearEnd(1, 302);
+        command.mimoParameterPresent = true;
+        command.mimoEnable = linkType;
+        direct<CriSetRadioChannelNearEndImpl>(command);
+        time.advance(10s);
+    }
+
+    // MIMO as the status shows it, with the blocks of a second.
+    std::string mimoShown()
+    {
+        CriGetRadioChannelStatus::Command command;
+        command.RadioChannelID = 1;
+        command.ResetErrorBlocks = true;
+        direct<CriGetRadioChannelStatusImpl>(command);
+        time.advance(1s);
+        const auto answer = direct<CriGetRadioChannelStatusImpl>(command);
+        return answer.RadioChannelStatus + " " + answer.MimoStatus + ", eta " +
+               std::to_string((answer.ActualEta + 500) / 1000) + ", blocks " +
+               std::to_string(answer.BackgroundBlocks) + ", bytes " + std::to_string(answer.TotalBytes);
+    }
+
+    static void muteSpatialPath(bool mute)
+    {
+        CriMimoSpatialMute::Command command;
+        command.channelId = 1;
+        command.mute = mute;
+        direct<CriMimoSpatialMuteImpl>(command);
+    }
+
+    static MimoCalibrationStatus calibration()
+    {
+        TiManageMimo::Command command;
+        command.crossConnectDelayCalibrationStatusGet = true;
+        return direct<TiManageMimoImpl>(command).calibrationStatus;
     }
 
     static CriGetSpectrumDiagnostics::Response scan(const std::string& option)
@@ -182,6 +223,94 @@ TEST_F(SecondStreamByCommandsTest, AcquisitionTakesItsTime)
     time.advance(500ms);
     EXPECT_EQ(slave(direct<TiManageXpicImpl>(askForStatus())),
               "20 dB, sweeps 0, calibrated 1, gains 50 150 3");
+}
+
+TEST_F(SecondStreamByCommandsTest, MutedSpatialPathShowsInTheStatusAndTakesHalfOfTheTraffic)
+{
+    configureForMimo("Enable_A");
+    EXPECT_EQ(mimoShown(), "Up Locked, eta 9, blocks 1000, bytes 200000");
+    muteSpatialPath(true);
+    EXPECT_EQ(mimoShown(), "Up Mute, eta 0, blocks 500, bytes 100000");
+    EXPECT_TRUE(direct<TiManageMimoImpl>(TiManageMimo::Command{}).diversityMute);
+    muteSpatialPath(false);
+    time.advance(1s);
+    EXPECT_EQ(mimoShown(), "Up Locked, eta 9, blocks 1000, bytes 200000");
+    TiManageMimo::Command command;
+    command.diversityMuteSet = true;
+    EXPECT_TRUE(direct<TiManageMimoImpl>(command).diversityMute);
+    EXPECT_EQ(mimoShown(), "Up Mute, eta 0, blocks 500, bytes 100000");
+}
+
+TEST_F(SecondStreamByCommandsTest, MimoSettlesBehindItsConfiguration)
+{
+    configureForMimo("Enable_A");
+    TiManageMimo::Command command;
+    command.configurationSet = true;
+    const auto first = direct<TiManageMimoImpl>(command);
+    EXPECT_TRUE(first.slaveSweepInProgress);
+    EXPECT_TRUE(first.spatialSlaveSweepStatus);
+    EXPECT_EQ(first.etaTenThousands, 0U);
+    EXPECT_GT(first.spatialCarrierOffsetHz, 11'000);
+    time.advance(1s);
+    const auto settled = direct<TiManageMimoImpl>(TiManageMimo::Command{});
+    EXPECT_FALSE(settled.slaveSweepInProgress);
+    EXPECT_FALSE(settled.spatialSlaveSweepStatus);
+    EXPECT_NEAR(settled.etaTenThousands, 8'940U, 200U);
+    EXPECT_LT(settled.spatialCarrierOffsetHz, 500);
+}
+
+TEST_F(SecondStreamByCommandsTest, CalibrationOfTheCrossConnectWaitsRunsAndEnds)
+{
+    using enum MimoCalibrationStatus;
+    TiManageMimo::Command start;
+    start.crossConnectDelayCalibrationStart = true;
+    start.crossConnectDelayCalibrationStatusGet = true;
+    EXPECT_EQ(direct<TiManageMimoImpl>(start).calibrationStatus, WaitingToStart);
+    time.advance(1s);
+    EXPECT_EQ(calibration(), TimeoutFailure) << "there is no link yet";
+
+    configureForMimo("Enable_A");
+    EXPECT_EQ(direct<TiManageMimoImpl>(start).calibrationStatus, WaitingToStart);
+    time.advance(1s);
+    EXPECT_EQ(calibration(), InProgress);
+    time.advance(2s);
+    EXPECT_EQ(calibration(), Success);
+
+    node.faults().inject({"MimoCalibration", "correlate", 1, 0x8000, 1});
+    direct<TiManageMimoImpl>(start);
+    time.advance(3s);
+    EXPECT_EQ(calibration(), NoCorrelationFailure);
+}
+
+TEST_F(SecondStreamByCommandsTest, DifferentKeysLeaveTheLinkUpWithNothingButErroredBlocks)
+{
+    direct<CriSetRadioChannelNearEndImpl>(nearEnd(1, 102));
+    CriSetRadioLinkEncryption::Command encrypt;
+    encrypt.channelId = 1;
+    encrypt.masterKey = "a key of this length";
+    encrypt.enableRle = true;
+    const auto afterASecond = [&] {
+        CriGetRadioChannelStatus::Command command;
+        command.RadioChannelID = 1;
+        command.ResetErrorBlocks = true;
+        direct<CriGetRadioChannelStatusImpl>(command);
+        time.advance(1s);
+        const auto answer = direct<CriGetRadioChannelStatusImpl>(command);
+        return answer.RadioChannelStatus + " " + std::to_string(answer.RleStatus.value()) + ", errored " +
+               std::to_string(answer.ErroredBlocks) + " of " + std::to_string(answer.BackgroundBlocks);
+    };
+    time.advance(10s);
+    EXPECT_EQ(afterASecond(), "Up 0, errored 0 of 1000");
+    direct<CriSetRadioLinkEncryptionImpl>(encrypt);
+    EXPECT_EQ(afterASecond(), "Up 1, errored 0 of 1000");
+    node.setFarEndKey(1, "another key than that");
+    EXPECT_EQ(afterASecond(), "Up 1, errored 1000 of 1000");
+    encrypt.masterKey = "another key than that";
+    direct<CriSetRadioLinkEncryptionImpl>(encrypt);
+    EXPECT_EQ(afterASecond(), "Up 1, errored 0 of 1000");
+    encrypt.enableRle = false;
+    direct<CriSetRadioLinkEncryptionImpl>(encrypt);
+    EXPECT_EQ(afterASecond(), "Up 0, errored 1000 of 1000") << "the far end still encrypts";
 }
 
 TEST_F(SecondStreamByCommandsTest, ScanTakesTheLinkAndItsResultStays)

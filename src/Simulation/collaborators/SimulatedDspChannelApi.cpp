@@ -1,6 +1,7 @@
 #include "SimulatedDspChannelApi.h"
 
 #include "Hop.h"
+#include "Mimo.h"
 #include "Pps.h"
 #include "Processes.h"
 
@@ -134,20 +135,18 @@ ETIResult SimulatedDspChannelApi::setRxChainDelay(ModemChain chain, unsigned cha
 
 ETIResult SimulatedDspChannelApi::mimoDiversityMute(bool mute)
 {
-    return perform<ETIResult>("mimoDiversityMute", [&] { channel().mimo.isDiversityMuted = mute; });
+    return perform<ETIResult>("mimoDiversityMute", [&] { channel().mimo.isSpatialMuted = mute; });
 }
 
 ETIResult SimulatedDspChannelApi::mimoConfigurationSet()
 {
-    return perform<ETIResult>("mimoConfigurationSet", [&] { ++channel().mimo.configurations; });
+    return perform<ETIResult>("mimoConfigurationSet", [&] { applyMimoConfiguration(node(), channel()); });
 }
 
 ETIResult SimulatedDspChannelApi::mimoCrossConnectDelayCalibrationStart()
 {
-    return perform<ETIResult>("mimoCrossConnectDelayCalibrationStart", [&] {
-        channel().mimo.calibration = MimoCalibrationStatus::InProgress;
-        channel().mimo.calibrationEndsAt = node().settleAfter(kMimoCalibrationTime);
-    });
+    return perform<ETIResult>("mimoCrossConnectDelayCalibrationStart",
+                              [&] { beginMimoCalibration(node(), channel()); });
 }
 
 ETIResult SimulatedDspChannelApi::mimoCrossConnectDelayCalibrationStatusGet(MimoCalibrationStatus& status)

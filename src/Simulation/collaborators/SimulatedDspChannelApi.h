@@ -65,10 +65,12 @@ class SimulatedDspChannelApi final : public SimulatedCollaborator<IDspChannelApi
     bool rxEqualizerFeedForwardFilterDelay(Action action, bcm::types::ModemChain chain,
                                            std::uint8_t& samples) override;
     zyr_top_api::ETIResult setRxChainDelay(bcm::types::ModemChain chain, unsigned char delay) override;
+
+    /// The path that `IMimoController` calls the spatial one.
     zyr_top_api::ETIResult mimoDiversityMute(bool mute) override;
     zyr_top_api::ETIResult mimoConfigurationSet() override;
 
-    /// Takes `kMimoCalibrationTime`, and finds no correlation without a link.
+    /// See `beginMimoCalibration`.
     zyr_top_api::ETIResult mimoCrossConnectDelayCalibrationStart() override;
     zyr_top_api::ETIResult
     mimoCrossConnectDelayCalibrationStatusGet(zyr_top_api::MimoCalibrationStatus& status) override;

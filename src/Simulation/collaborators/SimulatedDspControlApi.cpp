@@ -1,6 +1,6 @@
 #include "SimulatedDspControlApi.h"
 
-#include "DualStream.h"
+#include "Mimo.h"
 
 namespace zyr_simulation
 {

@@ -2,6 +2,7 @@
 
 #include "DualStream.h"
 #include "Hop.h"
+#include "Mimo.h"
 #include "Processes.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace zyr_simulation
 
 using zyr_top_api::DspErrorBlocks;
 using zyr_top_api::ETIResult;
-using zyr_top_api::MimoLockStatus;
 using zyr_top_api::MimoStatusStruct;
 
 namespace
@@ -109,22 +109,7 @@ ETIResult SimulatedDspStatusApi::getIqSlaveImbalance(std::int16_t& first, std::i
 
 ETIResult SimulatedDspStatusApi::mimoStatusGet(MimoStatusStruct& status)
 {
-    return access("mimoStatusGet", [&] {
-        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
-        const bool sweeps = slaveSweeps(node(), channel());
-        status = {};
-        status.slaveSweepInProgress = sweeps;
-        status.spatialSlaveSweepStatus = sweeps;
-        status.diversityMute = channel().mimo.isDiversityMuted;
-        if (isLocked) {
-            status.etaTenThousands = static_cast<std::uint32_t>(eta_tenThousandths(node(), channel()));
-            status.xpdDbTenths = crossPolarDiscrimination_dBTenths(node(), channel());
-            status.spatialXpdDbTenths = status.xpdDbTenths;
-            status.slaveCarrierOffsetHz = carrierOffset_Hz(node(), channel());
-            status.spatialCarrierOffsetHz = status.slaveCarrierOffsetHz;
-            status.spatialSlaveCarrierOffsetHz = status.slaveCarrierOffsetHz;
-        }
-    });
+    return access("mimoStatusGet", [&] { status = mimoStatus(node(), channel()); });
 }
 
 void SimulatedDspStatusApi::injectErrorBlocks(bool inject, int cycles, unsigned percentage)

@@ -1,6 +1,7 @@
 #include "SimulatedMimoController.h"
 
 #include "DualStream.h"
+#include "Mimo.h"
 
 namespace zyr_simulation
 {
@@ -28,20 +29,20 @@ ETIResult SimulatedMimoController::stop()
 Optional<std::int32_t> SimulatedMimoController::getEta()
 {
     return locked([&] {
-        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
+        const bool isLocked = channel().mimo.lock == MimoLockStatus::Locked;
         return isLocked ? Optional(eta_tenThousandths(node(), channel())) : Optional<std::int32_t>();
     });
 }
 
 MimoLockStatus SimulatedMimoController::getStatus()
 {
-    return locked([&] { return mimoLock(channel()); });
+    return locked([&] { return channel().mimo.lock; });
 }
 
 Optional<std::int32_t> SimulatedMimoController::getXpi()
 {
     return locked([&] {
-        const bool isLocked = mimoLock(channel()) == MimoLockStatus::Locked;
+        const bool isLocked = channel().mimo.lock == MimoLockStatus::Locked;
         return isLocked ? Optional(crossPolarDiscrimination_dBTenths(node(), channel()))
                         : Optional<std::int32_t>();
     });

@@ -11,6 +11,7 @@
 #include "KeyPrint.h"
 #include "LinkType.h"
 #include "MimoCalibrationStatus.h"
+#include "MimoLockStatus.h"
 #include "ModemChain.h"
 #include "Modulation.h"
 #include "ModulationAndCoding.h"
@@ -296,11 +297,12 @@ struct XpicState
 struct MimoState
 {
     zyr_top_api::LinkType linkType = zyr_top_api::LinkType::Disable;
-    bool isSpatialMuted = false;
-    bool isDiversityMuted = false;
-    unsigned configurations = 0;
-    std::chrono::nanoseconds calibrationEndsAt{0};
+    bool isSpatialMuted = false;             ///< The spatial path, which is called the diversity path too.
+    bool hearsSpatialPath = false;           ///< The receiver gets a signal of it.
+    std::chrono::nanoseconds sweepsUntil{0}; ///< Having got it, the receiver sweeps until then.
+    zyr_top_api::MimoLockStatus lock = zyr_top_api::MimoLockStatus::Unlocked;
     zyr_top_api::MimoCalibrationStatus calibration = zyr_top_api::MimoCalibrationStatus::Disabled;
+    std::chrono::nanoseconds calibrationStepEndsAt{0};
 
     bool isStarted() const { return linkType != zyr_top_api::LinkType::Disable; }
 };

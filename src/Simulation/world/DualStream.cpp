@@ -16,12 +16,15 @@ using zyr_top_api::XpicMimoPreamble;
 namespace
 {
 
-/// A value that moves slowly about its mean.
-std::int32_t moving(const NodeState& node, const ChannelState& channel, double mean, double amplitude)
+/// A value that moves slowly about its mean, each stream's on its own.
+std::int32_t moving(const NodeState& node, const ChannelState& channel, Stream stream, double mean,
+                    double amplitude)
 {
     constexpr double period_s = 30.0;
+    constexpr double streamPhase = 1.3;
     const auto time = std::chrono::duration<double>(node.now()).count();
-    const auto phase = static_cast<double>(node.settings.seed) + channel.number;
+    const auto phase =
+        static_cast<double>(node.settings.seed) + channel.number + streamPhase * static_cast<double>(stream);
     return static_cast<std::int32_t>(std::lround(mean + amplitude * std::sin(time / period_s + phase)));
 }
 
@@ -93,19 +96,25 @@ void settleXpic(NodeState& node, ChannelState& channel)
     xpic.findsCarrier = finds;
 }
 
-std::int32_t crossPolarDiscrimination_dBTenths(const NodeState& node, const ChannelState& channel)
+std::int32_t crossPolarDiscrimination_dBTenths(const NodeState& node, const ChannelState& channel,
+                                               Stream stream)
 {
-    return moving(node, channel, node.settings.crossPolarDiscrimination_dBTenths, 5);
+    return moving(node, channel, stream, node.settings.crossPolarDiscrimination_dBTenths, 5);
 }
 
-std::int32_t carrierOffset_Hz(const NodeState& node, const ChannelState& channel)
+std::int32_t carrierOffset_Hz(const NodeState& node, const ChannelState& channel, Stream stream)
 {
-    return moving(node, channel, 0, 400);
+    return moving(node, channel, stream, 0, 400);
+}
+
+std::int32_t gainDifference_dBTenths(const NodeState& node, const ChannelState& channel)
+{
+    return moving(node, channel, Stream::Spatial, 15, 3);
 }
 
 std::int32_t eta_tenThousandths(const NodeState& node, const ChannelState& channel)
 {
-    return moving(node, channel, 9'000, 200);
+    return moving(node, channel, Stream::Spatial, 9'000, 200);
 }
 
 MimoLockStatus xpicLock(const NodeState& node, const ChannelState& channel)
@@ -115,29 +124,6 @@ MimoLockStatus xpicLock(const NodeState& node, const ChannelState& channel)
     }
     const bool isLocked = channel.xpic.findsCarrier && node.now() >= channel.xpic.sweepsUntil;
     return isLocked ? MimoLockStatus::Locked : MimoLockStatus::Unlocked;
-}
-
-MimoLockStatus mimoLock(const ChannelState& channel)
-{
-    if (channel.mimo.isSpatialMuted) {
-        return MimoLockStatus::Mute;
-    }
-    return channel.mimo.isStarted() && channel.receiver.isLinkUp ? MimoLockStatus::Locked
-                                                                 : MimoLockStatus::Unlocked;
-}
-
-int mimoMode(const NodeState& node, const ChannelState& channel)
-{
-    constexpr int none = 0;
-    constexpr int twoByTwo = 4;
-    constexpr int fourByFour = 9;
-    if (!channel.mimo.isStarted()) {
-        return none;
-    }
-    const bool bothChannels =
-        node.channels.size() == 2 &&
-        std::ranges::all_of(node.channels, [](const ChannelState& each) { return each.mimo.isStarted(); });
-    return bothChannels ? fourByFour : twoByTwo;
 }
 
 } // namespace zyr_simulation

@@ -10,11 +10,24 @@ namespace zyr_simulation
 
 // Readings of links with two streams. Their size follows from the seed and moves a little with time.
 
+/// Streams beside a receiver's own one.
+enum class Stream
+{
+    Slave,        ///< The other polarisation.
+    Spatial,      ///< The second one of a MIMO link.
+    SpatialSlave, ///< That one's other polarisation.
+};
+
 /// How much weaker a receiver gets the other polarisation than its own, in tenths of a dB.
-std::int32_t crossPolarDiscrimination_dBTenths(const NodeState& node, const ChannelState& channel);
+std::int32_t crossPolarDiscrimination_dBTenths(const NodeState& node, const ChannelState& channel,
+                                               Stream stream = Stream::Slave);
 
 /// Distance between the carriers of two streams.
-std::int32_t carrierOffset_Hz(const NodeState& node, const ChannelState& channel);
+std::int32_t carrierOffset_Hz(const NodeState& node, const ChannelState& channel,
+                              Stream stream = Stream::Slave);
+
+/// What the spatial path of a MIMO link is stronger than the main one, in tenths of a dB.
+std::int32_t gainDifference_dBTenths(const NodeState& node, const ChannelState& channel);
 
 /// How well the antennas of a MIMO link are apart, in ten-thousandths.
 std::int32_t eta_tenThousandths(const NodeState& node, const ChannelState& channel);
@@ -40,11 +53,5 @@ void settleXpic(NodeState& node, ChannelState& channel);
 /// the cable are plugged in and send, the preambles pair, the channel is configured and gets signals that are
 /// well above the noise, and the sweep for the carrier is over.
 zyr_top_api::MimoLockStatus xpicLock(const NodeState& node, const ChannelState& channel);
-
-/// Whether the MIMO receiver has locked: MIMO is started and the link is up.
-zyr_top_api::MimoLockStatus mimoLock(const ChannelState& channel);
-
-/// The mode of the DSP for MIMO: 0 none, 4 for 2x2, 9 for 4x4, which is both channels together.
-int mimoMode(const NodeState& node, const ChannelState& channel);
 
 } // namespace zyr_simulation

@@ -3,6 +3,7 @@
 #include "Diversity.h"
 #include "FrameDatabase.h"
 #include "Interference.h"
+#include "Mimo.h"
 #include "ModulationLadder.h"
 #include "RadioType.h"
 #include "Taps.h"
@@ -281,7 +282,7 @@ void countBlocks(const NodeState& node, ChannelState& channel)
     auto& receiver = channel.receiver;
     const auto elapsed = Seconds(node.now() - receiver.settledAt).count();
     if (receiver.isLinkUp) {
-        const auto blocks = elapsed * kBlocksPerSecond;
+        const auto blocks = elapsed * kBlocksPerSecond * capacityShare(channel);
         const auto errored = blocks * errorShare(node, channel);
         receiver.received.blocks += blocks;
         receiver.received.erroredBlocks += errored;

@@ -33,7 +33,8 @@ namespace zyr_simulation
 /// in place of the far end's, and the far end gets nothing;
 /// - alarm "FarEndLinkDown": the transmitter is on, but the far end can't lock to what it gets;
 /// - spectrum scan: while one runs nothing is received;
-/// - blocks: a constant number in a second; some are errored when the SNIR is scarce.
+/// - blocks: a constant number in a second, half of it without the second stream of a MIMO link; some are
+/// errored when the SNIR is scarce.
 void settleHop(NodeState& node, ChannelState& channel);
 
 /// The modulations of the channel's range, the most robust first, each with the SNIR in tenths of a dB below
@@ -66,7 +67,7 @@ std::int32_t noiseFloor_dBmTenths(const ChannelState& channel);
 /// The time that a signal travels from end to end, in nanoseconds.
 std::uint32_t hopLatency_ns(const NodeState& node);
 
-/// Blocks that the modem receives in a second, and bytes in a block.
+/// Blocks that the modem receives in a second with all its streams, and bytes in a block.
 inline constexpr double kBlocksPerSecond = 1000.0;
 inline constexpr double kBytesPerBlock = 200.0;
 

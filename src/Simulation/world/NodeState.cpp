@@ -1,6 +1,7 @@
 #include "NodeState.h"
 
 #include "Hop.h"
+#include "Mimo.h"
 #include "Pps.h"
 #include "Processes.h"
 #include "RadioType.h"
@@ -65,6 +66,7 @@ void NodeState::settle()
     for (auto& channel : channels) {
         settleProcesses(*this, channel);
         settleHop(*this, channel);
+        settleMimo(*this, channel);
         settlePps(*this, channel);
     }
 }

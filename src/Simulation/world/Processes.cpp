@@ -16,7 +16,6 @@ using std::chrono::nanoseconds;
 using zyr_top_api::BasebandSdcDadeStatus;
 using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ETxPowerOverrideState;
-using zyr_top_api::MimoCalibrationStatus;
 using zyr_top_api::RadioRestartStatus;
 using zyr_top_api::SdcStatus;
 using zyr_top_api::TxRequestedStatus;
@@ -83,15 +82,6 @@ void settleBasebandSdc(NodeState& node, BasebandSdcState& sdc, nanoseconds now)
     settleDade(sdc, now);
 }
 
-void settleMimo(ChannelState& channel, nanoseconds now)
-{
-    auto& mimo = channel.mimo;
-    if (mimo.calibration == MimoCalibrationStatus::InProgress && now >= mimo.calibrationEndsAt) {
-        mimo.calibration = channel.receiver.isLinkUp ? MimoCalibrationStatus::Success
-                                                     : MimoCalibrationStatus::NoCorrelationFailure;
-    }
-}
-
 void settleSdc(SdcState& sdc, nanoseconds now)
 {
     if (sdc.operation == SdcStatus::InProgress && now >= sdc.operationEndsAt) {
@@ -148,7 +138,6 @@ void settleProcesses(NodeState& node, ChannelState& channel)
     settleRadio(node, channel, now);
     settleTransmitter(node, channel, now);
     settleBasebandSdc(node, channel.basebandSdc, now);
-    settleMimo(channel, now);
     settleSdc(channel.sdc, now);
     settleTapsLog(node, channel, now);
     settleFarEndPmax(node, channel);

@@ -16,6 +16,8 @@ inline constexpr std::chrono::seconds kDspRecoveryWithoutConfigTime{2};
 inline constexpr std::chrono::seconds kDspRecoveryTime{5};
 inline constexpr std::chrono::seconds kDadeCalibrationTime{2};
 inline constexpr std::chrono::milliseconds kDadeStopTime{200};
+inline constexpr std::chrono::seconds kMimoSweepTime{1};
+inline constexpr std::chrono::seconds kMimoCalibrationWaitTime{1};
 inline constexpr std::chrono::seconds kMimoCalibrationTime{2};
 inline constexpr std::chrono::milliseconds kXpicSweepTime{500};
 inline constexpr std::chrono::milliseconds kSdcSwitchTime{500};

@@ -1,6 +1,7 @@
 #include "Taps.h"
 
 #include "FrameDatabase.h"
+#include "Mimo.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,7 +24,9 @@ constexpr double kThresholdShare = 0.1; ///< Of the greatest rate.
 std::int32_t rate_Mbit(const ChannelState& channel, ModulationAndCoding modulation)
 {
     const auto* frame = findRadioFrame(channel.radioFrameId);
-    return frame == nullptr ? 0 : static_cast<std::int32_t>(capacity_kbit(*frame, modulation) / 1000);
+    return frame == nullptr
+               ? 0
+               : static_cast<std::int32_t>(capacity_kbit(*frame, modulation) * capacityShare(channel) / 1000);
 }
 
 /// The share of the channel's greatest rate that its traffic takes.
