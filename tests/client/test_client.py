@@ -556,6 +556,131 @@ class Recover(NodeTest):
         self.assertEqual(self.node.calls, [self.ASK])
 
 
+class Spectrum(NodeTest):
+    METHOD = "CRI.GetSpectrumDiagnostics"
+    FOUND = {"tiResult": 0, "Status": "channel-scan-finished", "Progress": 100,
+             "Result": [{"Frequency": 14920000 + 500 * index, "Rssi": -450 if 2 <= index <= 3 else -900}
+                        for index in range(8)]}
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_command(self.METHOD)
+
+    @staticmethod
+    def state(status, progress):
+        return {"tiResult": 0, "Status": status, "Progress": progress, "Result": []}
+
+    def asked(self, *options):
+        """The calls, each as its option or as a pair with the pause."""
+        return [(self.METHOD, [{"RadioChannelID": 2, "RequestOption": option} if isinstance(option, str) else
+                               {"RadioChannelID": 2, "RequestOption": option[0], "DmSleep": option[1]}])
+                for option in options]
+
+    def test_waits_for_the_end_of_a_scan_and_draws_it(self):
+        self.node.answers[self.METHOD] = [self.state("channel-scan-ongoing", 0), self.state("channel-scan-ongoing", 50),
+                                          self.state("channel-scan-finished", 100), self.FOUND]
+        status, out, err = self.run_with_node("spectrum", "2", "--yes", LANG="de_DE.UTF-8")
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(self.node.calls, self.asked(("channel-scan-start", 0), "get-status", "get-status", "get-result"))
+        lines = out.splitlines()
+        self.assertEqual(lines[0], "Radio channel 2, channel-scan-finished, 8 points")
+        self.assertEqual(lines[12], "         |▁▁██▁▁▁▁")
+        self.assertEqual(lines[-2:], ["peak (MHz)  level (dBm)  width (MHz)", "14 921.250        -45.0        0.500"])
+
+    def test_scans_the_sub_band_with_a_pause(self):
+        self.node.answers[self.METHOD] = [self.state("sub-band-scan-finished", 100), self.FOUND]
+        self.assertEqual(self.run_with_node("spectrum", "2", "--sub-band", "--pause", "7", "--yes")[0], 0)
+        self.assertEqual(self.node.calls, self.asked(("sub-band-scan-start", 7), "get-result"))
+
+    def test_draws_in_ascii_where_the_locale_or_somebody_wants_it(self):
+        self.node.answers[self.METHOD] = [self.FOUND]
+        for words, variables in (((), {"LANG": "C"}), (("--ascii",), {"LANG": "C.UTF-8"}),
+                                 ((), {"LANG": "C.UTF-8", "LC_ALL": "POSIX"})):
+            out = self.run_with_node("spectrum", "2", "--result", *words, **variables)[1]
+            self.assertTrue(out.isascii(), out)
+            self.assertIn("|..##....\n", out)
+        self.assertFalse(self.run_with_node("spectrum", "2", "--result", LANG="C", LC_CTYPE="C.utf8")[1].isascii())
+
+    def test_gives_the_last_result_to_tools(self):
+        self.node.answers[self.METHOD] = [self.FOUND]
+        self.assertEqual(self.run_with_node("spectrum", "2", "--result", "--csv"),
+                         (0, "Frequency,Rssi\n" + "".join(f"{point['Frequency']},{point['Rssi']}\n"
+                                                         for point in self.FOUND["Result"]), ""))
+        status, out, _ = self.run_with_node("spectrum", "2", "--result", "--json")
+        self.assertEqual((status, json.loads(out)), (0, self.FOUND))
+        self.assertEqual(self.node.calls, self.asked("get-result") * 2)
+
+    def test_asks_before_it_takes_the_link(self):
+        status, _, err = self.run_with_node("spectrum", "2")
+        self.assertEqual((status, self.node.calls), (2, []))
+        self.assertIn("CRI.GetSpectrumDiagnostics can disturb traffic", err)
+
+    def test_shows_its_progress_on_a_terminal(self):
+        self.node.answers[self.METHOD] = [self.state("channel-scan-ongoing", 5),
+                                          self.state("channel-scan-finished", 100), self.FOUND]
+        status, written = run_on_terminal("spectrum", "2", "--yes", "--ascii", url=self.node.url)
+        self.assertEqual(status, 0)
+        self.assertTrue(written.startswith("\r\x1b[K[##" + " " * 38 + "] 5 %\r\x1b[K" "Radio channel 2,"), written)
+
+    def test_stops_the_scan_at_an_interrupt(self):
+        self.node.answers[self.METHOD] = [self.state("channel-scan-ongoing", 5)]
+        with subprocess.Popen([ZYRCTL, "spectrum", "2", "--yes"], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              text=True, env=environment(self.node.url)) as process:
+            while not self.node.calls:
+                pass
+            process.send_signal(signal.SIGINT)
+            out, err = process.communicate(timeout=DEADLINE)
+        self.assertEqual((process.returncode, out, err), (130, "", (
+            "zyrctl: interrupted, and the scan was stopped; zyrctl spectrum 2 --result shows what it has found\n")))
+        self.assertEqual(self.node.calls[-1:], self.asked(("scan-stop", 0)))
+
+    def test_stops_the_scan_when_it_cannot_be_followed(self):
+        self.node.answers[self.METHOD] = [self.state("channel-scan-ongoing", 5), xmlrpc.client.Fault(2, "broken")]
+        self.assertEqual(self.run_with_node("spectrum", "2", "--yes"), (1, "", "zyrctl: fault 2: broken\n"))
+        self.assertEqual(self.node.calls, self.asked(("channel-scan-start", 0), "get-status", ("scan-stop", 0)))
+
+    def test_tells_of_a_scan_that_somebody_else_has_stopped(self):
+        self.node.answers[self.METHOD] = [self.state("channel-scan-ongoing", 5), self.state("scan-not-started", 7)]
+        self.assertEqual(self.run_with_node("spectrum", "2", "--yes"), (1, "", (
+            "zyrctl: the scan was ended before its time; zyrctl spectrum 2 --result shows what it has found\n")))
+        self.assertEqual(self.node.calls, self.asked(("channel-scan-start", 0), "get-status"))
+
+
+class SecondStream(NodeTest):
+    def setUp(self):
+        super().setUp()
+        for name in ("TI.ManageXPIC", "TI.ManageMimo", "CRI.GetRadioChannelStatus"):
+            self.node.add_command(name)
+        self.node.answers["CRI.GetRadioChannelStatus"] = [{"tiResult": 0, "MimoIsStarted": True, "MimoStatus": "Mute"}]
+
+    def test_xpic_asks_for_all_that_it_shows(self):
+        self.node.answers["TI.ManageXPIC"] = [{"tiResult": 0, "xpdDbTenths": 203}]
+        status, out, err = self.run_with_node("xpic", "2")
+        self.assertEqual((status, err), (0, ""))
+        self.assertIn("\ncross-polar discrimination     203\n", out)
+        self.assertEqual(self.node.calls, [
+            ("TI.ManageXPIC", [{"radioChannelId": 2, "xpicPreambleGet": True, "xpicStatusGet": True}]),
+            ("CRI.GetRadioChannelStatus", [{"RadioChannelID": 2}])])
+
+    def test_mimo_asks_for_the_calibration_too(self):
+        self.node.answers["TI.ManageMimo"] = [{"tiResult": 0, "etaTenThousands": 9003, "calibrationStatus": 6},
+                                              {"tiResult": 0, "etaTenThousands": 0, "calibrationStatus": 2}]
+        status, out, _ = self.run_with_node("mimo", "2", "--json")
+        self.assertEqual((status, json.loads(out)["TI.ManageMimo"]),
+                         (0, {"tiResult": 0, "etaTenThousands": 9003, "calibrationStatus": 2}))
+        self.assertEqual(self.node.calls, [
+            ("TI.ManageMimo", [{"radioChannelId": 2}]),
+            ("TI.ManageMimo", [{"radioChannelId": 2, "crossConnectDelayCalibrationStatusGet": True}]),
+            ("CRI.GetRadioChannelStatus", [{"RadioChannelID": 2}])])
+
+    def test_mimo_is_a_table(self):
+        self.node.answers["TI.ManageMimo"] = [{"tiResult": 0, "etaTenThousands": 9003, "calibrationStatus": 2}]
+        out = self.run_with_node("mimo")[1].splitlines()
+        self.assertEqual(out[0], "Radio channel 1, MIMO 2x2 Mute")
+        self.assertIn("eta                            9003", out)
+        self.assertIn("cross-connect calibration         2", out)
+
+
 class Help(NodeTest):
     def test_explains_a_command(self):
         self.assertEqual(self.run_with_node("help", "CRI.EnableAcm"), (0, (

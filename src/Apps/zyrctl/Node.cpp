@@ -167,6 +167,12 @@ std::optional<CommandDescription> Node::describe(const std::string& method,
     return std::nullopt;
 }
 
+std::vector<FieldDescription> Node::responseOf(const std::string& method)
+{
+    const auto description = describe(method);
+    return description ? description->response : std::vector<FieldDescription>();
+}
+
 std::string Node::methodHelp(const std::string& method)
 {
     const Value help = ask("system.methodHelp", {Value(method)});

@@ -46,6 +46,10 @@ class Node
     std::optional<CommandDescription> describe(const std::string& method,
                                                const std::vector<std::string>& alsoMeant = {});
 
+    /// The description of a method's answer; none if the node doesn't describe it.
+    /// @throws Failure (usage) if the node has no such method
+    std::vector<FieldDescription> responseOf(const std::string& method);
+
     /// What the node itself writes as help of a method.
     std::string methodHelp(const std::string& method);
 

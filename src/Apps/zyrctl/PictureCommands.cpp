@@ -39,12 +39,6 @@ void addChannel(CLI::App& subcommand, ChannelOptions& options)
     subcommand.add_option("CHANNEL", options.channel, "Radio channel (1)")->check(oneOrMore());
 }
 
-Fields responseOf(Session& session, const char* method)
-{
-    const auto description = session.node().describe(method);
-    return description ? description->response : Fields();
-}
-
 void addLevel(std::vector<std::int64_t>& levels, const Value& answer, const Fields& fields)
 {
     const auto level = answer.find("ActualRFInputPower");
@@ -76,7 +70,7 @@ void runStatus(Session& session, const ChannelOptions& options)
     const auto ask = [&] {
         return session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}});
     };
-    const Fields fields = responseOf(session, kStatus);
+    const Fields fields = session.node().responseOf(kStatus);
     std::vector<std::int64_t> levels;
     const auto picture = [&](const Value& answer) {
         addLevel(levels, answer, fields);
@@ -103,7 +97,7 @@ Value askFrames(Session& session, const ChannelOptions& options)
 
 void runFrames(Session& session, const ChannelOptions& options)
 {
-    const auto response = responseOf(session, kFrames);
+    const auto response = session.node().responseOf(kFrames);
     const Value answer = askFrames(session, options);
     session.show(answer, framesPicture(answer, response));
 }
@@ -121,7 +115,7 @@ std::int64_t frameOf(Session& session, const ChannelOptions& options)
 
 void runCapability(Session& session, const ChannelOptions& options)
 {
-    const auto response = responseOf(session, kCapability);
+    const auto response = session.node().responseOf(kCapability);
     const Value answer = session.node().call(kCapability, {Value{{"RadioChannelID", options.channel},
                                                                  {"radioFrameId", frameOf(session, options)},
                                                                  {"minModulation", "4QAM_STRONG"},
@@ -152,12 +146,12 @@ Value askThresholds(Session& session, const ChannelOptions& options)
 void runAcm(Session& session, const ChannelOptions& options)
 {
     AcmAnswers answers{.mode = {session.node().call(kAcmMode, {Value{{"channelId", options.channel}}}),
-                                responseOf(session, kAcmMode)},
+                                session.node().responseOf(kAcmMode)},
                        .status = {session.node().call(kStatus, {Value{{"RadioChannelID", options.channel}}}),
-                                  responseOf(session, kStatus)},
+                                  session.node().responseOf(kStatus)},
                        .thresholds = {askThresholds(session, options), {}}};
     if (!answers.thresholds.answer.empty()) {
-        answers.thresholds.fields = responseOf(session, kThresholds);
+        answers.thresholds.fields = session.node().responseOf(kThresholds);
     }
     session.show({{kAcmMode, answers.mode.answer},
                   {kStatus, answers.status.answer},
@@ -168,7 +162,7 @@ void runAcm(Session& session, const ChannelOptions& options)
 void runCombiner(Session& session, const ChannelOptions& options)
 {
     const Value answer = session.node().call(kCombiner, {Value{{"channelId", options.channel}}});
-    session.show(answer, combinerPicture(options.channel, answer, responseOf(session, kCombiner)));
+    session.show(answer, combinerPicture(options.channel, answer, session.node().responseOf(kCombiner)));
 }
 
 } // namespace

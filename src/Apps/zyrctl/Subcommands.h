@@ -27,6 +27,12 @@ void addEventsCommand(CLI::App& app, Session& session);
 /// `taps [CHANNEL]`
 void addTapsCommand(CLI::App& app, Session& session);
 
+/// `spectrum [CHANNEL]`
+void addSpectrumCommand(CLI::App& app, Session& session);
+
+/// `xpic [CHANNEL]`, `mimo [CHANNEL]`
+void addSecondStreamCommands(CLI::App& app, Session& session);
+
 /// The command behind `encrypt`.
 inline constexpr const char* kEncryptMethod = "CRI.SetRadioLinkEncryption";
 

@@ -157,15 +157,9 @@ void showSample(Session& session, const TapsOptions& options, const std::vector<
     session.console.flush();
 }
 
-std::vector<FieldDescription> responseOf(Session& session)
-{
-    const auto description = session.node().describe(kTaps);
-    return description ? description->response : std::vector<FieldDescription>();
-}
-
 void follow(Session& session, const TapsOptions& options)
 {
-    const std::vector<FieldDescription> response = responseOf(session);
+    const std::vector<FieldDescription> response = session.node().responseOf(kTaps);
     const FieldDescription* const samples = findField(response, "TapsLogData");
     const std::vector<FieldDescription> fields =
         samples == nullptr ? std::vector<FieldDescription>() : samples->fields;
@@ -193,7 +187,7 @@ void runTaps(Session& session, const TapsOptions& options)
         return;
     }
     const Value state = manageTaps(session, options);
-    session.show(state, renderAnswer(state, responseOf(session), {}, session.console.room()));
+    session.show(state, renderAnswer(state, session.node().responseOf(kTaps), {}, session.console.room()));
 }
 
 } // namespace

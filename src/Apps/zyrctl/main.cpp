@@ -76,6 +76,8 @@ int main(int argc, char** argv)
         addEventsCommand(app, session);
         addPictureCommands(app, session);
         addTapsCommand(app, session);
+        addSpectrumCommand(app, session);
+        addSecondStreamCommands(app, session);
         addEncryptCommand(app, session);
         addRestartCommands(app, session);
         addCompletionCommand(app, session);
