@@ -418,6 +418,66 @@ TEST_F(NearEndDriverTest, ThirdPassHeals)
     EXPECT_EQ(count("group 5 for channel 1"), 1U);
 }
 
+// Writes "<function>: <front of the text>" of the command's records.
+class FunctionSink : public zyr_platform::TraceSink
+{
+  public:
+    explicit FunctionSink(zyr_test::Transcript& functions) : m_functions(functions) {}
+
+    void write(const zyr_platform::TraceRecord& record) override
+    {
+        if (record.channel == "ZYR.TI.CriSetRadioChannelNearEnd") {
+            m_functions.add(std::string(record.header.function) + ": " +
+                            std::string(record.text.substr(0, 16)));
+        }
+    }
+
+  private:
+    zyr_test::Transcript& m_functions;
+};
+
+// A step with a name of its own stands under it, any other under the function that it is a step of.
+TEST_F(NearEndDriverTest, RecordsNameTheFunctionThatTheirStepBelongsTo)
+{
+    node.channel1.acmHandler.onMuteAcm.inTurn({0x8000, eACMH_S_OK});
+    resultOfPhaseGroup5 = 0x8000;
+    Command command = NearEndTest::command();
+    command.rauMultiTrxConfig.ifSwitchMode.reset();
+    showAllLevels();
+    zyr_test::Transcript functions;
+    const zyr_platform::Registration sink =
+        zyr_platform::TraceService::get().addSink(std::make_shared<FunctionSink>(functions));
+    EXPECT_EQ(run(command), failedWith("At least one of the phases failed (32768)"));
+    EXPECT_EQ(functions.text(), R"(
+execute: msg:RadioChannel
+logCall: for channel 1 wi
+logCall: txFrequency_kHz:
+turnOffTransmitter: Initiating Tx OF
+turnOffTransmitter: Start waiting fo
+turnOffTransmitter: Done waiting for
+checkFfAndCopyDcFileIfNeeded: CH:1frameId=4711
+checkFfAndCopyDcFileIfNeeded: LH:0 getConfigTy
+checkFfAndCopyDcFileIfNeeded: getRequiredFFCon
+execute: IAcmHandler->mut
+execute: Configuration fa
+logCall: for channel 1 wi
+logCall: txFrequency_kHz:
+turnOffTransmitter: Initiating Tx OF
+turnOffTransmitter: Start waiting fo
+turnOffTransmitter: Done waiting for
+checkFfAndCopyDcFileIfNeeded: CH:1frameId=4711
+checkFfAndCopyDcFileIfNeeded: LH:0 getConfigTy
+checkFfAndCopyDcFileIfNeeded: getRequiredFFCon
+recoverDspIfNeeded: DSP recovery tri
+configure: Configure PPS ro
+configure: Going to call up
+updateFrequencies: Going to call m_
+configureMultiTrx: RAU has nothing\x20
+restoreTransmitter: Return transmitt
+execute: At least one of\x20
+)");
+}
+
 TEST_F(NearEndDriverTest, BypassIsAskedOnceAndNotBetweenPasses)
 {
     node.channel1.systemPowerController.onIsConfigurationBypassed.inTurn({false, true});

@@ -95,6 +95,24 @@ TEST_F(LogTest, PlainTextCarriesThePlaceOfTheCallToo)
     EXPECT_STREQ(records[0].header.function, "TestBody");
 }
 
+TEST_F(LogTest, StepThatStandsInAFunctionOfItsOwnNamesTheWholeFunctionAndItsOwnLine)
+{
+    service.setLevel("ZYR.TEST.Log", 6);
+    const auto text = [](TextWriter& writer) { writer << "built"; };
+    log(trace, 1, "plain", within("whole"));
+    log(trace, 2, text, within("whole"));
+    logEnter(trace, within("whole"));
+    const int line = __LINE__ - 1;
+    const auto records = sink->records();
+    ASSERT_EQ(records.size(), 3U);
+    for (int record = 0; record < 3; ++record) {
+        const auto& header = records[static_cast<std::size_t>(record)].header;
+        EXPECT_STREQ(header.file, "tests/library/LogTest.cpp");
+        EXPECT_EQ(header.line, line - 2 + record);
+        EXPECT_STREQ(header.function, "whole");
+    }
+}
+
 void enteredWithoutText()
 {
     logEnter(trace);

@@ -32,14 +32,13 @@ StandardResponse setCombiner(const TylTrace& trace, const CombinerSetterTexts& t
                              std::uint32_t numberOfChannels, const PerChannel<Controller>& controllers,
                              const OwnStep& ownStep, CallSite at = CallSite())
 {
-    const auto& [file, line, function] = at.header;
     const auto input = [&](TextWriter& text) { command.print(text); };
-    log(trace, 3, input, file, line, function);
+    log(trace, 3, input, at);
     if (numberOfChannels < command.channelId) {
         const auto outOfBounds = [&](TextWriter& text) {
             text << "command.channelId: " << command.channelId << " m_numberOfChannels " << numberOfChannels;
         };
-        log(trace, 1, outOfBounds, file, line, function);
+        log(trace, 1, outOfBounds, at);
         return {eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds"};
     }
     Controller* const controller = controllers.find(command.channelId);

@@ -46,16 +46,14 @@ CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase& entry)
 template <class Text>
 void logStep(const TylTrace& trace, TylTraceLevel level, const Text& text, int line = __builtin_LINE())
 {
-    log(trace, level, text, __FILE__, line, "executeCommand");
+    log(trace, level, text, within("executeCommand", __FILE__, line));
 }
 
 } // namespace
 
 DispatchScope::DispatchScope(const DispatchTypes& types) : m_types(types)
 {
-    if (ZyrApiHandler::m_trace.isEnabled(6)) {
-        ZyrApiHandler::m_trace.logEnterMsg({__FILE__, __LINE__, "executeCommand"});
-    }
+    logEnter(ZyrApiHandler::m_trace, within("executeCommand"));
     if (types.identity.route != Route::DispatchedUnlocked) {
         m_lock = std::unique_lock(ZyrApiHandler::m_cmdMutex);
     }

@@ -27,7 +27,7 @@ std::string failureText(const Pieces&... pieces)
 inline void fail(BaseResponse& response, const TylTrace& trace, std::string_view logged,
                  std::string_view answered, ETIResult result = eTI_E_FAILED, CallSite at = CallSite())
 {
-    log(trace, 1, logged, at.header.file, at.header.line, at.header.function);
+    log(trace, 1, logged, at);
     setResult(response, result, answered);
 }
 

@@ -21,24 +21,22 @@ struct Run
 {
     const TylTrace& trace;
     unsigned numberOfChannels;
-    TylTraceHeader at;
+    CallSite at;
 
     template <class Text>
     void say(TylTraceLevel level, const Text& text) const
     {
-        log(trace, level, text, at.file, at.line, at.function);
+        log(trace, level, text, at);
     }
 };
 
 void logEntry(const Run& run, bool tellsCount)
 {
-    const TylTraceHeader& at = run.at;
     if (tellsCount) {
-        logEnter(
-            run.trace, [&](TextWriter& text) { text << "numberOfChannels=" << run.numberOfChannels; },
-            at.file, at.line, at.function);
+        const auto count = [&](TextWriter& text) { text << "numberOfChannels=" << run.numberOfChannels; };
+        logEnter(run.trace, count, run.at);
     } else {
-        logEnter(run.trace, at.file, at.line, at.function);
+        logEnter(run.trace, run.at);
     }
 }
 
@@ -194,7 +192,7 @@ ETIResult initialise(const TylTrace& trace, const InitialiseRules& rules, unsign
                      std::uint32_t& storedCount, std::initializer_list<Collaborator> collaborators,
                      CallSite at)
 {
-    const Run run{trace, numberOfChannels, at.header};
+    const Run run{trace, numberOfChannels, at};
     logEntry(run, rules.entryTellsCount);
     if (isSecondCall(run, rules.secondCall, Guard::BeforeRange, storedCount)) {
         return eTI_E_FAILED;
@@ -218,7 +216,7 @@ ETIResult initialise(const TylTrace& trace, const InitialiseRules& rules, unsign
 ETIResult initialise(const TylTrace& trace, const UncountedRules& rules, unsigned numberOfChannels,
                      std::initializer_list<NodeWideCollaborator> collaborators, CallSite at)
 {
-    const Run run{trace, numberOfChannels, at.header};
+    const Run run{trace, numberOfChannels, at};
     logEntry(run, rules.entryTellsCount);
     if (rules.isRangeTested && isOutOfRange(run, rules.range)) {
         return rules.range.result;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CallSite.h"
 #include "TextWriter.h"
 #include "TylTrace.h"
 
@@ -34,42 +35,41 @@ void logEnterBuilt(const TylTrace& trace, const TylTraceHeader& header, TextSour
 
 } // namespace detail
 
+// Both are always inlined: the place of the call then is but constants, of which a quiet trace stores none.
+
 /// Logs a message whose text is built by the callable, and only if the level is on.
 template <std::invocable<TextWriter&> Text>
-void log(const TylTrace& trace, TylTraceLevel level, const Text& text, const char* file = __builtin_FILE(),
-         int line = __builtin_LINE(), const char* function = __builtin_FUNCTION())
+[[gnu::always_inline]] inline void log(const TylTrace& trace, TylTraceLevel level, const Text& text,
+                                       CallSite at = CallSite())
 {
     if (trace.isEnabled(level)) {
-        detail::logBuilt(trace, level, {file, line, function}, detail::textSource(text));
+        detail::logBuilt(trace, level, at.header(), detail::textSource(text));
     }
 }
 
 /// Logs a text that needs no building.
-inline void log(const TylTrace& trace, TylTraceLevel level, std::string_view text,
-                const char* file = __builtin_FILE(), int line = __builtin_LINE(),
-                const char* function = __builtin_FUNCTION())
+[[gnu::always_inline]] inline void log(const TylTrace& trace, TylTraceLevel level, std::string_view text,
+                                       CallSite at = CallSite())
 {
     if (trace.isEnabled(level)) {
-        trace.logMsg(level, {file, line, function}, text);
+        trace.logMsg(level, at.header(), text);
     }
 }
 
 /// Logs the entry of the calling function, at level 6.
-inline void logEnter(const TylTrace& trace, const char* file = __builtin_FILE(), int line = __builtin_LINE(),
-                     const char* function = __builtin_FUNCTION())
+inline void logEnter(const TylTrace& trace, CallSite at = CallSite())
 {
     if (trace.isEnabled(6)) {
-        trace.logEnterMsg({file, line, function});
+        trace.logEnterMsg(at.header());
     }
 }
 
 /// Logs the entry of the calling function with a text, at level 6.
 template <std::invocable<TextWriter&> Text>
-void logEnter(const TylTrace& trace, const Text& text, const char* file = __builtin_FILE(),
-              int line = __builtin_LINE(), const char* function = __builtin_FUNCTION())
+void logEnter(const TylTrace& trace, const Text& text, CallSite at = CallSite())
 {
     if (trace.isEnabled(6)) {
-        detail::logEnterBuilt(trace, {file, line, function}, detail::textSource(text));
+        detail::logEnterBuilt(trace, at.header(), detail::textSource(text));
     }
 }
 

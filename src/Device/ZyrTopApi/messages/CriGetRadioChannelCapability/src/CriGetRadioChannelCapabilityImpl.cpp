@@ -158,7 +158,8 @@ bool CriGetRadioChannelCapabilityImpl::readPower(const Command& command, Respons
             fail(response, trace,
                  failureText("CRI.GetRadioChannelCapability failed to set temporary max power "
                              "cutback. SPC Result : ",
-                             set));
+                             set),
+                 eTI_E_FAILED, within("execute"));
             return false;
         }
     }
@@ -171,7 +172,7 @@ bool CriGetRadioChannelCapabilityImpl::readPower(const Command& command, Respons
                                              "for each modulation. SPC Result : ",
                                              read);
         if (code(read) != kUnloggedResult) {
-            log(trace, 1, text);
+            log(trace, 1, text, within("execute"));
         }
         setResult(response, eTI_E_FAILED, text);
         return false;
@@ -183,7 +184,8 @@ bool CriGetRadioChannelCapabilityImpl::readPower(const Command& command, Respons
             fail(response, trace,
                  failureText("CRI.GetRadioChannelCapability failed to unset temporary max power "
                              "cutback. SPC Result : ",
-                             unset));
+                             unset),
+                 eTI_E_FAILED, within("execute"));
             return false;
         }
     }

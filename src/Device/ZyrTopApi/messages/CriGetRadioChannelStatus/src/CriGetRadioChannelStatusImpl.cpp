@@ -18,28 +18,21 @@ constinit TylTrace CriGetRadioChannelStatusImpl::s_trace{CriGetRadioChannelStatu
 namespace
 {
 
-// The functions whose steps log in members and helpers.
-constexpr const char* kInitialize = "initialize";
-constexpr const char* kExecute = "execute";
-
 // Two pieces of news that change nothing.
 void reportBasebandSdc(const TylTrace& trace, const std::string& name, std::uint32_t channel,
                        IBasebandSdcController& controller)
 {
-    log(
-        trace, 5, [&](TextWriter& text) { text << " --> Found the interface to " << name; }, __FILE__,
-        __LINE__, kInitialize);
+    const auto found = [&](TextWriter& text) { text << " --> Found the interface to " << name; };
+    log(trace, 5, found, within("initialize"));
     const bool isStarted = controller.isStarted();
-    log(
-        trace, 5,
-        [&](TextWriter& text) {
-            if (isStarted) {
-                text << " --> basebandSdc IS STARTED for channel " << channel;
-            } else {
-                text << " --> basebandSdc IS NOT STARTED";
-            }
-        },
-        __FILE__, __LINE__, kInitialize);
+    const auto state = [&](TextWriter& text) {
+        if (isStarted) {
+            text << " --> basebandSdc IS STARTED for channel " << channel;
+        } else {
+            text << " --> basebandSdc IS NOT STARTED";
+        }
+    };
+    log(trace, 5, state, within("initialize"));
 }
 
 } // namespace
@@ -151,8 +144,8 @@ CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readErrorBlo
         return failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
     }
     if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
-        log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!", __FILE__,
-            __LINE__, kExecute);
+        log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!",
+            within("execute"));
     }
     readings.snir = statusApi->getSnir();
     return {};
@@ -163,14 +156,14 @@ void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readin
     IBasebandSdcController* const controller = m_basebandSdcController.find(channel);
     if (controller == nullptr) {
         // sic: ends in a blank
-        log(s_trace, 7, " --> ptr basebandSdc to m_basebandSdcController IS NOT initialize ", __FILE__,
-            __LINE__, kExecute);
+        log(s_trace, 7, " --> ptr basebandSdc to m_basebandSdcController IS NOT initialize ",
+            within("execute"));
         return;
     }
     if (!controller->isStarted()) {
         return;
     }
-    log(s_trace, 7, " --> basebandSdc IS STARTED", __FILE__, __LINE__, kExecute);
+    log(s_trace, 7, " --> basebandSdc IS STARTED", within("execute"));
     readings.basebandSdcIsStarted = controller->isStarted(); // the second answer is the one that is reported
     readings.basebandSdc = controller->getStatus();
     readings.dadeStatus = controller->getDadeStatus();

@@ -21,7 +21,7 @@ constinit TylTrace trace{CriGetSdcStatus::identity.traceChannel, 3, TylTraceHdrO
 // Fails at level 4, unlike other commands.
 CriGetSdcStatus::Response noAnswer(std::string_view text, CallSite at = CallSite())
 {
-    log(trace, 4, text, at.header.file, at.header.line, at.header.function);
+    log(trace, 4, text, at);
     return refusal<CriGetSdcStatus::Response>(eTI_E_FAILED, text);
 }
 

@@ -137,8 +137,10 @@ ETIResult CriGetSpectrumDiagnosticsImpl::readResults(std::uint32_t channel, Resp
     const auto found = std::span(buffer).first(static_cast<std::size_t>(std::clamp(count, 0, kMaxResults)));
     response.Result.assign(found.begin(), found.end());
     for (const SpectrumDiagnosticsResult& each : found) {
-        log(trace, 7,
-            [&](TextWriter& text) { text << "frequency " << each.Frequency << " rssi " << each.Rssi; });
+        const auto level = [&](TextWriter& text) {
+            text << "frequency " << each.Frequency << " rssi " << each.Rssi;
+        };
+        log(trace, 7, level, within("execute"));
     }
     return result;
 }

@@ -92,17 +92,19 @@ CriRestartRadio::Response CriRestartRadioImpl::triggerRestart(const Command& com
     IRadio& radio = m_radio[command.RadioChannelID];
     if (!radio.isAvailable()) {
         return failedResponse<Response>(trace,
-                                        failureText(command.RadioChannelID.logString(), "Radio is DOWN"));
+                                        failureText(command.RadioChannelID.logString(), "Radio is DOWN"),
+                                        eTI_E_FAILED, within("execute"));
     }
     m_systemPowerController[command.RadioChannelID].prepareRadioRestart();
     radio.triggerRestart(kColdRestart);
 
     Response response;
     response.Status = radio.getRestartStatus();
-    log(trace, 3, [&](TextWriter& text) {
+    const auto outcome = [&](TextWriter& text) {
         text << "CriRestartRadioImpl trigger RAU COLD restart, status: "
              << radioRestartStatusToString(response.Status);
-    });
+    };
+    log(trace, 3, outcome, within("execute"));
     return response;
 }
 

@@ -44,19 +44,21 @@ constexpr const CombinerSetterTexts& textsOf(const CriSetBasebandSdcEnable::Comm
 
 ETIResult start(IBasebandSdcController& controller, const CriSetBasebandSdcEnable::Command& command)
 {
-    log(trace, 7, [&](TextWriter& text) {
+    const auto call = [&](TextWriter& text) {
         text << "command.channelId: " << command.channelId
              << " calling basebandSdcController->start with isCalibrationRequired = "
              << (command.isCalibrationRequired ? "TRUE" : "FALSE");
-    });
+    };
+    log(trace, 7, call, within("execute"));
     return controller.start(command.isCalibrationRequired);
 }
 
 ETIResult stop(IBasebandSdcController& controller, const CriSetBasebandSdcEnable::Command& command)
 {
-    log(trace, 7, [&](TextWriter& text) {
+    const auto call = [&](TextWriter& text) {
         text << "command.channelId: " << command.channelId << " calling basebandSdcController->stop";
-    });
+    };
+    log(trace, 7, call, within("execute"));
     return controller.stop();
 }
 

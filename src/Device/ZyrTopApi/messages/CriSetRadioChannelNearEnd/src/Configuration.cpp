@@ -53,7 +53,7 @@ StandardResponse CriSetRadioChannelNearEndImpl::configure(const Command& command
         /* 13 */ unfailing([&] { m_systemPowerController[channel].setReferenceSec(command.referenceSec); }) &&
         /* 14 */ healable([&] { return setTemporaryPmaxCapability(channel); }) &&
         /* 15 */ plain([&] {
-            log(s_trace, 7, "Going to call updateFrequencies", __FILE__, __LINE__, "configure");
+            log(s_trace, 7, "Going to call updateFrequencies", within("configure"));
             return updateFrequencies(command);
         }) &&
         /* 16 */ plain([&] { return configureMultiTrx(command); }) &&
@@ -144,10 +144,11 @@ void CriSetRadioChannelNearEndImpl::configurePpsRole(RadioChannel channel, const
     if (ppsController == nullptr) {
         return;
     }
-    log(s_trace, 5, [&](TextWriter& text) {
+    const auto role = [&](TextWriter& text) {
         text << "Configure PPS role as " << (command.ppsSlave ? "SLAVE" : "MASTER") << " and output mode "
              << ppsOutputModeToString(command.ppsOutputMode) << " ch[" << channel << "]";
-    });
+    };
+    log(s_trace, 5, role, within("configure"));
     ppsController->configureRole(command.ppsSlave, command.ppsOutputMode);
 }
 

@@ -122,18 +122,18 @@ StandardResponse CriSetRadioChannelNearEndImpl::configureWithRecovery(const Comm
             return response;
         }
         if (recoverOut == Recover::None) {
-            log(s_trace, 1, response.faultString);
-            log(s_trace, 1, "Recovery cannot solve this failure, return");
+            log(s_trace, 1, response.faultString, within("execute"));
+            log(s_trace, 1, "Recovery cannot solve this failure, return", within("execute"));
             return response;
         }
         recover = recoverOut;
         ++failures;
-        log(s_trace, 2, response.faultString);
+        log(s_trace, 2, response.faultString, within("execute"));
         if (failures == kMaximumFailures) {
-            log(s_trace, 2, "Configuration failed 3 times, restart needed");
+            log(s_trace, 2, "Configuration failed 3 times, restart needed", within("execute"));
             return response;
         }
-        log(s_trace, 3, "Configuration failed, retry with DSP recovery");
+        log(s_trace, 3, "Configuration failed, retry with DSP recovery", within("execute"));
     }
 }
 
@@ -143,7 +143,8 @@ StandardResponse CriSetRadioChannelNearEndImpl::runClosingPhases(RadioChannel ch
     if (!failed(result)) {
         return {};
     }
-    return failedResponse(s_trace, failureText("At least one of the phases failed (", result, ")"));
+    return failedResponse(s_trace, failureText("At least one of the phases failed (", result, ")"),
+                          eTI_E_FAILED, within("execute"));
 }
 
 RadioChannel CriSetRadioChannelNearEndImpl::normalised(const Command& command)

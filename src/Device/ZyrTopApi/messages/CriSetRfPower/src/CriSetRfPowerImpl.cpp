@@ -90,22 +90,28 @@ StandardResponse CriSetRfPowerImpl::execute(const Command& command)
 StandardResponse CriSetRfPowerImpl::answerUnconfigured(const Command& command)
 {
     if (command.txRequestedStatus == TxRequestedStatus::Off) {
-        log(trace, 3, [&](TextWriter& text) {
+        const auto ignored = [&](TextWriter& text) {
             text << command.RadioChannelID.logString()
                  << "SetRfPower with txRequestedStatus Off is ignored, due to that DSP is not configured";
-        });
+        };
+        log(trace, 3, ignored, within("execute"));
         return {};
     }
-    log(trace, 1, [&](TextWriter& text) {
+    const auto refused = [&](TextWriter& text) {
         text << command.RadioChannelID.logString() << "DSP needs to be configured before SetRfPower";
-    });
+    };
+    log(trace, 1, refused, within("execute"));
     // Asked whether or not the trace shows them: what the DSP sees doesn't depend on trace levels.
     IDspApi& dspApi = m_dspApi[command.RadioChannelID];
     const bool isAccessible = required(dspApi.getDspControlApi(), command.RadioChannelID).isAccessible();
-    log(trace, 4, isAccessible ? "DSP is accessible" : "DSP is  not accessible"); // sic: two blanks
+    // sic: two blanks
+    log(trace, 4, isAccessible ? "DSP is accessible" : "DSP is  not accessible", within("execute"));
     const EDspChannelState state =
         required(dspApi.getDspChannelApi(), command.RadioChannelID).getChannelState();
-    log(trace, 4, [&](TextWriter& text) { text << "DSP channel state: " << dspChannelStateToString(state); });
+    const auto told = [&](TextWriter& text) {
+        text << "DSP channel state: " << dspChannelStateToString(state);
+    };
+    log(trace, 4, told, within("execute"));
     return {eTI_E_OPERATION_NOT_ALLOWED, "DSP needs to be configured before SetRfPower"};
 }
 
@@ -119,37 +125,41 @@ StandardResponse CriSetRfPowerImpl::setPower(const Command& command)
         m_outputPowerCalculator[command.RadioChannelID].setPowerCutBack(command.availableMaxPowerCutback);
     if (failed(cutback)) {
         return failedResponse(trace, "Failed to set max power cutback",
-                              failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")"));
+                              failureText("SetPowerCutBack failed(ESPCResult = ", cutback, ")"), eTI_E_FAILED,
+                              within("execute"));
     }
     const EACMHResult muted = acmHandler.muteAcm();
     if (failed(muted)) {
-        return failedResponse(trace,
-                              failureText("IAcmHandler->muteAcm() failed (EACMHResult = ", muted, ")"));
+        return failedResponse(trace, failureText("IAcmHandler->muteAcm() failed (EACMHResult = ", muted, ")"),
+                              eTI_E_FAILED, within("execute"));
     }
     const ESPCResult notified = notifyFallback(command);
     if (failed(notified)) {
-        return failedResponse(
-            trace, "Failed to notify SPC about changes in ATPC fallback settings",
-            failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")"));
+        return failedResponse(trace, "Failed to notify SPC about changes in ATPC fallback settings",
+                              failureText("notifyRequestedPowerSettings failed(ESPCResult = ", notified, ")"),
+                              eTI_E_FAILED, within("execute"));
     }
     const ESPCResult configured = powerController.configurePowerSettings(
         command.txRequestedStatus, command.targetRfInputPowerFarEnd, command.minRfOutputPower,
         command.maxRfOutputPower, kPowerSettingsOptions[0], kPowerSettingsOptions[1]);
     if (failed(configured)) {
         return failedResponse(trace, "Failed to notify SPC about changes in power settings",
-                              failureText("configurePowerSettings failed(ESPCResult = ", configured, ")"));
+                              failureText("configurePowerSettings failed(ESPCResult = ", configured, ")"),
+                              eTI_E_FAILED, within("execute"));
     }
     const ESPCResult adminState =
         powerController.setAdminRequestedTxPowerState(command.txRequestedStatus, kAdminStateOption);
     if (failed(adminState)) {
         return failedResponse(
             trace, "Failed to set Tx Admin Power State",
-            failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")"));
+            failureText("setAdminRequestedTxPowerState failed(ESPCResult = ", adminState, ")"), eTI_E_FAILED,
+            within("execute"));
     }
     const EACMHResult restored = acmHandler.restoreAcm();
     if (failed(restored)) {
         return failedResponse(trace,
-                              failureText("IAcmHandler->restoreAcm() failed (EACMHResult = ", restored, ")"));
+                              failureText("IAcmHandler->restoreAcm() failed (EACMHResult = ", restored, ")"),
+                              eTI_E_FAILED, within("execute"));
     }
     return setOptions(command, adminState);
 }
@@ -175,9 +185,11 @@ StandardResponse CriSetRfPowerImpl::setOptions(const Command& command, ESPCResul
         }
         if (failed(tapsController->setTapsEnable(command.tapsEnable.value()))) {
             // sic: the result of the transmitter's state, which succeeded, not that of TAPS
-            return failedResponse(trace, failureText("Failed to set TAPS enable for channel ",
-                                                     command.RadioChannelID,
-                                                     " (ESPCResult = ", adminStateResult, ")"));
+            return failedResponse(trace,
+                                  failureText("Failed to set TAPS enable for channel ",
+                                              command.RadioChannelID, " (ESPCResult = ", adminStateResult,
+                                              ")"),
+                                  eTI_E_FAILED, within("execute"));
         }
     }
     if (command.hrlbEnabled.hasValue() && tapsController != nullptr) {

@@ -59,10 +59,11 @@ ETIResult configure(ISpaceDiversityCombinerController& controller,
         modulationStringToEnum(std::string(betweenDashes(command.selectedMaxAcm)) + "QAM");
     const std::int32_t spacing =
         spacingCode(std::stoi(command.channelSpacing)); // its exceptions are the caller's
-    log(trace, 5, [&](TextWriter& text) {
+    const auto converted = [&](TextWriter& text) {
         text << "Max modulation: " << modulationToString(modulation) << ", channel spacing: " << spacing
              << ", xpic enabled: " << command.xpicEnabled;
-    });
+    };
+    log(trace, 5, converted, within("execute"));
     return controller.setRlConfiguration(modulation, spacing, command.xpicEnabled);
 }
 

@@ -83,7 +83,8 @@ TiGetTXRFDetectedOutputPower::Response TiGetTXRFDetectedOutputPowerImpl::read(co
         setResult(response, eTI_E_FAILED, "testGetDetectedPower() failed");
         return response;
     }
-    log(trace, 4, [&](TextWriter& text) { text << "Detected RfPower: " << power; });
+    const auto detected = [&](TextWriter& text) { text << "Detected RfPower: " << power; };
+    log(trace, 4, detected, within("execute"));
     bool usingHigh = false;
     std::int32_t switchToHigh = 0;
     std::int32_t switchToLow = 0;

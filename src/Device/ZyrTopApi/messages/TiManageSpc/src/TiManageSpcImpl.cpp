@@ -106,13 +106,16 @@ TiManageSpc::Response TiManageSpcImpl::execute(const Command& command)
 void TiManageSpcImpl::startSweep(const Command& command, Response& response)
 {
     if (!command.Min.hasValue() || !command.Max.hasValue() || !command.Rate.hasValue()) {
-        fail(response, trace, failureText("Min, Max or Rate option missing for ", command.RadioChannelID));
+        fail(response, trace, failureText("Min, Max or Rate option missing for ", command.RadioChannelID),
+             eTI_E_FAILED, within("execute"));
         return;
     }
     const std::int32_t min = command.Min.value();
     const std::int32_t max = command.Max.value();
     if (max < min) {
-        fail(response, trace, failureText("Max < Min  for ", command.RadioChannelID)); // sic: two blanks
+        // sic: two blanks
+        fail(response, trace, failureText("Max < Min  for ", command.RadioChannelID), eTI_E_FAILED,
+             within("execute"));
         return;
     }
     ISpcSimulator& simulator = m_spcSimulator[command.RadioChannelID];

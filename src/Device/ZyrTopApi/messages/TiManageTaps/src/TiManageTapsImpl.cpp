@@ -97,41 +97,44 @@ bool TiManageTapsImpl::handleLogRequest(const Command& command, ITapsControllerL
     switch (command.LogRequestOption.value()) {
     case LogRequestOption::StartLog:
         if (failed(log.startLog())) {
-            fail(response, trace, "TI.ManageTaps failed to start log");
+            fail(response, trace, "TI.ManageTaps failed to start log", eTI_E_FAILED, within("execute"));
             return false;
         }
         return true;
     case LogRequestOption::StopLog:
         if (failed(log.stopLog())) {
-            fail(response, trace, "TI.ManageTaps failed to stop log");
+            fail(response, trace, "TI.ManageTaps failed to stop log", eTI_E_FAILED, within("execute"));
             return false;
         }
         return true;
     case LogRequestOption::SetLogPeriod:
         if (!command.Time.hasValue()) {
             fail(response, trace, "TI.ManageTaps: LogPeriodSec called without Time value",
-                 eTI_E_REQUIRED_INPUT_MISSING);
+                 eTI_E_REQUIRED_INPUT_MISSING, within("execute"));
             return false;
         }
         log.setLogPeriod(command.Time.value()); // a refusal shows in the period that is read back
         return true;
     case LogRequestOption::DumpLogToFile:
         if (failed(log.dumpLogToFile())) {
-            fail(response, trace, "TI.ManageTaps failed to dump log to file");
+            fail(response, trace, "TI.ManageTaps failed to dump log to file", eTI_E_FAILED,
+                 within("execute"));
             return false;
         }
         return true;
     case LogRequestOption::ReadSample: {
         zyr_top_api::TapsLogData sample;
         if (failed(log.readSample(sample))) {
-            fail(response, trace, "TI.ManageTaps failed to read sample from log");
+            fail(response, trace, "TI.ManageTaps failed to read sample from log", eTI_E_FAILED,
+                 within("execute"));
             return false;
         }
         response.TapsLogData = sample;
         return true;
     }
     }
-    fail(response, trace, "TI.ManageTaps: Unknown LogRequestOption", eTI_E_INVALID_ARGUMENT);
+    fail(response, trace, "TI.ManageTaps: Unknown LogRequestOption", eTI_E_INVALID_ARGUMENT,
+         within("execute"));
     return false;
 }
 
@@ -143,7 +146,8 @@ void TiManageTapsImpl::readBack(const Command& command, ITapsController& tapsCon
     response.TapsLogActive = log.isLogActive();
     std::uint32_t period = 0;
     if (failed(log.getLogPeriod(period))) {
-        fail(response, trace, "TI.ManageTaps failed to to get log period"); // sic: the doubled word
+        // sic: the doubled word
+        fail(response, trace, "TI.ManageTaps failed to to get log period", eTI_E_FAILED, within("execute"));
         return;
     }
     response.LogPeriodSec = period;

@@ -40,10 +40,11 @@ std::string setBar(const XpicChannel& channel, const Command& command, Response&
     if (failed(result)) {
         return failedFor("ICcdpController::setBar", channel, result);
     }
-    log(trace, 4, [&](TextWriter& text) {
+    const auto outcome = [&](TextWriter& text) {
         text << "XPIC Bar set to ";
         text.word(on);
-    });
+    };
+    log(trace, 4, outcome, within("execute"));
     return {};
 }
 
@@ -80,9 +81,10 @@ std::string forceLinkType(const XpicChannel& channel, const Command& command, Re
         return failureText("ICcdpController::forceXpic failed for radiochannel ", channel.number,
                            " with status", forced);
     }
-    log(trace, 4, [&](TextWriter& text) {
+    const auto outcome = [&](TextWriter& text) {
         text << "XPIC EnableExt set to " << LinkTypeXpicMimo::enumToString(wanted);
-    });
+    };
+    log(trace, 4, outcome, within("execute"));
     return {};
 }
 
@@ -96,9 +98,10 @@ std::string readLinkType(const XpicChannel& channel, const Command& /*command*/,
                            " with status ", result);
     }
     if (result == kNotSupported) {
-        log(trace, 4, [&](TextWriter& text) {
+        const auto unsupported = [&](TextWriter& text) {
             text << "ICcdpController::getLinkType not supported for radioChannel " << channel.number;
-        });
+        };
+        log(trace, 4, unsupported, within("execute"));
         return {};
     }
     response.xpicEnableExt = current;
@@ -135,7 +138,7 @@ std::string readFlag(const CDriverHandle& driver, std::string_view absent, std::
                      const XpicChannel& channel, bool& flag)
 {
     if (driver.read == nullptr) {
-        log(trace, 4, absent);
+        log(trace, 4, absent, within("execute"));
         return {};
     }
     std::uint32_t value = 0;
