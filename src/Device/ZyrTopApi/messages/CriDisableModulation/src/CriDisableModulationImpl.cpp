@@ -35,8 +35,9 @@ ETIResult readMode(IDspChannelApi& channelApi, EDspATxMode& mode)
 
 Response unreadable(RadioChannel channel, CallSite at = CallSite())
 {
-    return failedResponse<Response>(trace, failureText(channel.logString(), "Failed to get DSP TX mode"),
-                                    "Unable to get DSP TX mode", eTI_E_FAILED, at);
+    const auto logged = [&](TextWriter& text) { text << channel.logString() << "Failed to get DSP TX mode"; };
+    log(trace, 1, logged, at);
+    return refusal<Response>(eTI_E_FAILED, "Unable to get DSP TX mode");
 }
 
 } // namespace
@@ -92,11 +93,11 @@ CriDisableModulation::Response CriDisableModulationImpl::execute(const Command& 
         const EDspATxMode asked = isToneAsked ? eDspATxModeOneTone : eDspATxModeNormal;
         if (mode != asked) {
             if (failed(channelApi.setDspTxMode(ModemChain::Main, asked, 0, 0))) {
-                return failedResponse<Response>(trace,
-                                                failureText(command.RadioChannelID.logString(),
-                                                            "Failed to set DSP TX mode ",
-                                                            dspATxModeToString(asked)),
-                                                "Failed to set DSP TX mode");
+                log(trace, 1, [&](TextWriter& text) {
+                    text << command.RadioChannelID.logString() << "Failed to set DSP TX mode "
+                         << dspATxModeToString(asked);
+                });
+                return refusal<Response>(eTI_E_FAILED, "Failed to set DSP TX mode");
             }
             IAcmHandler& acmHandler = m_acmHandler[command.RadioChannelID];
             isToneAsked ? acmHandler.disableModulation() : acmHandler.enableModulation();

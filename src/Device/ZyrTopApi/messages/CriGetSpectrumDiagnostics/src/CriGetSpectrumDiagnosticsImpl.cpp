@@ -92,8 +92,8 @@ CriGetSpectrumDiagnostics::Response CriGetSpectrumDiagnosticsImpl::execute(const
     Response response;
     const std::uint32_t channel = command.RadioChannelID;
     if (channel > m_numberOfChannels) {
-        fail(response, trace, failureText("RadioChannelID ", channel, " out of bounds"),
-             "RadioChannelID out of bounds", eTI_E_INVALID_ARGUMENT);
+        log(trace, 1, [&](TextWriter& text) { text << "RadioChannelID " << channel << " out of bounds"; });
+        setResult(response, eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds");
         return response;
     }
     const std::string_view option = command.RequestOption;

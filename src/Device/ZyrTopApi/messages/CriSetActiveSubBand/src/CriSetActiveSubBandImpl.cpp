@@ -33,10 +33,11 @@ StandardResponse CriSetActiveSubBandImpl::execute(const Command& command)
     log(trace, 3, [&](TextWriter& text) { command.print(text); });
 
     if (m_numberOfChannels < command.RadioChannelID) {
-        return failedResponse(trace,
-                              failureText("command.channelId: ", command.RadioChannelID,
-                                          " m_numberOfChannels ", m_numberOfChannels),
-                              "RadioChannelID out of bounds", eTI_E_INVALID_ARGUMENT);
+        log(trace, 1, [&](TextWriter& text) {
+            text << "command.channelId: " << command.RadioChannelID << " m_numberOfChannels "
+                 << m_numberOfChannels;
+        });
+        return {eTI_E_INVALID_ARGUMENT, "RadioChannelID out of bounds"};
     }
     log(trace, 5, [&](TextWriter& text) { text << "RAU subband request is: " << command.subBand; });
 

@@ -101,7 +101,8 @@ CriSetRadioChannelNearEndImpl::updateFrequencies(const Command& command)
 {
     const RadioChannel channel = command.RadioChannelID;
     if (!isOnNode(channel)) {
-        log(s_trace, 1, outOfBoundsText(channel)); // sic: no failure, unlike in configureMultiTrx
+        // sic: no failure, unlike in configureMultiTrx
+        log(s_trace, 1, [&](TextWriter& text) { text << outOfBoundsText(channel); });
         return {};
     }
     if (!isRadioAvailable(channel)) {

@@ -38,10 +38,10 @@ StandardResponse CriStartRecoveryImpl::execute(const Command& command)
     logEnter(trace);
 
     if (command.Recover != zyr_top_api::Recover::Dsp) {
-        return failedResponse(
-            trace,
-            failureText("CRI.StartRecovery does not support recover of: ", recoverToString(command.Recover)),
-            "CRI.StartRecovery recovery type not supported");
+        log(trace, 1, [&](TextWriter& text) {
+            text << "CRI.StartRecovery does not support recover of: " << recoverToString(command.Recover);
+        });
+        return {eTI_E_FAILED, "CRI.StartRecovery recovery type not supported"};
     }
     log(trace, 3, "DSP recovery triggered");
 
