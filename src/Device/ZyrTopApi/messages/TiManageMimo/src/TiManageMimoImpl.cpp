@@ -1,6 +1,7 @@
 #include "TiManageMimoImpl.h"
 
 #include "Failure.h"
+#include "IDspApi.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "MimoStatusStruct.h"
@@ -79,18 +80,19 @@ void TiManageMimo::Response::print(TextWriter& text) const
 
 ETIResult TiManageMimoImpl::initialize(unsigned numberOfChannels)
 {
+    PerChannel<IDspApi> dspApi;
     return initialise(
         trace,
         family::classGuarded(SecondCallRule::Guard::BeforeRange,
                              "TiManageMimoImpl has already been initialized"),
         numberOfChannels, m_numberOfChannels,
         {
-            perChannel("IDspApi", m_dspApi, channelAndText("Failed to fetch interface for IDspApi")),
+            perChannel("IDspApi", dspApi, channelAndText("Failed to fetch interface for IDspApi")),
             part<&IDspApi::getDspChannelApi>(
-                m_dspApi, m_dspChannelApi,
+                dspApi, m_dspChannelApi,
                 textAndChannel("failed to fetch interface IDspChannelApi for radio channel ")),
             part<&IDspApi::getDspStatusApi>(
-                m_dspApi, m_dspStatusApi,
+                dspApi, m_dspStatusApi,
                 textAndChannel("failed to fetch interface IDspStatusApi for radio channel ")),
         });
 }

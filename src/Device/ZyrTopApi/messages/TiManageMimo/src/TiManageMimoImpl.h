@@ -1,6 +1,7 @@
 #pragma once
 
-#include "IDspApi.h"
+#include "IDspChannelApi.h"
+#include "IDspStatusApi.h"
 #include "PerChannel.h"
 #include "RadioChannel.h"
 #include "TiManageMimo.h"
@@ -32,7 +33,6 @@ class ZYR_EXPORT TiManageMimoImpl : public TiManageMimo
 
   private:
     std::uint32_t m_numberOfChannels = 0;
-    PerChannel<IDspApi> m_dspApi;
     PerChannel<IDspChannelApi> m_dspChannelApi;
     PerChannel<IDspStatusApi> m_dspStatusApi;
 };

@@ -1,6 +1,7 @@
 #include "TiManageXpicImpl.h"
 
 #include "Failure.h"
+#include "IDspApi.h"
 #include "Initialise.h"
 #include "Log.h"
 #include "PrintIfPresent.h"
@@ -233,6 +234,7 @@ void TiManageXpic::Response::print(TextWriter& text) const
 
 ETIResult TiManageXpicImpl::initialize(unsigned numberOfChannels)
 {
+    PerChannel<IDspApi> dspApi;
     return initialise(
         trace,
         family::classGuarded(SecondCallRule::Guard::BeforeRange,
@@ -241,10 +243,10 @@ ETIResult TiManageXpicImpl::initialize(unsigned numberOfChannels)
         {
             perChannel("ICcdpController", m_ccdpController,
                        textAndChannel("failed to fetch interface ICcdpController for radiochannel ")),
-            perChannel("IDspApi", m_dspApi,
+            perChannel("IDspApi", dspApi,
                        textAndChannel("failed to fetch interface IDspApi for radiochannel ")),
             part<&IDspApi::getDspStatusApi>(
-                m_dspApi, m_dspStatusApi,
+                dspApi, m_dspStatusApi,
                 textAndChannel("failed to fetch interface IDspStatusApi for radiochannel ")),
             driver("channel.", ".xpic.connected", m_cableDriver,
                    textAroundName("driver ", " not supported", 5)),

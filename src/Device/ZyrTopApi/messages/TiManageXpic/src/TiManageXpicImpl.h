@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ICcdpController.h"
-#include "IDspApi.h"
+#include "IDspStatusApi.h"
 #include "PerChannel.h"
 #include "TiManageXpic.h"
 
@@ -24,7 +24,6 @@ class ZYR_EXPORT TiManageXpicImpl : public TiManageXpic
   private:
     std::uint32_t m_numberOfChannels = 0;
     PerChannel<ICcdpController> m_ccdpController;
-    PerChannel<IDspApi> m_dspApi;
     PerChannel<IDspStatusApi> m_dspStatusApi;
     DriverPerChannel m_cableDriver;
     DriverPerChannel m_txEnableDriver;
