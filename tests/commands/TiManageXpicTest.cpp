@@ -548,6 +548,16 @@ TEST_F(TiManageXpicFailureTest, FailureGivesAResponseWithoutReadings)
     EXPECT_EQ(response.calibStatus, 0);
 }
 
+TEST_F(TiManageXpicFailureTest, ResponseOfAResultAndATextHoldsNoReadings)
+{
+    const TiManageXpic::Response response(eTI_E_FAILED, "no words of the command");
+    EXPECT_EQ(response.printResponse(),
+              "tiResult: eTI_E_FAILED, faultCode: 4, faultString: no words of the command");
+    EXPECT_EQ(response.radioChannelId, 1U);
+    EXPECT_EQ(response.xpicPreambleGet, static_cast<XpicMimoPreamble>(4));
+    EXPECT_EQ(TiManageXpic::Response(eTI_W_WARNING, "dropped").faultString, "");
+}
+
 TEST_F(TiManageXpicFailureTest, PreambleWithoutANameIsEmptyInTheText)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);

@@ -54,6 +54,8 @@ class ZYR_EXPORT TiManageXpic
     class ZYR_EXPORT Response : public BaseResponse
     {
       public:
+        using BaseResponse::BaseResponse;
+
         std::uint32_t radioChannelId = 1;
         bool xpicControlBarOn = false;
         bool xpicEnable = false;           ///< never filled
