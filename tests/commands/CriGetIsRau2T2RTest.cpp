@@ -81,8 +81,10 @@ prints tiResult: eTI_E_PARAMETER_INVALID, faultCode: 3, faultString: RadioChanne
 TEST_F(CriGetIsRau2T2RTest, ChannelWithoutAHandlerIsToldSo)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriGetIsRau2T2RImpl", 7);
     tell(impl.execute(command(0)));
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriGetIsRau2T2RImpl: command.channelId=0
 1 ZYR.TI.CriGetIsRau2T2RImpl: CRI.GetIsRau2T2R, rau handler not available
 result 0x8000 4 "CRI.GetIsRau2T2R, rau handler not available"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: CRI.GetIsRau2T2R, rau handler not available

@@ -129,6 +129,7 @@ TEST_F(CriGetRauPowerModeTest, ModeIs0BeforeTheHandlerIsAsked)
 TEST_F(CriGetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriGetRauPowerModeImpl", 7);
     const std::pair<unsigned, std::string> rows[] = {
         {0x8000, "General Failure"},
         {32774, "32774"},
@@ -145,6 +146,8 @@ TEST_F(CriGetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
         EXPECT_EQ(response.rauPowerMode.powerMode, 0);
         EXPECT_EQ(transcript.text(), R"x(
 3 ZYR.TI.CriGetRauPowerModeImpl: RadioChannelID: 1\n
+6 ZYR.TI.CriGetRauPowerModeImpl: command.channelId=1
+6 ZYR.TI.CriGetRauPowerModeImpl: command.trxId=2
 IRauHandler_1.getPowerMode(2)
 1 ZYR.TI.CriGetRauPowerModeImpl: )x" + text +
                                          R"x(
@@ -157,18 +160,29 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: )x" +
 TEST_F(CriGetRauPowerModeTest, GreatestSuccessOfTheHandlerComesOutAsPlainSuccess)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriGetRauPowerModeImpl", 7);
     node.channel1.rauHandler.onGetPowerMode = {0x7FFF, 3};
-    const auto response = impl.execute(command(1, 1));
-    EXPECT_EQ(outcome(response), "result 0x0 0 \"\"");
-    EXPECT_EQ(response.rauPowerMode.powerMode, 3);
+    tell(impl.execute(command(1, 1)));
+    EXPECT_EQ(transcript.text(), R"x(
+3 ZYR.TI.CriGetRauPowerModeImpl: RadioChannelID: 1\n
+6 ZYR.TI.CriGetRauPowerModeImpl: command.channelId=1
+6 ZYR.TI.CriGetRauPowerModeImpl: command.trxId=1
+IRauHandler_1.getPowerMode(1)
+5 ZYR.TI.CriGetRauPowerModeImpl: CriGetRauPowerMode successfully executed: rau at channelId=1 trxId=1 rauPowerMode=\x03
+result 0x0 0 ""
+prints RadioChannelID: 0\n, rauPowerMode.trxId 1\n, rauPowerMode.powerMode: \x03\n
+)x");
 }
 
 TEST_F(CriGetRauPowerModeTest, ChannelAboveTheCountIsRefused)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriGetRauPowerModeImpl", 7);
     tell(impl.execute(command(2, 1)));
     EXPECT_EQ(transcript.text(), R"x(
 3 ZYR.TI.CriGetRauPowerModeImpl: RadioChannelID: 2\n
+6 ZYR.TI.CriGetRauPowerModeImpl: command.channelId=2
+6 ZYR.TI.CriGetRauPowerModeImpl: command.trxId=1
 result 0xA002 3 "RadioChannelID > m_numberOfChannels"
 prints tiResult: eTI_E_PARAMETER_INVALID, faultCode: 3, faultString: RadioChannelID > m_numberOfChannels
 )x");
@@ -178,9 +192,12 @@ prints tiResult: eTI_E_PARAMETER_INVALID, faultCode: 3, faultString: RadioChanne
 TEST_F(CriGetRauPowerModeTest, ChannelWithoutAHandlerIsToldSo)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriGetRauPowerModeImpl", 7);
     tell(impl.execute(command(0, 1)));
     EXPECT_EQ(transcript.text(), R"x(
 3 ZYR.TI.CriGetRauPowerModeImpl: RadioChannelID: 0\n
+6 ZYR.TI.CriGetRauPowerModeImpl: command.channelId=0
+6 ZYR.TI.CriGetRauPowerModeImpl: command.trxId=1
 1 ZYR.TI.CriGetRauPowerModeImpl: CRI.GetRauPowerMode, rau handler not available
 result 0x8000 4 "CRI.GetRauPowerMode, rau handler not available"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: CRI.GetRauPowerMode, rau handler not available

@@ -106,14 +106,26 @@ TEST_F(CriGetRauPowerSuppliedTest, InitialiseRefusesAnyOtherCount)
 
 TEST_F(CriGetRauPowerSuppliedTest, FailedInitialiseStoresNoCountAndCanBeRepeated)
 {
+    setTraceLevel("ZYR.CRI.GetRauPowerSupplied", 7);
+    node.channel2.radio.onIsPowerSupplied = true;
     withdraw("IRadio_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
-    EXPECT_EQ(outcome(impl.execute(command(1))), "result 0xA100 2 \"RadioChannelId out of bounds\"");
+    tell(impl.execute(command(1)));
     publish(node.channel2.radio);
     EXPECT_EQ(impl.initialize(2), 0);
-    EXPECT_EQ(outcome(impl.execute(command(2))), "result 0x0 0 \"\"");
-    EXPECT_EQ(transcript.lines().front(),
-              "1 ZYR.CRI.GetRauPowerSupplied:  Error getting interface to IRadio_2");
+    tell(impl.execute(command(2)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CRI.GetRauPowerSupplied:
+1 ZYR.CRI.GetRauPowerSupplied:  Error getting interface to IRadio_2
+6 ZYR.CRI.GetRauPowerSupplied: command.channelId=1
+result 0xA100 2 "RadioChannelId out of bounds"
+prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannelId out of bounds
+6 ZYR.CRI.GetRauPowerSupplied:
+6 ZYR.CRI.GetRauPowerSupplied: command.channelId=2
+IRadio_2.isPowerSupplied()
+result 0x0 0 ""
+prints RauPowerSupplied: 1\n
+)x");
 }
 
 TEST_F(CriGetRauPowerSuppliedTest, SecondInitialiseFetchesTheRadiosAnewAndKeepsTheCountIfItFails)

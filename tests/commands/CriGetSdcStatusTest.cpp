@@ -93,10 +93,11 @@ TEST_F(CriGetSdcStatusTest, HardwareErrorsArePrintedAsTheyAre)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     controller1.onGetSdcSignalStatus = {{}, '\xFF', '\x01', 1, 2, 3};
-    const std::string text = impl.execute({1U}).printResponse();
-    EXPECT_NE(text.find(", HwErrorSdcMain: \xFF, HwErrorSdcDiversity:\x01, SdcInputPowerMain: 1"),
-              std::string::npos)
-        << text;
+    EXPECT_EQ(
+        impl.execute({1U}).printResponse(),
+        "SdcOperStatus: enabled, SdcDadeStatus: in-progress, SdcDadeDelay: -14, SdcGain: 3, ActualPath: "
+        "diversity, HwErrorSdcMain: \xFF, HwErrorSdcDiversity:\x01, SdcInputPowerMain: 1, "
+        "SdcInputPowerDiversity: 2\n");
 }
 
 TEST_F(CriGetSdcStatusTest, NothingIsLoggedAtTheDefaultLevel)

@@ -38,9 +38,11 @@ TEST_F(CriRestartRadioTest, TriggerPreparesThePowerControllerAndRestartsTheRadio
     enrol<CriRestartRadioImpl>();
     node.channel1.radio.onGetRestartStatus = RadioRestartStatus::RestartFailed;
     node.channel2.radio.onGetRestartStatus = RadioRestartStatus::Restarting;
+    setTraceLevel("ZYR.CriRestartRadioImpl", 7);
     const auto response = tell(criRestartRadio(command(2, Action::TriggerRestart)));
     EXPECT_EQ(response.Status, RadioRestartStatus::Restarting);
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CriRestartRadioImpl: command.channelId=2
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 2, Action: TriggerRestart\n
 IRadio_2.isAvailable()
 ISystemPowerController_2.prepareRadioRestart()
@@ -109,9 +111,11 @@ TEST_F(CriRestartRadioTest, TriggerOnARadioThatIsDownCallsNothingElse)
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     node.channel1.radio.onIsAvailable = false;
     node.channel1.radio.onGetRestartStatus = RadioRestartStatus::Idle;
+    setTraceLevel("ZYR.CriRestartRadioImpl", 7);
     const auto response = tell(impl.execute(command(1, Action::TriggerRestart)));
     EXPECT_EQ(static_cast<unsigned>(response.Status), 0U);
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CriRestartRadioImpl: command.channelId=1
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 1, Action: TriggerRestart\n
 IRadio_1.isAvailable()
 1 ZYR.CriRestartRadioImpl: channel 1: Radio is DOWN
@@ -170,18 +174,22 @@ prints Status: Idle\n
 TEST_F(CriRestartRadioTest, UnknownActionAsksNobodyOnAnyChannel)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.CriRestartRadioImpl", 7);
     tell(impl.execute(command(1, Action{})));
     tell(impl.execute(command(2, static_cast<Action>(4))));
     tell(impl.execute(command(0, static_cast<Action>(4294967295U))));
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CriRestartRadioImpl: command.channelId=1
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 1, Action: Invalid\n
 1 ZYR.CriRestartRadioImpl: channel 1: Unknown action
 result 0x8000 4 "channel 1: Unknown action"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: channel 1: Unknown action
+6 ZYR.CriRestartRadioImpl: command.channelId=2
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 2, Action: Invalid\n
 1 ZYR.CriRestartRadioImpl: channel 2: Unknown action
 result 0x8000 4 "channel 2: Unknown action"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: channel 2: Unknown action
+6 ZYR.CriRestartRadioImpl: command.channelId=0
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 0, Action: Invalid\n
 1 ZYR.CriRestartRadioImpl: channel 0: Unknown action
 result 0x8000 4 "channel 0: Unknown action"
@@ -192,14 +200,18 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: channel 0: Unknown act
 TEST_F(CriRestartRadioTest, ChannelAboveTheCountIsRefusedBeforeTheActionIsJudged)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.CriRestartRadioImpl", 7);
     tell(impl.execute(command(2, Action{})));
     tell(impl.execute(command(1, Action::GetStatus)));
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CriRestartRadioImpl: command.channelId=2
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 2, Action: Invalid\n
 result 0xA100 2 "command.channelId > m_numberOfChannels"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: command.channelId > m_numberOfChannels
+6 ZYR.CriRestartRadioImpl: command.channelId=1
 3 ZYR.CriRestartRadioImpl: RadioChannelID: 1, Action: GetStatus\n
 IRadio_1.getRestartStatus()
+5 ZYR.CriRestartRadioImpl: CriRestartRadioImpl restart status:Invalid
 result 0x0 0 ""
 prints Status: Invalid\n
 )x");

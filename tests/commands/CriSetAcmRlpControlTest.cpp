@@ -162,5 +162,25 @@ TEST_F(CriSetAcmRlpControlTest, InitialiseRefusesOtherCountsAndNamesTheMissingDs
 )");
 }
 
+TEST_F(CriSetAcmRlpControlTest, FailedInitialiseLeavesTheChannelsBeforeTheMissingOneUsable)
+{
+    setTraceLevel("ZYR.TI.CriSetAcmRlpControl", 7);
+    withdraw("IDspApi_2");
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    tell(impl.execute(command(1, 1)));
+    EXPECT_THROW(impl.execute(command(2, 2)), std::out_of_range);
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.CriSetAcmRlpControl:
+1 ZYR.TI.CriSetAcmRlpControl:  Error getting interface to IDspApi_2
+6 ZYR.TI.CriSetAcmRlpControl: command.channelId=1
+3 ZYR.TI.CriSetAcmRlpControl: RadioChannelID: 1, AcmRlpControl: ActiveTx\n
+IDspAcmApi_1.setAcmRlpControl(1)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+6 ZYR.TI.CriSetAcmRlpControl: command.channelId=2
+3 ZYR.TI.CriSetAcmRlpControl: RadioChannelID: 2, AcmRlpControl: StandbyTx\n
+)");
+}
+
 } // namespace
 } // namespace zyr_top_api

@@ -70,12 +70,14 @@ IRadio_2.setActiveSubBand(1)
 TEST_F(CriSetActiveSubBandTest, RefusalOfTheRadioIsToldOtherwiseInTheTraceThanInTheResponse)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriSetActiveSubBand", 7);
     for (const unsigned result : {0x8000U, 0xFFFFFFFFU}) {
         node.channel1.radio.onSetActiveSubBand = result;
         transcript.clear();
         tell(impl.execute(command(1, 4)));
         EXPECT_EQ(transcript.text(), R"x(
 3 ZYR.TI.CriSetActiveSubBand: RadioChannelID: 1, subBand: 4\n
+5 ZYR.TI.CriSetActiveSubBand: RAU subband request is: 4
 IRadio_1.setActiveSubBand(4)
 1 ZYR.TI.CriSetActiveSubBand: CRI.SetActiveSubBand failed to set subBand
 result 0x8000 4 "Failed to set subBand"
@@ -87,8 +89,16 @@ prints StandardResponse Sent\n
 TEST_F(CriSetActiveSubBandTest, GreatestSuccessOfTheRadioComesOutAsPlainSuccess)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriSetActiveSubBand", 7);
     node.channel1.radio.onSetActiveSubBand = 0x7FFF;
-    EXPECT_EQ(outcome(impl.execute(command(1, 1))), "result 0x0 0 \"\"");
+    tell(impl.execute(command(1, 4)));
+    EXPECT_EQ(transcript.text(), R"x(
+3 ZYR.TI.CriSetActiveSubBand: RadioChannelID: 1, subBand: 4\n
+5 ZYR.TI.CriSetActiveSubBand: RAU subband request is: 4
+IRadio_1.setActiveSubBand(4)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetActiveSubBandTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefusedWithALine)

@@ -239,32 +239,44 @@ prints StandardResponse Sent\n
 TEST_F(CriSetFarEndPmaxCapabilityTest, FailedSetLeavesAcmMutedAndTellsTheCodeInHex)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    showFailuresOnly();
+    setTraceLevel("ZYR.TI.CriSetFarEndPmaxCapability", 7);
     acmHandler1.onSetFarEndPmaxCapability.inTurn({0x8000, 0x800B, 0x800D, 0xABCDEF01U});
     for (int call = 0; call < 4; ++call) {
         tell(impl.execute({1, {}}));
     }
     EXPECT_EQ(transcript.text(), R"x(
+3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 1, Modulation-maxRFOutputPowerFarEnd:\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: capabilities.size() : 0
 IAcmHandler_1.isFarEndPmaxCapabilityDifferent([])
 IAcmHandler_1.muteAcm()
+3 ZYR.TI.CriSetFarEndPmaxCapability: Using Pmax capabilities from far end [ch1]
 IAcmHandler_1.setFarEndPmaxCapability([])
 1 ZYR.TI.CriSetFarEndPmaxCapability: CRI.SetFarEndPmaxCapability failed (EACMHResult = 0x8000)
 result 0x8000 4 "CRI.SetFarEndPmaxCapability failed"
 prints StandardResponse Sent\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 1, Modulation-maxRFOutputPowerFarEnd:\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: capabilities.size() : 0
 IAcmHandler_1.isFarEndPmaxCapabilityDifferent([])
 IAcmHandler_1.muteAcm()
+3 ZYR.TI.CriSetFarEndPmaxCapability: Using Pmax capabilities from far end [ch1]
 IAcmHandler_1.setFarEndPmaxCapability([])
 1 ZYR.TI.CriSetFarEndPmaxCapability: CRI.SetFarEndPmaxCapability failed (EACMHResult = 0x800b)
 result 0x8000 4 "CRI.SetFarEndPmaxCapability failed"
 prints StandardResponse Sent\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 1, Modulation-maxRFOutputPowerFarEnd:\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: capabilities.size() : 0
 IAcmHandler_1.isFarEndPmaxCapabilityDifferent([])
 IAcmHandler_1.muteAcm()
+3 ZYR.TI.CriSetFarEndPmaxCapability: Using Pmax capabilities from far end [ch1]
 IAcmHandler_1.setFarEndPmaxCapability([])
 1 ZYR.TI.CriSetFarEndPmaxCapability: CRI.SetFarEndPmaxCapability failed (EACMHResult = 0x800d)
 result 0x8000 4 "CRI.SetFarEndPmaxCapability failed"
 prints StandardResponse Sent\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: radioChannelId: 1, Modulation-maxRFOutputPowerFarEnd:\n
+3 ZYR.TI.CriSetFarEndPmaxCapability: capabilities.size() : 0
 IAcmHandler_1.isFarEndPmaxCapabilityDifferent([])
 IAcmHandler_1.muteAcm()
+3 ZYR.TI.CriSetFarEndPmaxCapability: Using Pmax capabilities from far end [ch1]
 IAcmHandler_1.setFarEndPmaxCapability([])
 1 ZYR.TI.CriSetFarEndPmaxCapability: CRI.SetFarEndPmaxCapability failed (EACMHResult = 0xabcdef01)
 result 0x8000 4 "CRI.SetFarEndPmaxCapability failed"

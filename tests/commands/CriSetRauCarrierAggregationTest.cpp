@@ -63,10 +63,22 @@ IHardwareConfigurationHandler.setRauCarrierAggregation(false)
 TEST_F(CriSetRauCarrierAggregationTest, FailureOfTheHandlerIsIgnored)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
-    for (const unsigned result : {0x8000U, 0xFFFFFFFFU}) {
-        node.hardwareConfigurationHandler.onSetRauCarrierAggregation = result;
-        EXPECT_EQ(outcome(impl.execute({.IsRauCarrierAggregation = true})), "result 0x0 0 \"\"");
-    }
+    setTraceLevel("ZYR.TI.CriSetRauCarrierAggregation", 7);
+    node.hardwareConfigurationHandler.onSetRauCarrierAggregation.inTurn({0x8000, 0xFFFFFFFFU});
+    tell(impl.execute({.IsRauCarrierAggregation = true}));
+    tell(impl.execute({.IsRauCarrierAggregation = false}));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriSetRauCarrierAggregation:
+5 ZYR.TI.CriSetRauCarrierAggregation: IsRauCarrierAggregation: 1\n
+IHardwareConfigurationHandler.setRauCarrierAggregation(true)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+6 ZYR.TI.CriSetRauCarrierAggregation:
+5 ZYR.TI.CriSetRauCarrierAggregation: IsRauCarrierAggregation: 0\n
+IHardwareConfigurationHandler.setRauCarrierAggregation(false)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetRauCarrierAggregationTest, ObjectThatWasNotInitialisedHasNoHandlerToReach)

@@ -191,6 +191,7 @@ TEST_F(CriSetRauPowerModeTest, EveryPairIsHandedOnAndToldAsItIs)
 TEST_F(CriSetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriSetRauPowerModeImpl", 7);
     const std::pair<unsigned, std::string> rows[] = {
         {0x8000, "General Failure"},
         {32774, "32774"},
@@ -203,6 +204,7 @@ TEST_F(CriSetRauPowerModeTest, FailureOfTheHandlerIsNamedByItsTextOrItsNumber)
         transcript.clear();
         tell(impl.execute(command(1, 1, 2)));
         EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriSetRauPowerModeImpl: command.channelId=1, (uint8_t)trxId=\x01, (uint8_t)pm=\x02
 3 ZYR.TI.CriSetRauPowerModeImpl: RadioChannelID: 1\n, rauPowerMode.trxId 1\n, rauPowerMode.powerMode: 2\n
 IRauHandler_1.setPowerMode(1, 2)
 1 ZYR.TI.CriSetRauPowerModeImpl: Failed to set rau power mode
@@ -216,8 +218,17 @@ prints StandardResponse Sent\n
 TEST_F(CriSetRauPowerModeTest, GreatestSuccessOfTheHandlerComesOutAsPlainSuccess)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriSetRauPowerModeImpl", 7);
     node.channel1.rauHandler.onSetPowerMode = 0x7FFF;
-    EXPECT_EQ(outcome(impl.execute(command(1, 1, 2))), "result 0x0 0 \"\"");
+    tell(impl.execute(command(1, 1, 2)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriSetRauPowerModeImpl: command.channelId=1, (uint8_t)trxId=\x01, (uint8_t)pm=\x02
+3 ZYR.TI.CriSetRauPowerModeImpl: RadioChannelID: 1\n, rauPowerMode.trxId 1\n, rauPowerMode.powerMode: 2\n
+IRauHandler_1.setPowerMode(1, 2)
+5 ZYR.TI.CriSetRauPowerModeImpl: CriSetRauPowerMode successfully executed: set transceiver 0x1 to powerMode 0x2
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetRauPowerModeTest, ChannelAboveTheCountIsRefusedBeforeThePairIsJudged)

@@ -76,10 +76,20 @@ prints StandardResponse Sent\n
 TEST_F(CriSetRauPowerSuppliedTest, FailureOfTheRadioIsIgnored)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
-    for (const unsigned result : {0x8000U, 0xFFFFFFFFU}) {
-        node.channel1.radio.onSetPowerSupplied = result;
-        EXPECT_EQ(outcome(impl.execute(command(1, 1))), "result 0x0 0 \"\"");
-    }
+    setTraceLevel("ZYR.CRI.ManageRauPowerSupplied", 7);
+    node.channel1.radio.onSetPowerSupplied.inTurn({0x8000, 0xFFFFFFFFU});
+    tell(impl.execute(command(1, 1)));
+    tell(impl.execute(command(1, 0)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CRI.ManageRauPowerSupplied: command.channelId=1
+IRadio_1.setPowerSupplied(1)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+6 ZYR.CRI.ManageRauPowerSupplied: command.channelId=1
+IRadio_1.setPowerSupplied(0)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetRauPowerSuppliedTest, ChannelAboveTheCountIsRefused)
@@ -112,14 +122,25 @@ TEST_F(CriSetRauPowerSuppliedTest, InitialiseRefusesAnyOtherCount)
 
 TEST_F(CriSetRauPowerSuppliedTest, FailedInitialiseStoresNoCountAndCanBeRepeated)
 {
+    setTraceLevel("ZYR.CRI.ManageRauPowerSupplied", 7);
     withdraw("IRadio_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
-    EXPECT_EQ(outcome(impl.execute(command(1, 1))), "result 0xA100 2 \"RadioChannelId out of bounds\"");
+    tell(impl.execute(command(1, 1)));
     publish(node.channel2.radio);
     EXPECT_EQ(impl.initialize(2), 0);
-    EXPECT_EQ(outcome(impl.execute(command(2, 1))), "result 0x0 0 \"\"");
-    EXPECT_EQ(transcript.lines().front(),
-              "1 ZYR.CRI.ManageRauPowerSupplied:  Error getting interface to IRadio_2");
+    tell(impl.execute(command(2, 1)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.CRI.ManageRauPowerSupplied:
+1 ZYR.CRI.ManageRauPowerSupplied:  Error getting interface to IRadio_2
+6 ZYR.CRI.ManageRauPowerSupplied: command.channelId=1
+result 0xA100 2 "RadioChannelId out of bounds"
+prints StandardResponse Sent\n
+6 ZYR.CRI.ManageRauPowerSupplied:
+6 ZYR.CRI.ManageRauPowerSupplied: command.channelId=2
+IRadio_2.setPowerSupplied(1)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetRauPowerSuppliedTest, SecondInitialiseFetchesTheRadiosAnewAndKeepsTheCountIfItFails)

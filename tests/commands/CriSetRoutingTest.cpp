@@ -86,10 +86,22 @@ prints StandardResponse Sent\n
 TEST_F(CriSetRoutingTest, FailureOfTheUpdaterIsIgnored)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
-    for (const unsigned result : {0x8000U, 0xFFFFFFFFU}) {
-        node.routeUpdater.onUpdateRoute = result;
-        EXPECT_EQ(outcome(impl.execute(command(1, 1, 1))), "result 0x0 0 \"\"");
-    }
+    setTraceLevel("ZYR.TI.CriSetRouting", 7);
+    node.routeUpdater.onUpdateRoute.inTurn({0x8000, 0xFFFFFFFFU});
+    tell(impl.execute(command(1, 5, 1)));
+    tell(impl.execute(command(1, 6, 2)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriSetRouting: command.channelId=1
+5 ZYR.TI.CriSetRouting: RadioChannel ID: 1\nDestination ID: 5\nRouteType: RcchToPhyRccMap\n
+IRouteUpdater.updateRoute([1: 5], 1)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+6 ZYR.TI.CriSetRouting: command.channelId=1
+5 ZYR.TI.CriSetRouting: RadioChannel ID: 1\nDestination ID: 6\nRouteType: RcchToRfPortMap\n
+IRouteUpdater.updateRoute([1: 6], 2)
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriSetRoutingTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefused)

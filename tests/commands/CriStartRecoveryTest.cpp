@@ -82,11 +82,13 @@ prints StandardResponse Sent\n
 TEST_F(CriStartRecoveryTest, FailureOfTheControllerIsTheCommands)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriStartRecovery", 7);
     for (const unsigned result : {0x8000U, 0xFFFFFFFFU}) {
         node.recoveryController.onStartDspRecovery = result;
         transcript.clear();
         tell(impl.execute(command(Recover::Dsp)));
         EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriStartRecovery:
 3 ZYR.TI.CriStartRecovery: DSP recovery triggered
 RecoveryController.startDspRecovery(2)
 1 ZYR.TI.CriStartRecovery: CRI.StartRecovery failed to recover dsp
@@ -99,27 +101,41 @@ prints StandardResponse Sent\n
 TEST_F(CriStartRecoveryTest, GreatestSuccessOfTheControllerComesOutAsPlainSuccess)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.CriStartRecovery", 7);
     node.recoveryController.onStartDspRecovery = 0x7FFF;
-    EXPECT_EQ(outcome(impl.execute(command(Recover::Dsp))), "result 0x0 0 \"\"");
+    tell(impl.execute(command(Recover::Dsp)));
+    EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriStartRecovery:
+3 ZYR.TI.CriStartRecovery: DSP recovery triggered
+RecoveryController.startDspRecovery(2)
+4 ZYR.TI.CriStartRecovery: Dsp recovery performed
+result 0x0 0 ""
+prints StandardResponse Sent\n
+)x");
 }
 
 TEST_F(CriStartRecoveryTest, InitialiseWithoutAControllerSucceedsAndEachFullRecoveryFails)
 {
+    setTraceLevel("ZYR.TI.CriStartRecovery", 7);
     withdraw("RecoveryController");
     EXPECT_EQ(impl.initialize(2), 0);
     tell(impl.execute(command(Recover::Dsp)));
     tell(impl.execute(command(Recover::Dsp)));
     tell(impl.execute(command(Recover::DspWithoutConfig)));
     EXPECT_EQ(transcript.text(), R"x(
+6 ZYR.TI.CriStartRecovery:
 1 ZYR.TI.CriStartRecovery: Failed to get RecoveryController interface.
+6 ZYR.TI.CriStartRecovery:
 3 ZYR.TI.CriStartRecovery: DSP recovery triggered
 1 ZYR.TI.CriStartRecovery: Failed to start recovery as RecoveryController Interface is NULL
 result 0x8000 4 "CRI.StartRecovery Failed to recover dsp. RecoveryController Interface is not set."
 prints StandardResponse Sent\n
+6 ZYR.TI.CriStartRecovery:
 3 ZYR.TI.CriStartRecovery: DSP recovery triggered
 1 ZYR.TI.CriStartRecovery: Failed to start recovery as RecoveryController Interface is NULL
 result 0x8000 4 "CRI.StartRecovery Failed to recover dsp. RecoveryController Interface is not set."
 prints StandardResponse Sent\n
+6 ZYR.TI.CriStartRecovery:
 1 ZYR.TI.CriStartRecovery: CRI.StartRecovery does not support recover of: DspWithoutConfig
 result 0x8000 4 "CRI.StartRecovery recovery type not supported"
 prints StandardResponse Sent\n

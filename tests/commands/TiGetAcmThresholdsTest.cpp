@@ -122,5 +122,23 @@ TEST_F(TiGetAcmThresholdsTest, InitialiseRefusesOtherCountsAndNamesTheMissingDsp
 )");
 }
 
+TEST_F(TiGetAcmThresholdsTest, FailedInitialiseLeavesTheChannelsBeforeTheMissingOneUsable)
+{
+    setTraceLevel("ZYR.TI.GetAcmThresholds", 7);
+    withdraw("IDspApi_2");
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    tell(impl.execute(command(1)));
+    EXPECT_THROW(impl.execute(command(2)), std::out_of_range);
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.GetAcmThresholds:
+1 ZYR.TI.GetAcmThresholds:  Error getting interface to IDspApi_2
+6 ZYR.TI.GetAcmThresholds: command.channelId=1
+IDspAcmApi_1.getAcmThresholds()
+result 0x0 0 ""
+prints tiResult: eTI_S_OK, faultCode: 0, faultString:\x20
+6 ZYR.TI.GetAcmThresholds: command.channelId=2
+)");
+}
+
 } // namespace
 } // namespace zyr_top_api
