@@ -223,6 +223,56 @@ IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(1, 9, 66)
 )");
 }
 
+TEST_F(TiManagePathLatencyCompensationTest, SetOnAChainThatIsNotReadShowsInNoFieldOfTheResponse)
+{
+    ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManagePathLatencyCompensation", 7);
+    // The set leaves what it was handed, and the reads follow it.
+    const auto afterASet = [](int first) {
+        auto replies = samples(first);
+        replies.emplace(replies.begin(), true);
+        return replies;
+    };
+    dspApi1.channelApi.onRxChainDelay.inTurn(afterASet(10));
+    dspApi1.channelApi.onRxEqualizerFeedForwardFilterDelay.inTurn(afterASet(110));
+    dspApi2.channelApi.onRxChainDelay.inTurn(afterASet(20));
+    dspApi2.channelApi.onRxEqualizerFeedForwardFilterDelay.inTurn(afterASet(120));
+    tell(impl.execute({1, {}, ModemChain::MrcDiversity, 65, 66}));
+    tell(impl.execute({2, {}, ModemChain::MrcDiversitySlave, 67, 68}));
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManagePathLatencyCompensation:
+IDspChannelApi_1.isConfigured()
+IDspChannelApi_1.rxChainDelay(1, 2, 65)
+IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(1, 2, 66)
+IDspChannelApi_1.onePpsAsymmetryCompensation(0, 0)
+IDspChannelApi_1.rxChainDelay(0, 0, 0)
+IDspChannelApi_1.rxChainDelay(0, 1, 0)
+IDspChannelApi_1.rxChainDelay(0, 4, 0)
+IDspChannelApi_1.rxChainDelay(0, 5, 0)
+IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(0, 0, 0)
+IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(0, 1, 0)
+IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(0, 4, 0)
+IDspChannelApi_1.rxEqualizerFeedForwardFilterDelay(0, 5, 0)
+result 0x0 0 ""
+prints RadioChannelID: 1, DspValues: OnePpsDelayNanosec: -100, AdjFifoMain: 10, AdjFifoXpicSlave: 11, AdjFifoMimoSpatial: 12, AdjFifoMimoXSpatialSlave: 13, FffFifoMain: 110, FffFifoXpicSlave: 111, FffFifoMimoSpatial: 112, FffFifoMimoXSpatialSlave: 113
+6 ZYR.TI.TiManagePathLatencyCompensation:
+IDspChannelApi_2.isConfigured()
+IDspChannelApi_2.rxChainDelay(1, 3, 67)
+IDspChannelApi_2.rxEqualizerFeedForwardFilterDelay(1, 3, 68)
+IDspChannelApi_2.onePpsAsymmetryCompensation(0, 0)
+IDspChannelApi_2.rxChainDelay(0, 0, 0)
+IDspChannelApi_2.rxChainDelay(0, 1, 0)
+IDspChannelApi_2.rxChainDelay(0, 4, 0)
+IDspChannelApi_2.rxChainDelay(0, 5, 0)
+IDspChannelApi_2.rxEqualizerFeedForwardFilterDelay(0, 0, 0)
+IDspChannelApi_2.rxEqualizerFeedForwardFilterDelay(0, 1, 0)
+IDspChannelApi_2.rxEqualizerFeedForwardFilterDelay(0, 4, 0)
+IDspChannelApi_2.rxEqualizerFeedForwardFilterDelay(0, 5, 0)
+result 0x0 0 ""
+prints RadioChannelID: 2, DspValues: OnePpsDelayNanosec: -200, AdjFifoMain: 20, AdjFifoXpicSlave: 21, AdjFifoMimoSpatial: 22, AdjFifoMimoXSpatialSlave: 23, FffFifoMain: 120, FffFifoXpicSlave: 121, FffFifoMimoSpatial: 122, FffFifoMimoXSpatialSlave: 123
+)");
+}
+
 TEST_F(TiManagePathLatencyCompensationTest, RefusedPulseDelayStartsTheResponseAnewAndEndsIt)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);

@@ -3,6 +3,7 @@
 #include "CommandMessageBase.h"
 #include "CriEnableAcmImpl.h"
 #include "SlotOrder.h"
+#include "TiManageMimoImpl.h"
 #include "TiManagePathLatencyCompensationImpl.h"
 #include "TiManageRealTimeClockImpl.h"
 
@@ -76,6 +77,17 @@ TEST(PathLatencyCompensationLayoutTest, StepsStandBehindExecuteInTheirOrder)
     EXPECT_EQ(slotOf(&I::adjFifoSamplesSet), 4);
     EXPECT_EQ(slotOf(&I::fffFifoSamplesSet), 5);
     EXPECT_EQ(slotOf(&I::getCurrentValues), 6);
+}
+
+TEST(MimoLayoutTest, StepsStandBehindExecuteInTheirOrder)
+{
+    using I = TiManageMimoImpl;
+    EXPECT_EQ(slotOf(&I::rxChainDelaySet), 3);
+    EXPECT_EQ(slotOf(&I::diversityMuteSet), 4);
+    EXPECT_EQ(slotOf(&I::configurationSet), 5);
+    EXPECT_EQ(slotOf(&I::statusGet), 6);
+    EXPECT_EQ(slotOf(&I::crossConnectDelayCalibrationStart), 7);
+    EXPECT_EQ(slotOf(&I::crossConnectDelayCalibrationStatusGet), 8);
 }
 
 TEST(RealTimeClockLayoutTest, HardwareStandsBehindTheDestructorAndExecuteIsAPlainMember)
