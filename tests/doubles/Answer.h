@@ -17,10 +17,10 @@ namespace zyr_test
 /// What an operation of a double answers: a result and its out-arguments. At first that is the result 0 and
 /// zeroed out-arguments. A test sets it anew,
 ///
-///     handler.onEnableAcm = 0x8000;                                  // the result; out-arguments are left
-///     alone handler.onGetPhyMode = {eACMH_S_OK, 7U};                       // the result and the
-///     out-arguments controller.onStartDspRecovery.inTurn({eTI_E_FAILED, eTI_S_OK}); // one a call, the last
-///     one stays handler.onGetAlarms.doInstead([](auto& alarms) { ... });       // anything else
+/// - the result alone, by which out-arguments are left as they are: `handler.onEnableAcm = 0x8000`
+/// - the result and the out-arguments: `handler.onGetPhyMode = {eACMH_S_OK, 7U}`
+/// - one a call, of which the last one stays: `controller.onGetStatus.inTurn({2, 3})`
+/// - anything else: `handler.onGetAlarms.doInstead([](auto& alarms) { ... })`
 ///
 /// From any thread.
 template <class Result, class... Outs>
