@@ -28,7 +28,7 @@ class CriGetSpectrumDiagnosticsTest : public zyr_test::CommandTest
         auto& second = node.channel2.spectrumDiagnosticsController;
         second.onGetStatus = 3;
         second.onGetProgress = -1;
-        second.onGetProperties = SpectrumDiagnosticsProperties{false, true, false, true};
+        second.onGetProperties = SpectrumDiagnosticsProperties{false, true, true, false};
         transcript.clear();
     }
 
@@ -77,7 +77,7 @@ ISpectrumDiagnosticsController_2.getStatus()
 ISpectrumDiagnosticsController_2.getProgress()
 ISpectrumDiagnosticsController_2.getProperties()
 result 0x0 0 ""
-prints Status: sub-band-scan-finished, Progress: -1, Result: SpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 1, isRadioCarrierAggrCapable: 0, isSdcSupported: 1\n
+prints Status: sub-band-scan-finished, Progress: -1, Result: SpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 1, isRadioCarrierAggrCapable: 1, isSdcSupported: 0\n
 )");
 }
 
@@ -112,6 +112,37 @@ prints Status: channel-scan-ongoing, Progress: 41, Result: SpectrumDiagnosticsPr
 )");
 }
 
+TEST_F(CriGetSpectrumDiagnosticsTest, EachPropertyStandsUnderItsOwnName)
+{
+    ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.CriGetSpectrumDiagnostics", 3);
+    using Properties = SpectrumDiagnosticsProperties;
+    node.channel1.spectrumDiagnosticsController.onGetProperties.inTurn(
+        {Properties{true, false, false, false}, Properties{false, true, false, false},
+         Properties{false, false, true, false}, Properties{false, false, false, true}});
+    for (int property = 0; property < 4; ++property) {
+        transcript.add(impl.execute(command(1, "get-scan-properties")).printResponse());
+    }
+    EXPECT_EQ(transcript.text(), R"(
+ISpectrumDiagnosticsController_1.getStatus()
+ISpectrumDiagnosticsController_1.getProgress()
+ISpectrumDiagnosticsController_1.getProperties()
+Status: channel-scan-ongoing, Progress: 41, Result: SpectrumDiagnosticsProperties: isLongHaul: 1, hasAdjustableDiplexer: 0, isRadioCarrierAggrCapable: 0, isSdcSupported: 0\n
+ISpectrumDiagnosticsController_1.getStatus()
+ISpectrumDiagnosticsController_1.getProgress()
+ISpectrumDiagnosticsController_1.getProperties()
+Status: channel-scan-ongoing, Progress: 41, Result: SpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 1, isRadioCarrierAggrCapable: 0, isSdcSupported: 0\n
+ISpectrumDiagnosticsController_1.getStatus()
+ISpectrumDiagnosticsController_1.getProgress()
+ISpectrumDiagnosticsController_1.getProperties()
+Status: channel-scan-ongoing, Progress: 41, Result: SpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 0, isRadioCarrierAggrCapable: 1, isSdcSupported: 0\n
+ISpectrumDiagnosticsController_1.getStatus()
+ISpectrumDiagnosticsController_1.getProgress()
+ISpectrumDiagnosticsController_1.getProperties()
+Status: channel-scan-ongoing, Progress: 41, Result: SpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 0, isRadioCarrierAggrCapable: 0, isSdcSupported: 1\n
+)");
+}
+
 TEST_F(CriGetSpectrumDiagnosticsTest, EveryStatusHasItsTextAndAnyOtherNumberIsUnknown)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
@@ -142,7 +173,7 @@ ISpectrumDiagnosticsController_2.getProgress()
 ISpectrumDiagnosticsController_2.getProperties()
 5 ZYR.CriGetSpectrumDiagnostics: GetSpectrumDiagnostics channel 2 status sub-band-scan-finished
 result 0x0 0 ""
-prints Status: sub-band-scan-finished, Progress: -1, Result: Frequency: 4294967295, Rssi: -2147483648\nFrequency: 19712000, Rssi: -412\nSpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 1, isRadioCarrierAggrCapable: 0, isSdcSupported: 1\n
+prints Status: sub-band-scan-finished, Progress: -1, Result: Frequency: 4294967295, Rssi: -2147483648\nFrequency: 19712000, Rssi: -412\nSpectrumDiagnosticsProperties: isLongHaul: 0, hasAdjustableDiplexer: 1, isRadioCarrierAggrCapable: 1, isSdcSupported: 0\n
 )");
 }
 
@@ -210,18 +241,22 @@ TEST_F(CriGetSpectrumDiagnosticsTest, ControllerThatRefusesAScanControlGivesTheI
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     node.channel1.spectrumDiagnosticsController.onScanControl.inTurn({0x8000, 0xFFFFFFFFU, 0xA200});
+    setTraceLevel("ZYR.CriGetSpectrumDiagnostics", 7);
     tell(impl.execute(command(1, "channel-scan-start", 1)));
     tell(impl.execute(command(1, "sub-band-scan-start", 2)));
     tell(impl.execute(command(1, "scan-stop", 3)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 1, RequestOption: channel-scan-start, DmSleep: 1\n
 ISpectrumDiagnosticsController_1.scanControl(0, 1)
 1 ZYR.CriGetSpectrumDiagnostics: Command failed channel-scan-start
 result 0xA100 2 "Command failed channel-scan-start"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Command failed channel-scan-start
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 1, RequestOption: sub-band-scan-start, DmSleep: 2\n
 ISpectrumDiagnosticsController_1.scanControl(1, 2)
 1 ZYR.CriGetSpectrumDiagnostics: Command failed sub-band-scan-start
 result 0xA100 2 "Command failed sub-band-scan-start"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Command failed sub-band-scan-start
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 1, RequestOption: scan-stop, DmSleep: 3\n
 ISpectrumDiagnosticsController_1.scanControl(2, 3)
 1 ZYR.CriGetSpectrumDiagnostics: Command failed scan-stop
 result 0xA100 2 "Command failed scan-stop"
@@ -242,12 +277,15 @@ TEST_F(CriGetSpectrumDiagnosticsTest, GreatestSuccessOfTheControllerIsSuccess)
 TEST_F(CriGetSpectrumDiagnosticsTest, StartWithoutASleepIsRefusedWithoutACall)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.CriGetSpectrumDiagnostics", 7);
     tell(impl.execute(command(1, "channel-scan-start")));
     tell(impl.execute(command(0, "sub-band-scan-start")));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 1, RequestOption: channel-scan-start\n
 1 ZYR.CriGetSpectrumDiagnostics: Missing argument for command channel-scan-start
 result 0xA100 2 "Missing argument for command channel-scan-start"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Missing argument for command channel-scan-start
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 0, RequestOption: sub-band-scan-start\n
 1 ZYR.CriGetSpectrumDiagnostics: Missing argument for command sub-band-scan-start
 result 0xA100 2 "Missing argument for command sub-band-scan-start"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Missing argument for command sub-band-scan-start
@@ -265,12 +303,15 @@ TEST_F(CriGetSpectrumDiagnosticsTest, StopWithoutASleepThrowsAndLeavesTheDispatc
 TEST_F(CriGetSpectrumDiagnosticsTest, OptionsAreComparedExactly)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.CriGetSpectrumDiagnostics", 7);
     tell(impl.execute(command(1, "Get-Status")));
     tell(impl.execute(command(0, "", 5)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 1, RequestOption: Get-Status\n
 1 ZYR.CriGetSpectrumDiagnostics: Command failed Get-Status
 result 0xA100 2 "Command failed Get-Status"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Command failed Get-Status
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 0, RequestOption: , DmSleep: 5\n
 1 ZYR.CriGetSpectrumDiagnostics: Command failed\x20
 result 0xA100 2 "Command failed "
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Command failed\x20
@@ -288,8 +329,10 @@ prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: Command fail
 TEST_F(CriGetSpectrumDiagnosticsTest, ChannelAboveTheCountIsToldWithItsNumberInTheTraceAlone)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.CriGetSpectrumDiagnostics", 7);
     tell(impl.execute(command(2, "channel-scan-start")));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.CriGetSpectrumDiagnostics: command.toString()=RadioChannelID: 2, RequestOption: channel-scan-start\n
 1 ZYR.CriGetSpectrumDiagnostics: RadioChannelID 2 out of bounds
 result 0xA100 2 "RadioChannelID out of bounds"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannelID out of bounds

@@ -38,7 +38,7 @@ class TiManageMimoTest : public zyr_test::CommandTest
                 .spatialCarrierOffsetHz = base + 7,
                 .slaveCarrierOffsetHz = -base - 8,
                 .spatialSlaveCarrierOffsetHz = base + 9,
-                .diversityMute = base == 100};
+                .diversityMute = true};
     }
 
     static TiManageMimo::Command allButTheStatus(std::uint32_t channel)
@@ -98,7 +98,7 @@ IDspChannelApi_2.mimoConfigurationSet()
 IDspChannelApi_2.mimoCrossConnectDelayCalibrationStart()
 IDspStatusApi_2.mimoStatusGet()
 result 0x0 0 ""
-prints RadioChannelID: 2gainDifferenceDbTenths: -201, etaTenThousands: 202, slaveSweepInProgress: 0, spatialSlaveSweepStatus: 1, xpdDbTenths: 205, spatialXpdDbTenths: -206, spatialCarrierOffsetHz: 207, slaveCarrierOffsetHz: -208, spatialSlaveCarrierOffsetHz: 209, diversityMute: 0, CalibrationStatus: Unknown
+prints RadioChannelID: 2gainDifferenceDbTenths: -201, etaTenThousands: 202, slaveSweepInProgress: 0, spatialSlaveSweepStatus: 1, xpdDbTenths: 205, spatialXpdDbTenths: -206, spatialCarrierOffsetHz: 207, slaveCarrierOffsetHz: -208, spatialSlaveCarrierOffsetHz: 209, diversityMute: 1, CalibrationStatus: Unknown
 )");
 }
 
@@ -184,12 +184,15 @@ TEST_F(TiManageMimoTest, Result4095IsSuccessAnd4096Failure)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     node.channel2.dspApi.statusApi.onMimoStatusGet.inTurn({{4095, status(200)}, {4096, status(200)}});
+    setTraceLevel("ZYR.TI.TiManageMimo", 7);
     TiManageMimo::Command command;
     command.radioChannelId = 2U;
     EXPECT_EQ(outcome(impl.execute(command)), "result 0x0 0 \"\"");
     tell(impl.execute(command));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageMimo:
 IDspStatusApi_2.mimoStatusGet()
+6 ZYR.TI.TiManageMimo:
 IDspStatusApi_2.mimoStatusGet()
 result 0x8000 4 "channel 2: mimoStatusGet() failed: 4096"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: channel 2: mimoStatusGet() failed: 4096
@@ -248,6 +251,7 @@ TEST_F(TiManageMimoTest, FirstFailureEndsTheCommandAndTheStepsBeforeStay)
         const char* text;
     };
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageMimo", 7);
     auto& channelApi = node.channel2.dspApi.channelApi;
     const std::vector<Row> rows{
         {[&] { channelApi.onMimoCrossConnectDelayCalibrationStatusGet = 0x1001; }, 5,
@@ -269,7 +273,7 @@ TEST_F(TiManageMimoTest, FirstFailureEndsTheCommandAndTheStepsBeforeStay)
         row.breakStep();
         transcript.clear();
         tell(impl.execute(everything(2)));
-        std::string expected = "\n";
+        std::string expected = "\n6 ZYR.TI.TiManageMimo:\n";
         for (std::size_t call = 0; call < row.calls; ++call) {
             expected += calls[call] + "\n";
         }
@@ -291,6 +295,7 @@ TEST_F(TiManageMimoTest, FailureReplacesTheWholeResponse)
     EXPECT_EQ(response.gainDifferenceDbTenths, 0);
     EXPECT_EQ(response.etaTenThousands, 0U);
     EXPECT_FALSE(response.spatialSlaveSweepStatus);
+    EXPECT_FALSE(response.diversityMute);
     EXPECT_EQ(response.spatialSlaveCarrierOffsetHz, 0);
     node.channel2.dspApi.channelApi.onMimoCrossConnectDelayCalibrationStatusGet = {
         0x1000, MimoCalibrationStatus::Success};

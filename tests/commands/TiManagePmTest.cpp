@@ -148,9 +148,11 @@ prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannel
 TEST_F(TiManagePmTest, DspWithoutAStatusInterfaceFailsAndIsToldNothing)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManagePm", 7);
     dspApi2.onGetDspStatusApi = nullptr;
     const TiManagePm::Response response = tell(impl.execute(injection(2, true, 1, 1)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManagePm:
 1 ZYR.TI.TiManagePm: TI.ManagePm failed to get DSP API interface
 result 0x8000 4 "TI.ManagePm failed to get DSP API interface"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManagePm failed to get DSP API interface

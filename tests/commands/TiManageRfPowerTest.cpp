@@ -18,7 +18,8 @@ class TiManageRfPowerTest : public zyr_test::CommandTest
   protected:
     TiManageRfPowerTest()
     {
-        // What is in force, and what is in force behind the override.
+        // What is in force, and what is in force behind the override. On the two channels together any two
+        // flags differ, each time.
         power1.onGetTxBarOn.inTurn({true, false});
         power1.onGetTxRequestedStatus.inTurn({TxRequestedStatus::On, TxRequestedStatus::Off});
         power1.onGetTargetInputPowerBarOn.inTurn({false, true});
@@ -32,10 +33,10 @@ class TiManageRfPowerTest : public zyr_test::CommandTest
         power2.onGetTxRequestedStatus.inTurn({TxRequestedStatus::Off, TxRequestedStatus::On});
         power2.onGetTargetInputPowerBarOn.inTurn({true, false});
         atpc2.onGetTargetInputPower.inTurn({501, 502});
-        power2.onGetOutputPowerBarOn.inTurn({false, true});
+        power2.onGetOutputPowerBarOn.inTurn({true, false});
         power2.onGetMinOutputPower.inTurn({31, 32});
         power2.onGetMaxOutputPower.inTurn({-41, -42});
-        power2.onGetIgnorePowerLimits.inTurn({true, false});
+        power2.onGetIgnorePowerLimits.inTurn({false, true});
         power2.onGetForceLoopMode.inTurn(
             {ForceLoopMode::NormalOperationNoHysteresis, ForceLoopMode::NormalOperation});
         publish(power1);
@@ -99,7 +100,7 @@ ISystemPowerController_2.getMinOutputPower()
 ISystemPowerController_2.getMaxOutputPower()
 ISystemPowerController_2.getIgnorePowerLimits()
 ISystemPowerController_2.getForceLoopMode()
-ISystemPowerController_2.overridePowerSettings(false, 0, true, 501, false, 31, -41, true, 1)
+ISystemPowerController_2.overridePowerSettings(false, 0, true, 501, true, 31, -41, false, 1)
 ISystemPowerController_2.getTxBarOn()
 ISystemPowerController_2.getTxRequestedStatus()
 ISystemPowerController_2.getTargetInputPowerBarOn()
@@ -110,7 +111,7 @@ ISystemPowerController_2.getMaxOutputPower()
 ISystemPowerController_2.getIgnorePowerLimits()
 ISystemPowerController_2.getForceLoopMode()
 result 0x0 0 ""
-prints RadioChannelID: 2, TXRequestedStatusBarOn: 1, TXRequestedStatus: On, TargetRFInputPowerBarOn: 0, TargetRFInputPower: 502, RFOutputPowerBarOn: 1, MinRFOutputPower: 32, MaxRFOutputPower: -42, IgnorePowerLimits: 0, ForceLoopMode: NormalOperation
+prints RadioChannelID: 2, TXRequestedStatusBarOn: 1, TXRequestedStatus: On, TargetRFInputPowerBarOn: 0, TargetRFInputPower: 502, RFOutputPowerBarOn: 0, MinRFOutputPower: 32, MaxRFOutputPower: -42, IgnorePowerLimits: 1, ForceLoopMode: NormalOperation
 )");
 }
 
@@ -141,7 +142,7 @@ ISystemPowerController_2.getMaxOutputPower()
 ISystemPowerController_2.getIgnorePowerLimits()
 ISystemPowerController_2.getForceLoopMode()
 result 0x0 0 ""
-prints RadioChannelID: 2, TXRequestedStatusBarOn: 0, TXRequestedStatus: Off, TargetRFInputPowerBarOn: 1, TargetRFInputPower: 501, RFOutputPowerBarOn: 0, MinRFOutputPower: 31, MaxRFOutputPower: -41, IgnorePowerLimits: 1, ForceLoopMode: NormalOperationNoHysteresis
+prints RadioChannelID: 2, TXRequestedStatusBarOn: 0, TXRequestedStatus: Off, TargetRFInputPowerBarOn: 1, TargetRFInputPower: 501, RFOutputPowerBarOn: 1, MinRFOutputPower: 31, MaxRFOutputPower: -41, IgnorePowerLimits: 0, ForceLoopMode: NormalOperationNoHysteresis
 )");
 }
 
@@ -203,7 +204,7 @@ ISystemPowerController_2.getMinOutputPower()
 ISystemPowerController_2.getMaxOutputPower()
 ISystemPowerController_2.getIgnorePowerLimits()
 ISystemPowerController_2.getForceLoopMode()
-ISystemPowerController_2.overridePowerSettings(false, 0, true, 501, false, 31, -41, true, 1)
+ISystemPowerController_2.overridePowerSettings(false, 0, true, 501, true, 31, -41, false, 1)
 1 ZYR.TI.TiManageRfPowerImpl: ICcdpController::setBar failed for radiochannel 2 with status 32769
 result 0x8000 4 "ICcdpController::setBar failed for radiochannel 2 with status 32769"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: ICcdpController::setBar failed for radiochannel 2 with status 32769

@@ -138,6 +138,7 @@ prints StandardResponse OK
 TEST_F(TiManageSpcTest, SweepWithoutOneOfItsOptionsIsRefusedBeforeItsEndsAreCompared)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageSpc", 7);
     for (unsigned options = 0; options < 7; ++options) {
         for (const unsigned action : {0U, 1U}) {
             TiManageSpc::Command incomplete = command(1, action);
@@ -153,6 +154,7 @@ TEST_F(TiManageSpcTest, SweepWithoutOneOfItsOptionsIsRefusedBeforeItsEndsAreComp
             transcript.clear();
             tell(impl.execute(incomplete));
             EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageSpc:
 1 ZYR.TI.TiManageSpc: Min, Max or Rate option missing for 1
 result 0x8000 4 "Min, Max or Rate option missing for 1"
 prints StandardResponse OK
@@ -391,6 +393,44 @@ TEST_F(TiManageSpcTest, ChannelsOutsideTheCountThrowBeforeAnyCall)
         }
     }
     EXPECT_EQ(transcript.text(), "\n");
+}
+
+// The next one that is missing is told when the one before is there.
+TEST_F(TiManageSpcTest, InitialiseTellsTheMissingInterfacesInOrderChannelByChannel)
+{
+    setTraceLevel("ZYR.TI.TiManageSpc", 7);
+    for (const char* name : {"IOutputPowerController_1", "ISpcSimulator_1", "IAtpcController_1",
+                             "IOutputPowerController_2", "ISpcSimulator_2", "IAtpcController_2"}) {
+        withdraw(name);
+    }
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(output1);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(simulator1);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(atpc1);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(output2);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(simulator2);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(atpc2);
+    EXPECT_EQ(impl.initialize(2), 0);
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find IOutputPowerController_1
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find ISpcSimulator_1
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find IAtpcController_1
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find IOutputPowerController_2
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find ISpcSimulator_2
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+1 ZYR.TI.TiManageSpc: Could not find IAtpcController_2
+6 ZYR.TI.TiManageSpc: numberOfChannels=2
+)");
 }
 
 } // namespace

@@ -24,7 +24,7 @@ class TiManageTapsTest : public zyr_test::CommandTest
         taps1.onGetIdleRateThresholdFactor = 1.25;
         taps1.onGetKvalue = 13;
         taps1.onGetHrlbEnabled = false;
-        log1.onIsLogActive = false;
+        log1.onIsLogActive = true;
         log1.onGetLogPeriod = {eSPC_S_OK, 14U};
         taps2.onGetTapsEnable = false;
         taps2.onGetIdleRateOffset = 21;
@@ -81,7 +81,7 @@ ITapsController_1.getIdleRateThresholdFactor()
 ITapsController_1.getKvalue()
 ITapsController_1.getHrlbEnabled()
 result 0x0 0 ""
-prints RadioChannelID: 1, TapsEnable: 1, IdleRateOffset: -11, IdleRateThresholdFactor: 1.25, Kvalue: 13, TapsLogActive: 0, LogPeriodSec: 14, HrlbEnabled: 0
+prints RadioChannelID: 1, TapsEnable: 1, IdleRateOffset: -11, IdleRateThresholdFactor: 1.25, Kvalue: 13, TapsLogActive: 1, LogPeriodSec: 14, HrlbEnabled: 0
 6 ZYR.TI.TiManageTaps:
 ITapsController_2.getTapsEnable()
 ITapsControllerLog_2.isLogActive()
@@ -98,6 +98,7 @@ prints RadioChannelID: 2, TapsEnable: 0, IdleRateOffset: 21, IdleRateThresholdFa
 TEST_F(TiManageTapsTest, AllOptionsArePlainValuesThenTapsThenTheLog)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    log1.onIsLogActive = false;
     taps1.onSetIdleRateOffset = 0x8000;
     taps1.onSetIdleRateThresholdFactor = 0x8000;
     taps1.onSetKvalue = 0x8000;
@@ -225,6 +226,7 @@ TEST_F(TiManageTapsTest, SampleIsReadIntoAZeroedRecord)
 TEST_F(TiManageTapsTest, LogThatRefusesEndsTheCommand)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageTaps", 7);
     log1.onStartLog = 0x8000;
     log1.onStopLog = 0x8000;
     log1.onDumpLogToFile = 0x8000;
@@ -234,18 +236,22 @@ TEST_F(TiManageTapsTest, LogThatRefusesEndsTheCommand)
     tell(impl.execute(logRequest(1, Request::DumpLogToFile)));
     const TiManageTaps::Response response = tell(impl.execute(logRequest(1, Request::ReadSample)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageTaps:
 ITapsControllerLog_1.startLog()
 1 ZYR.TI.TiManageTaps: TI.ManageTaps failed to start log
 result 0x8000 4 "TI.ManageTaps failed to start log"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManageTaps failed to start log
+6 ZYR.TI.TiManageTaps:
 ITapsControllerLog_1.stopLog()
 1 ZYR.TI.TiManageTaps: TI.ManageTaps failed to stop log
 result 0x8000 4 "TI.ManageTaps failed to stop log"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManageTaps failed to stop log
+6 ZYR.TI.TiManageTaps:
 ITapsControllerLog_1.dumpLogToFile()
 1 ZYR.TI.TiManageTaps: TI.ManageTaps failed to dump log to file
 result 0x8000 4 "TI.ManageTaps failed to dump log to file"
 prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManageTaps failed to dump log to file
+6 ZYR.TI.TiManageTaps:
 ITapsControllerLog_1.readSample()
 1 ZYR.TI.TiManageTaps: TI.ManageTaps failed to read sample from log
 result 0x8000 4 "TI.ManageTaps failed to read sample from log"
@@ -257,8 +263,10 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManageTaps failed t
 TEST_F(TiManageTapsTest, PeriodWithoutItsTimeLeavesTheLogAlone)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageTaps", 7);
     tell(impl.execute(logRequest(1, Request::SetLogPeriod)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageTaps:
 1 ZYR.TI.TiManageTaps: TI.ManageTaps: LogPeriodSec called without Time value
 result 0xA102 2 "TI.ManageTaps: LogPeriodSec called without Time value"
 prints tiResult: eTI_E_REQUIRED_INPUT_MISSING, faultCode: 2, faultString: TI.ManageTaps: LogPeriodSec called without Time value
@@ -278,12 +286,15 @@ TEST_F(TiManageTapsTest, PeriodThatTheLogRefusesIsNoFailure)
 TEST_F(TiManageTapsTest, OtherLogRequestsAreUnknown)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageTaps", 7);
     tell(impl.execute(logRequest(1, static_cast<Request>(5))));
     tell(impl.execute(logRequest(1, static_cast<Request>(0xFFFFFFFF))));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageTaps:
 1 ZYR.TI.TiManageTaps: TI.ManageTaps: Unknown LogRequestOption
 result 0xA100 2 "TI.ManageTaps: Unknown LogRequestOption"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: TI.ManageTaps: Unknown LogRequestOption
+6 ZYR.TI.TiManageTaps:
 1 ZYR.TI.TiManageTaps: TI.ManageTaps: Unknown LogRequestOption
 result 0xA100 2 "TI.ManageTaps: Unknown LogRequestOption"
 prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: TI.ManageTaps: Unknown LogRequestOption
@@ -293,10 +304,12 @@ prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: TI.ManageTap
 TEST_F(TiManageTapsTest, PeriodThatCannotBeReadKeepsWhatWasReadBefore)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
+    setTraceLevel("ZYR.TI.TiManageTaps", 7);
     log2.onGetLogPeriod = {0x8000, 31U};
     taps2.onGetTapsEnable = true;
     const TiManageTaps::Response response = tell(impl.execute(logRequest(2, Request::ReadSample)));
     EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageTaps:
 ITapsControllerLog_2.readSample()
 ITapsController_2.getTapsEnable()
 ITapsControllerLog_2.isLogActive()
@@ -364,6 +377,36 @@ TEST_F(TiManageTapsTest, ChannelThatLacksEitherObjectIsRefused)
     transcript.clear();
     EXPECT_EQ(outcome(impl.execute(request)), R"(result 0x8008 4 "One or more null pointer objects")");
     EXPECT_EQ(transcript.text(), "\n");
+}
+
+// The next one that is missing is told when the one before is there.
+TEST_F(TiManageTapsTest, InitialiseTellsTheMissingInterfacesInOrderChannelByChannel)
+{
+    setTraceLevel("ZYR.TI.TiManageTaps", 7);
+    for (const char* name :
+         {"ITapsController_1", "ITapsControllerLog_1", "ITapsController_2", "ITapsControllerLog_2"}) {
+        withdraw(name);
+    }
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(taps1);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(log1);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(taps2);
+    EXPECT_EQ(impl.initialize(2), 0x8000);
+    publish(log2);
+    EXPECT_EQ(impl.initialize(2), 0);
+    EXPECT_EQ(transcript.text(), R"(
+6 ZYR.TI.TiManageTaps:
+1 ZYR.TI.TiManageTaps:  Error getting interface to ITapsController_1
+6 ZYR.TI.TiManageTaps:
+1 ZYR.TI.TiManageTaps:  Error getting interface to ITapsControllerLog_1
+6 ZYR.TI.TiManageTaps:
+1 ZYR.TI.TiManageTaps:  Error getting interface to ITapsController_2
+6 ZYR.TI.TiManageTaps:
+1 ZYR.TI.TiManageTaps:  Error getting interface to ITapsControllerLog_2
+6 ZYR.TI.TiManageTaps:
+)");
 }
 
 TEST_F(TiManageTapsTest, DefaultsAreChannelOneAndNoOption)

@@ -435,7 +435,7 @@ TEST_F(TiManageXpicTest, ModesOfAnyNumberPass)
 struct Break
 {
     std::function<void(unsigned result)> step;
-    std::size_t calls; // up to and with the one that fails
+    std::size_t lines; // up to and with the call that fails
     std::string text;  // "<s>" stands for the result
 };
 
@@ -450,34 +450,34 @@ class TiManageXpicFailureTest : public TiManageXpicTest
         auto& cable = drivers2->cable;
         auto& txEnable = drivers2->txEnable;
         return {
-            {[&](unsigned result) { ccdp.onGetXpicStatusStruct = result; }, 15,
+            {[&](unsigned result) { ccdp.onGetXpicStatusStruct = result; }, 18,
              "getXpicStatusStruct, on radioChannel 2, failed"},
-            {[&](unsigned result) { ccdp.onXpicAcquireStart = result; }, 14,
+            {[&](unsigned result) { ccdp.onXpicAcquireStart = result; }, 17,
              "xpicAcquireStart, on radioChannel 2, failed"},
-            {[&](unsigned result) { ccdp.onGetPreamble = result; }, 13,
+            {[&](unsigned result) { ccdp.onGetPreamble = result; }, 16,
              "getPreamble, on radioChannel 2, failed"},
-            {[&](unsigned result) { ccdp.onSetPreamble = result; }, 12,
+            {[&](unsigned result) { ccdp.onSetPreamble = result; }, 15,
              "setPreamble(Preamble_D), on radioChannel 2, failed"},
-            {[&](unsigned result) { ccdp.onXpicMute = result; }, 11, "xpicMute, on radioChannel 2, failed"},
-            {[&](unsigned result) { cable.onRead = result; }, 10,
+            {[&](unsigned result) { ccdp.onXpicMute = result; }, 14, "xpicMute, on radioChannel 2, failed"},
+            {[&](unsigned result) { cable.onRead = result; }, 13,
              "XpicCableConnected::Read failed for radiochannel 2 with status <s>"},
-            {[&](unsigned result) { statusApi.onGetIqSlaveImbalance = result; }, 9,
+            {[&](unsigned result) { statusApi.onGetIqSlaveImbalance = result; }, 12,
              "DspStatusApi::getIqSlaveImbalance failed for radiochannel 2 with status <s>"},
-            {[&](unsigned result) { statusApi.onGetSlaveAgc = result; }, 8,
+            {[&](unsigned result) { statusApi.onGetSlaveAgc = result; }, 11,
              "DspStatusApi::getSlaveAgc failed for radiochannel 2 with status <s>"},
-            {[&](unsigned result) { txEnable.onRead = result; }, 7,
+            {[&](unsigned result) { txEnable.onRead = result; }, 10,
              "XpicTxEnableDriver::Read failed for radiochannel 2 with status <s>"},
-            {[&](unsigned result) { txEnable.onWrite = result; }, 6,
+            {[&](unsigned result) { txEnable.onWrite = result; }, 9,
              "XpicTxEnableDriver::Write failed for radiochannel 2 with status <s>"},
             {[&](unsigned result) {
                  ccdp.onGetLinkType.inTurn({{eTI_S_OK, LinkType::Enable_B}, result});
              },
-             5, "ICcdpController::getLinkType failed for radioChannel 2 with status <s>"},
-            {[&](unsigned result) { ccdp.onForceXpic = result; }, 4,
+             8, "ICcdpController::getLinkType failed for radioChannel 2 with status <s>"},
+            {[&](unsigned result) { ccdp.onForceXpic = result; }, 6,
              "ICcdpController::forceXpic failed for radiochannel 2 with status<s>"},
-            {[&](unsigned result) { ccdp.onGetLinkType = result; }, 3,
+            {[&](unsigned result) { ccdp.onGetLinkType = result; }, 5,
              "ICcdpController::getLinkType failed for radiochannel id 2 with status <s>"},
-            {[&](unsigned result) { ccdp.onSetBar = result; }, 1,
+            {[&](unsigned result) { ccdp.onSetBar = result; }, 2,
              "ICcdpController::setBar failed for radiochannel 2 with status <s>"},
         };
     }
@@ -488,14 +488,25 @@ class TiManageXpicFailureTest : public TiManageXpicTest
         return place == std::string::npos ? text : text.replace(place, 3, std::to_string(result));
     }
 
-    const std::vector<std::string> calls{
-        "ICcdpController_2.setBar(true)",          "ICcdpController_2.getBar()",
-        "ICcdpController_2.getLinkType()",         "ICcdpController_2.forceXpic(3)",
-        "ICcdpController_2.getLinkType()",         "channel.2.xpic.tx.enable.write(1)",
-        "channel.2.xpic.tx.enable.read()",         "IDspStatusApi_2.getSlaveAgc()",
-        "IDspStatusApi_2.getIqSlaveImbalance()",   "channel.2.xpic.connected.read()",
-        "ICcdpController_2.xpicMute(true)",        "ICcdpController_2.setPreamble(3)",
-        "ICcdpController_2.getPreamble()",         "ICcdpController_2.xpicAcquireStart(7, 8)",
+    // A complete run, up to its result.
+    const std::vector<std::string> lines{
+        "6 ZYR.TI.TiManageXpic:",
+        "ICcdpController_2.setBar(true)",
+        "4 ZYR.TI.TiManageXpic: XPIC Bar set to true",
+        "ICcdpController_2.getBar()",
+        "ICcdpController_2.getLinkType()",
+        "ICcdpController_2.forceXpic(3)",
+        "4 ZYR.TI.TiManageXpic: XPIC EnableExt set to Enable_C",
+        "ICcdpController_2.getLinkType()",
+        "channel.2.xpic.tx.enable.write(1)",
+        "channel.2.xpic.tx.enable.read()",
+        "IDspStatusApi_2.getSlaveAgc()",
+        "IDspStatusApi_2.getIqSlaveImbalance()",
+        "channel.2.xpic.connected.read()",
+        "ICcdpController_2.xpicMute(true)",
+        "ICcdpController_2.setPreamble(3)",
+        "ICcdpController_2.getPreamble()",
+        "ICcdpController_2.xpicAcquireStart(7, 8)",
         "ICcdpController_2.getXpicStatusStruct()",
     };
 };
@@ -504,7 +515,7 @@ class TiManageXpicFailureTest : public TiManageXpicTest
 TEST_F(TiManageXpicFailureTest, FirstFailureEndsTheCommandSilently)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    setTraceLevel("ZYR.TI.TiManageXpic", 3);
+    setTraceLevel("ZYR.TI.TiManageXpic", 7);
     const std::vector<Break> all = breaks();
     for (std::size_t first = 0; first < all.size(); ++first) {
         const unsigned result = first == 0 ? 0x8000U : 0xFFFFFFFFU - static_cast<unsigned>(first);
@@ -514,8 +525,8 @@ TEST_F(TiManageXpicFailureTest, FirstFailureEndsTheCommandSilently)
         transcript.clear();
         tell(impl.execute(allThatIsTaken(2)));
         std::string expected = "\n";
-        for (std::size_t call = 0; call < all[first].calls; ++call) {
-            expected += calls[call] + "\n";
+        for (std::size_t line = 0; line < all[first].lines; ++line) {
+            expected += lines[line] + "\n";
         }
         const std::string text = withResult(all[first].text, result);
         expected += "result 0x8000 4 \"" + text + "\"\n";

@@ -44,23 +44,30 @@ TEST_F(TiSetNarrowWideFiltersTest, TextOfTheFailureDependsOnTheResult)
     transcript.clear();
     dspApi1.channelApi.onSetNarrowWideFilters.inTurn({0x7FFF, 32768, 32769, 32770, 32771, 32772, -1});
     for (int filter = 1; filter <= 7; ++filter) {
-        transcript.add(outcome(impl.execute({1, filter})));
+        tell(impl.execute({1, filter}));
     }
     EXPECT_EQ(transcript.text(), R"(
 IDspChannelApi_1.setNarrowWideFilters(1)
 result 0x0 0 ""
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(2)
 result 0x8000 4 "Not supported in this HW variant: failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(3)
 result 0x8000 4 "Generic error : failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(4)
 result 0x8000 4 "Generic error : failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(5)
 result 0x8000 4 "Invalid parameters: failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(6)
 result 0x8000 4 "Generic error : failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 IDspChannelApi_1.setNarrowWideFilters(7)
 result 0x8000 4 "Generic error : failed to set mux filters to GPIO"
+prints StandardResponse Sent\n
 )");
 }
 
