@@ -40,7 +40,7 @@ using zyr_top_api::ZyrApiHandler;
 
 // Calls on one node; then comes another one.
 constexpr unsigned kCallsOnANode = 250;
-constexpr unsigned kHighestTraceLevel = 7;
+constexpr TylTraceLevel kHighestTraceLevel = 7;
 // So many of them come to each exception that may leave a command.
 constexpr unsigned kCallsThatSeeAll = 100'000;
 
@@ -87,7 +87,7 @@ void walk(Chance& chance, const Step& step)
     for (unsigned call = 1; call <= calls && !testing::Test::HasFailure(); ++call) {
         const CommandEntry& command = chance.oneOf(commands);
         SCOPED_TRACE("call " + std::to_string(call) + ", " + std::string(command.name()));
-        const auto level = static_cast<unsigned>(chance.number(0, kHighestTraceLevel));
+        const auto level = static_cast<TylTraceLevel>(chance.number(0, kHighestTraceLevel));
         zyr_platform::TraceService::get().setLevel("*", chance.oneIn(4) ? level : 0);
         step(call, command);
     }
