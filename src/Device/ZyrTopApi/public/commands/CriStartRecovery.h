@@ -8,7 +8,8 @@
 namespace zyr_top_api
 {
 
-/// Orders a full recovery of the DSP, which concerns all channels. Blocks until the recovery is over.
+/// Orders a full recovery of the DSP, which concerns all channels. Blocks until the recovery controller
+/// returns.
 class ZYR_EXPORT CriStartRecovery
 {
   public:
