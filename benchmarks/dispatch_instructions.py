@@ -13,9 +13,9 @@ import tempfile
 CALLS = 2000
 
 BARS = {
-    "quiet-first": 460,
-    "quiet-middle": 580,
-    "quiet-last": 720,
+    "quiet-first": 358,
+    "quiet-middle": 483,
+    "quiet-last": 660,
     "traced-first": 2600,
 }
 
