@@ -147,6 +147,47 @@ class SecretsTest(NodeTest):
                                   json.dumps(self.request("a key of this length"))))
 
 
+class MemoryTest(NodeTest):
+    """What the node keeps of a key behind the call: nothing that is found in its memory."""
+
+    options = ("--enable-ti", "--trace", "*=7")
+
+    def memory(self):
+        """All that the process can write to, as one text of bytes."""
+        pieces = []
+        with open(f"/proc/{self.node.process.pid}/maps") as maps, \
+                open(f"/proc/{self.node.process.pid}/mem", "rb", buffering=0) as memory:
+            for line in maps:
+                addresses, access = line.split()[:2]
+                start, end = (int(address, 16) for address in addresses.split("-"))
+                if not access.startswith("rw") or end - start > 1 << 30:  # such as a sanitizer's books
+                    continue
+                try:
+                    memory.seek(start)
+                    pieces.append(memory.read(end - start))
+                except OSError:  # a guard page, or gone meanwhile
+                    pass
+        return b"".join(pieces)
+
+    def test_key_is_nowhere_in_the_memory_of_the_node_behind_the_call(self):
+        source = random.Random()
+        keys = ["".join(source.choices(ALPHABETS[0].replace("<", "").replace("&", ""), k=64)) for _ in range(8)]
+        try:
+            self.assertIn(b"CRI.SetRadioLinkEncryption", self.memory(), "the memory isn't looked at")
+        except PermissionError:
+            self.skipTest("the memory of other processes can't be read here")
+        for number, key in enumerate(keys):
+            with self.node.proxy() as proxy:
+                proxy.CRI.SetRadioLinkEncryption({"channelId": 1, "masterKey": key, "txFrequency_kHz": 1,
+                                                  "rxFrequency_kHz": 2, "enableRle": number % 2 == 0})
+                proxy.SIM.SetFarEndKey({"channel": 2, "key": key})
+        self.proxy.system.listMethods()
+        memory = self.memory()
+        for key in keys:
+            for start in range(0, len(key), 8):
+                self.assertNotIn(key[start:start + 8].encode(), memory, "a part of a key is left")
+
+
 class FarEndKeyTest(NodeTest):
     def test_link_carries_nothing_until_the_keys_agree(self):
         key = "a key of this length"

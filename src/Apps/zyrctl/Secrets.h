@@ -43,8 +43,8 @@ class SecretNames
 /// Overwrites a text that was secret and empties it.
 void wipe(std::string& text);
 
-/// Wipes a text when it is done with, however that comes. Best effort: copies made on the way to the node,
-/// such as the document that is sent, aren't reached.
+/// Wipes a text when it is done with, however that comes. Copies made on the way to the node, such as the
+/// document that is sent, are overwritten when they are given back to the heap.
 class Wiping
 {
   public:

@@ -1,11 +1,15 @@
 #include "Client.h"
 
+#include "WipingMemory.h"
+
 #include <curl/curl.h>
 
 #include <array>
+#include <cstdlib>
 #include <mutex>
 #include <utility>
 
+#include <string.h>
 #include <strings.h>
 
 namespace zyr_gateway
@@ -20,7 +24,11 @@ using HeaderList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 void initialiseCurl()
 {
     static std::once_flag once;
-    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+    std::call_once(once, [] {
+        // Requests pass through its buffers, and they hold keys.
+        curl_global_init_mem(CURL_GLOBAL_DEFAULT, &std::malloc, &wipingFree, &wipingRealloc, &strdup,
+                             &std::calloc);
+    });
 }
 
 /// The header with the values of its `Authorization` lines hidden.

@@ -1,18 +1,21 @@
 #include "DocumentReader.h"
 
 #include "Scalars.h"
+#include "WipingMemory.h"
 
 #include <expat.h>
 
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <new>
 #include <random>
 #include <utility>
 
+#include <string.h>
 #include <strings.h>
 
 namespace zyr_gateway
@@ -137,17 +140,18 @@ struct ParserDeleter
 
 using Parser = std::unique_ptr<XML_ParserStruct, ParserDeleter>;
 
+/// What the parser gives back is overwritten: documents hold keys.
+constexpr XML_Memory_Handling_Suite kWipingMemory{&std::malloc, &wipingRealloc, &wipingFree};
+
 /// A parser for one document. Each thread keeps the one of its last document for the next, unless that was a
-/// long one, for which it has taken much memory.
+/// long one, for which it has taken much memory. The document itself isn't kept.
 class KeptParser
 {
   public:
-    explicit KeptParser(std::size_t documentSize) : m_isKept(documentSize <= kLongestKept)
+    explicit KeptParser(std::size_t documentSize) : m_size(documentSize)
     {
         if (s_kept == nullptr) {
-            s_kept.reset(XML_ParserCreate(nullptr));
-        } else if (XML_ParserReset(s_kept.get(), nullptr) != XML_TRUE) {
-            throw std::bad_alloc();
+            s_kept.reset(XML_ParserCreate_MM(nullptr, &kWipingMemory, nullptr));
         }
         if (s_kept == nullptr) {
             throw std::bad_alloc();
@@ -158,7 +162,7 @@ class KeptParser
     }
     ~KeptParser()
     {
-        if (!m_isKept) {
+        if (m_size > kLongestKept || !wipeDocument()) {
             s_kept.reset();
         }
     }
@@ -171,7 +175,21 @@ class KeptParser
     static constexpr std::size_t kLongestKept = 32UL * 1024UL;
     static thread_local Parser s_kept;
 
-    bool m_isKept;
+    /// Readies the parser for the next document and overwrites its copy of this one, which is at the start of
+    /// its buffer.
+    [[nodiscard]] bool wipeDocument() const
+    {
+        if (XML_ParserReset(s_kept.get(), nullptr) != XML_TRUE) {
+            return false;
+        }
+        void* const copy = XML_GetBuffer(s_kept.get(), static_cast<int>(m_size));
+        if (copy != nullptr) {
+            explicit_bzero(copy, m_size);
+        }
+        return copy != nullptr;
+    }
+
+    std::size_t m_size;
 };
 
 thread_local Parser KeptParser::s_kept;
