@@ -33,9 +33,9 @@ struct EnumVocabulary<zyr_top_api::ETxPowerActualStatus>
                        zyr_top_api::ETxPowerActualStatus::Standby>
 {};
 
-// What faults of restarts and of the radio unit's services lead to.
+// What faults lead to where the command that meets them doesn't tell.
 constexpr std::string_view kOperationHelp =
-    "name of its operation. What restarts and radio units make of a fault: "
+    "name of its operation. What restarts, radio units and calibrations make of a fault: "
     "RecoveryController.startDspRecovery: no recovery begins, and CRI.StartRecovery fails; "
     "IRauHandler.triggerRestart: the restart is RestartFailed at once, the unit stays up; "
     "IRauHandler.endRestart: the restart stays open; "
@@ -45,7 +45,8 @@ constexpr std::string_view kOperationHelp =
     "ISystemPowerController.syncAfterWarmRestart, IAcmHandler.syncAfterWarmRestart: the channel is not "
     "synchronised, though the start-up is completed; "
     "IRouteUpdater.updateRoute, IHardwareConfigurationHandler.setRauCarrierAggregation: nothing is "
-    "set, though the command succeeds";
+    "set, though the command succeeds; "
+    "MimoCalibration.correlate: a calibration of the cross-connect delay ends with NoCorrelationFailure";
 
 template <>
 struct RecordFields<Fault>
