@@ -40,9 +40,9 @@ class SecondStreamTest(WalkThroughTest):
     def test_xpic_locks_and_shows_it(self):
         self.configure(1, 202, "xpicParameterPresent=true", "xpicEnable=Enable_A")
         self.configure(2, 202, "xpicParameterPresent=true", "xpicEnable=Enable_B")
-        lines = self.wait_for("Radio channel 1, XPIC Locked", "xpic", "1")
+        lines = self.wait_for("slave sweeps no", "xpic", "1")
+        self.assertIn("Radio channel 1, XPIC Locked", lines)
         self.assertIn("link type Enable_A (1)", lines)
-        self.assertIn("slave sweeps no", lines)
 
     def test_mimo_settles_and_is_calibrated(self):
         self.configure(1, 302, "mimoParameterPresent=true", "mimoEnable=Enable_A")
