@@ -1,6 +1,6 @@
 // The dispatch of a quiet command beside a bare virtual call and a lock, in one run: look at the ratios.
 
-#include "AllocationCounter.h"
+#include "AllocationReport.h"
 #include "DispatchTable.h"
 #include "TraceService.h"
 
@@ -12,27 +12,10 @@ namespace
 {
 
 using namespace zyr_top_api;
+using benchmark_table::AllocationReport;
 
 benchmark_table::QuietAcmHandler handler;
 std::mutex mutex;
-
-// Reports the allocations of the timed loop.
-class AllocationReport
-{
-  public:
-    explicit AllocationReport(benchmark::State& state) : m_state(state) {}
-    ~AllocationReport()
-    {
-        m_state.counters["allocations"] = benchmark::Counter(static_cast<double>(m_counter.allocations()),
-                                                             benchmark::Counter::kAvgIterations);
-    }
-    AllocationReport(const AllocationReport&) = delete;
-    AllocationReport& operator=(const AllocationReport&) = delete;
-
-  private:
-    benchmark::State& m_state;
-    zyr_test::AllocationCounter m_counter;
-};
 
 void bareCollaboratorCall(benchmark::State& state)
 {
