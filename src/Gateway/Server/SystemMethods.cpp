@@ -116,15 +116,12 @@ void XmlRpcServer::addSystemMethods()
         "of methods, an array of such structs, and hash.",
         Value::array({Value::array({"struct"}), Value::array({"struct", "string"})}),
         [this](const Params& params) { return describe(params); }, Effort::Big);
-    addSystemMethod(
-        "zyr.describeHash",
-        "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
-        signature({"string"}),
-        [this](const Params& params) {
-            takeNothing("zyr.describeHash", params);
-            return Value(zyr_registration::hashOf(descriptions()));
-        },
-        Effort::Big);
+    addSystemMethod("zyr.describeHash",
+                    "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
+                    signature({"string"}), [this](const Params& params) {
+                        takeNothing("zyr.describeHash", params);
+                        return m_described.at("hash");
+                    });
 }
 
 Value XmlRpcServer::describe(const Params& params) const
@@ -138,11 +135,10 @@ Value XmlRpcServer::describe(const Params& params) const
         }
         return description;
     }
-    Value all = descriptions();
-    const std::string hash = zyr_registration::hashOf(all);
-    return {{"hash", hash}, {"methods", std::move(all)}};
+    return m_described;
 }
 
+// What "zyr.describe" tells of all methods that have a description.
 Value XmlRpcServer::descriptions() const
 {
     Value described = Value::array();
@@ -151,7 +147,8 @@ Value XmlRpcServer::descriptions() const
             described.push_back(entry.description);
         }
     }
-    return described;
+    const std::string hash = zyr_registration::hashOf(described);
+    return {{"hash", hash}, {"methods", std::move(described)}};
 }
 
 // The calls of one "system.multicall". Each waits for its turn like a call that comes alone, and holds no

@@ -188,6 +188,7 @@ void XmlRpcServer::add(const MethodNotes& notes, bool isDispatched, std::functio
 
 void XmlRpcServer::start()
 {
+    m_described = descriptions();
     m_http.start();
 }
 

@@ -124,10 +124,11 @@ class XmlRpcServer
     void releaseLongPolls() noexcept;
 
     Value describe(const Params& params) const;
-    Value descriptions() const; // of all methods that have one, by name
+    Value descriptions() const;
 
     zyr_registration::RegisteringModule& m_commands;
     std::map<std::string, Method, std::less<>> m_methods;
+    Value m_described;         // all that "zyr.describe" tells; from `start` on
     MemoryBudget m_multicalls; // what their calls and answers take while they are being made
     std::atomic<bool> m_isStopping = false;
     Lane m_dispatcher;     // where dispatched commands are made
