@@ -301,4 +301,67 @@ diversity      -  -
 )");
 }
 
+const zyr_ctl::PpsAnswers kPulse{
+    .calibration = {{{"ppsCalibStatus", 5}, {"ppsCalibReasonOfFailure", 3}},
+                    fields(R"({"name": "ppsCalibStatus", "type": "int",
+                               "texts": [{"number": 4, "text": "Successful"}, {"number": 5, "text": "Failed"}]},
+                              {"name": "ppsCalibReasonOfFailure", "type": "int",
+                               "texts": [{"number": 3, "text": "SlaveLOL"}]})")},
+    .hopLength = {{{"ppsHopLengthTime", 26'678}}, {}},
+    .settings = {{{"source", 1}, {"offset_ns", 120}, {"outputMode", 2}},
+                 fields(R"({"name": "source", "type": "int", "texts": [{"number": 1, "text": "External"}]},
+                           {"name": "offset_ns", "type": "int", "unit": "ns"},
+                           {"name": "outputMode", "type": "int", "texts": [{"number": 2, "text": "Auto"}]})")},
+    .noHopLength = {}};
+
+TEST(PpsPictureTest, ShowsTheHopAsTimeAndWayAndWhyACalibrationFailed)
+{
+    EXPECT_EQ(joined(zyr_ctl::ppsPicture(2, kPulse, "Failed 3 s")), R"(
+Radio channel 2
+Source        External, offset 120 ns
+Output        Auto
+Calibration   Failed, SlaveLOL
+Hop length    26 678 ns, 7.998 km, radio units included
+Progress      Failed 3 s
+)");
+}
+
+TEST(PpsPictureTest, LeavesTheReasonOutForACalibrationThatHasNotFailed)
+{
+    auto answers = kPulse;
+    answers.calibration.answer["ppsCalibStatus"] = 4;
+    answers.hopLength.answer["ppsHopLengthTime"] = 0;
+    EXPECT_EQ(joined(zyr_ctl::ppsPicture(1, answers, "")), R"(
+Radio channel 1
+Source        External, offset 120 ns
+Output        Auto
+Calibration   Successful
+Hop length    0 ns, 0.000 km, radio units included
+)");
+}
+
+TEST(PpsPictureTest, TellsWhatIsMissing)
+{
+    EXPECT_EQ(joined(zyr_ctl::ppsPicture(
+                  1, {.calibration = {}, .hopLength = {}, .settings = {}, .noHopLength = "no \x1b"}, "")),
+              R"(
+Radio channel 1
+Source        not told by this node
+Output        not told by this node
+Calibration   -
+Hop length    none: no \x1b
+)");
+    EXPECT_EQ(
+        joined(zyr_ctl::ppsPicture(
+            1, {.calibration = {}, .hopLength = {}, .settings = {{{"source", 1}}, {}}, .noHopLength = {}},
+            "")),
+        R"(
+Radio channel 1
+Source        1, offset -
+Output        -
+Calibration   -
+Hop length    -
+)");
+}
+
 } // namespace

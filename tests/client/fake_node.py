@@ -82,6 +82,32 @@ THRESHOLDS = {
          "texts": [{"number": 31, "text": "4QAM"}, {"number": 81, "text": "256QAM"}]},
         {"name": "threshold", "type": "int", "unit": "0.1 dB"}]}}]}
 
+CALIBRATION = {
+    "name": "CRI.GetCalibrationStatusDspPps", "help": "Tells how the calibration stands.", "request": [CHANNEL],
+    "response": [
+        {"name": "ppsCalibStatus", "type": "int",
+         "texts": [{"number": 1, "text": "CoarseInProgress"}, {"number": 2, "text": "FineInProgress"},
+                   {"number": 3, "text": "Successful"}, {"number": 4, "text": "Failed"}]},
+        {"name": "ppsCalibReasonOfFailure", "type": "int",
+         "texts": [{"number": 0, "text": "NotRelevant"}, {"number": 7, "text": "SlaveLOL"}]}]}
+
+HOP_LENGTH = {"name": "CRI.GetHopLengthTimeDspPps", "help": "Gives the hop length time.", "request": [CHANNEL],
+              "response": [{"name": "ppsHopLengthTime", "type": "int", "unit": "ns"}]}
+
+STATE = {
+    "name": "SIM.GetState", "help": "Shows the state.", "request": [],
+    "response": [{"name": "channels", "type": "array", "element": {"type": "struct", "fields": [
+        {"name": "number", "type": "int"},
+        {"name": "pps", "type": "struct", "fields": [
+            {"name": "source", "type": "int", "texts": [{"number": 0, "text": "Internal"}, {"number": 1, "text": "External"}]},
+            {"name": "offset_ns", "type": "int", "unit": "ns"},
+            {"name": "outputMode", "type": "int", "texts": [{"number": 0, "text": "Off"}, {"number": 2, "text": "Auto"}]},
+        ]}]}}]}
+
+CLOCK = {"name": "TI.ManageRealTimeClock", "help": "Reads or sets the time.", "test": True,
+         "request": [{"name": "dateTime", "type": "string", "required": False}],
+         "response": [{"name": "dateTime", "type": "string"}]}
+
 # In the place of an answer: the connection ends without one, or the call hangs until the node ends.
 DROP = object()
 HANG = object()

@@ -4,6 +4,7 @@
 The environment variable ZYRCTL names the program.
 """
 
+import calendar
 import fcntl
 import json
 import os
@@ -19,6 +20,7 @@ import subprocess
 import sys
 import tempfile
 import termios
+import time
 import unittest
 import xmlrpc.client
 
@@ -297,6 +299,139 @@ class Acm(NodeTest):
     def test_passes_other_faults_on(self):
         self.node.answers["CRI.GetAcmMode"] = [xmlrpc.client.Fault(2, "RadioChannelID out of bounds")]
         self.assertEqual(self.run_with_node("acm", "7"), (1, "", "zyrctl: fault 2: RadioChannelID out of bounds\n"))
+
+
+class Pps(NodeTest):
+    CALIBRATED = {"tiResult": 0, "ppsCalibStatus": 3, "ppsCalibReasonOfFailure": 7}
+    HOP = {"tiResult": 0, "ppsHopLengthTime": 26678}
+    PULSES = [{"source": 0, "offset_ns": 0, "outputMode": 0}, {"source": 1, "offset_ns": 120, "outputMode": 2}]
+    NO_HOP = xmlrpc.client.Fault(4, "CRI.GetHopLengthTimeDspPps failed to get hop length time.")
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_described(fake_node.CALIBRATION, self.CALIBRATED)
+        self.node.add_described(fake_node.HOP_LENGTH, self.HOP)
+
+    def show_state(self):
+        self.node.add_described(fake_node.STATE, {"tiResult": 0, "channels": [
+            {"number": number, "pps": pulse} for number, pulse in enumerate(self.PULSES, 1)]})
+
+    def test_has_the_settings_that_a_simulated_node_shows(self):
+        self.show_state()
+        self.assertEqual(self.run_with_node("pps", "2"), (0, (
+            "Radio channel 2\n"
+            "Source        External, offset 120 ns\n"
+            "Output        Auto\n"
+            "Calibration   Successful\n"
+            "Hop length    26 678 ns, 7.998 km, radio units included\n"), ""))
+        self.assertEqual(self.node.calls, [("CRI.GetCalibrationStatusDspPps", [{"channelId": 2}]),
+                                           ("CRI.GetHopLengthTimeDspPps", [{"channelId": 2}]), ("SIM.GetState", [])])
+
+    def test_tells_what_a_node_does_not_tell(self):
+        del self.node.funcs["SIM.GetState"]
+        self.node.answers["CRI.GetCalibrationStatusDspPps"] = [{**self.CALIBRATED, "ppsCalibStatus": 4}]
+        self.node.answers["CRI.GetHopLengthTimeDspPps"] = [self.NO_HOP]
+        self.assertEqual(self.run_with_node("pps"), (0, (
+            "Radio channel 1\n"
+            "Source        not told by this node\n"
+            "Output        not told by this node\n"
+            "Calibration   Failed, SlaveLOL\n"
+            "Hop length    none: CRI.GetHopLengthTimeDspPps failed to get hop length time.\n"), ""))
+
+    def test_survives_a_state_of_another_form(self):
+        status, out, err = self.run_with_node("pps")  # a list
+        self.assertEqual((status, out.splitlines()[1], err), (0, "Source        not told by this node", ""))
+
+    def test_is_all_answers_as_json(self):
+        self.show_state()
+        status, out, _ = self.run_with_node("pps", "--json")
+        self.assertEqual((status, json.loads(out)), (0, {
+            "CRI.GetCalibrationStatusDspPps": self.CALIBRATED, "CRI.GetHopLengthTimeDspPps": self.HOP,
+            "settings": self.PULSES[0]}))
+        self.node.answers["CRI.GetHopLengthTimeDspPps"] = [self.NO_HOP]
+        answers = json.loads(self.run_with_node("pps", "3", "--json")[1])
+        self.assertEqual(answers["CRI.GetHopLengthTimeDspPps"], {
+            "error": {"kind": "fault", "code": 4, "text": self.NO_HOP.faultString}})
+        self.assertEqual(answers["settings"], {})
+
+    def test_is_watched_with_the_progress_of_the_calibration(self):
+        states = [{**self.CALIBRATED, "ppsCalibStatus": number} for number in (1, 1, 2, 3)]
+        self.node.answers["CRI.GetCalibrationStatusDspPps"] = states
+        self.node.answers["CRI.GetHopLengthTimeDspPps"] = [self.NO_HOP, self.NO_HOP, self.NO_HOP, self.HOP]
+        status, out, err = self.run_with_node("pps", "--watch=0.01", "--count", "4")
+        self.assertEqual((status, err), (0, ""))
+        first, second, third, fourth = out.split("#")[1:]
+        self.assertIn("  Progress      CoarseInProgress 0 s\n", first)
+        self.assertIn("  Calibration   CoarseInProgress\n", second)
+        self.assertIn("* Calibration   FineInProgress\n", third)
+        self.assertIn("* Calibration   Successful\n", fourth)
+        self.assertIn("* Hop length    26 678 ns, 7.998 km, radio units included\n", fourth)
+        self.assertIn("* Progress      CoarseInProgress 0 s > FineInProgress 0 s > Successful 0 s\n", fourth)
+
+    def test_keeps_the_latest_states_of_a_calibration_that_is_repeated(self):
+        self.node.answers["CRI.GetCalibrationStatusDspPps"] = [
+            {**self.CALIBRATED, "ppsCalibStatus": number} for number in (1, 2, 3, 2, 3, 2, 3)]
+        out = self.run_with_node("pps", "--watch=0.01", "--count", "7")[1]
+        self.assertTrue(out.endswith("* Progress      Successful 0 s > FineInProgress 0 s > Successful 0 s > "
+                                     "FineInProgress 0 s > Successful 0 s\n"), out)
+
+    def test_passes_other_faults_on(self):
+        self.node.answers["CRI.GetCalibrationStatusDspPps"] = [xmlrpc.client.Fault(2, "RadioChannelID out of bounds")]
+        self.assertEqual(self.run_with_node("pps", "7"), (1, "", "zyrctl: fault 2: RadioChannelID out of bounds\n"))
+
+
+class Clock(NodeTest):
+    ANSWER = {"tiResult": 0, "dateTime": "20260114T08:30:05"}
+
+    def setUp(self):
+        super().setUp()
+        self.node.add_described(fake_node.CLOCK, self.ANSWER)
+
+    def sent(self):
+        (name, [request]), = self.node.calls
+        self.assertEqual((name, list(request)), ("TI.ManageRealTimeClock", ["dateTime"]))
+        return request["dateTime"]
+
+    def test_is_read_as_people_write_it(self):
+        self.assertEqual(self.run_with_node("clock"), (0, "2026-01-14T08:30:05Z\n", ""))
+        self.assertEqual(self.sent(), "")
+
+    def test_is_the_answer_as_json(self):
+        status, out, _ = self.run_with_node("clock", "--json")
+        self.assertEqual((status, json.loads(out)), (0, self.ANSWER))
+
+    def test_is_set_in_the_form_of_the_wire(self):
+        self.node.answers["TI.ManageRealTimeClock"] = [{"tiResult": 0, "dateTime": "20310722T23:59:59"}]
+        self.assertEqual(self.run_with_node("clock", "--set", "2031-07-22T23:59:58Z"), (0, "2031-07-22T23:59:59Z\n", ""))
+        self.assertEqual(self.sent(), "20310722T23:59:58")
+
+    def test_is_set_to_the_next_full_second(self):
+        before = time.time()
+        self.assertEqual(self.run_with_node("clock", "--set", "now", TZ="CET-1")[0], 0)
+        sent = calendar.timegm(time.strptime(self.sent(), "%Y%m%dT%H:%M:%S"))
+        self.assertTrue(before <= sent <= time.time(), (before, sent))
+
+    def test_is_set_in_utc_alone(self):
+        front = "zyrctl: the clock is set in UTC: give "
+        for text, better in (
+                ("2026-01-14T08:30:05+01:00", "2026-01-14T07:30:05Z"),
+                ("2026-01-14T08:30:05", "2026-01-14T08:30:05Z, or 2026-01-14T07:30:05Z if this computer's zone is meant"),
+                ("2026-01-14 08:30:05 CET", "2026-01-14T07:30:05Z")):
+            self.assertEqual(self.run_with_node("clock", "--set", text, TZ="CET-1"), (2, "", f"{front}{better}\n"))
+        self.assertEqual(self.run_with_node("clock", "--set", ""), (
+            2, "", 'zyrctl: "" is no time; give one as 2026-01-14T08:30:05Z, or now\n'))
+        self.assertEqual(self.node.calls, [])
+
+    def test_passes_faults_on(self):
+        self.node.answers["TI.ManageRealTimeClock"] = [xmlrpc.client.Fault(4, "Error: Command not available")]
+        self.assertEqual(self.run_with_node("clock"), (1, "", "zyrctl: fault 4: Error: Command not available\n"))
+
+    def test_that_is_not_told_is_a_protocol_error(self):
+        self.node.answers["TI.ManageRealTimeClock"] = [{"tiResult": 0}]
+        self.assertEqual(self.run_with_node("clock"), (
+            5, "", "zyrctl: TI.ManageRealTimeClock does not tell the time\n"))
+        self.node.answers["TI.ManageRealTimeClock"] = [{"tiResult": 0, "dateTime": "a\tc"}]
+        self.assertEqual(self.run_with_node("clock"), (0, "a\\tc\n", ""))
 
 
 def alarm(name, channel, active, count):

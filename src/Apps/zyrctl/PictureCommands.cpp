@@ -57,14 +57,6 @@ void addLevel(std::vector<std::int64_t>& levels, const Value& answer, const Fiel
     }
 }
 
-// Marks the lines that were others before.
-void markChanges(const std::vector<Line>& before, std::vector<Line>& lines)
-{
-    for (std::size_t index = 0; index < std::min(before.size(), lines.size()); ++index) {
-        lines[index].isChanged = lines[index].text != before[index].text;
-    }
-}
-
 void runStatus(Session& session, const ChannelOptions& options)
 {
     const auto ask = [&] {
@@ -81,13 +73,7 @@ void runStatus(Session& session, const ChannelOptions& options)
         session.show(answer, picture(answer));
         return;
     }
-    std::vector<Line> before;
-    watch(session, options.watch, ask, [&](const Value& answer, const std::set<std::string>&) {
-        std::vector<Line> lines = picture(answer);
-        markChanges(before, lines);
-        before = lines;
-        return lines;
-    });
+    watchPicture(session, options.watch, ask, picture);
 }
 
 Value askFrames(Session& session, const ChannelOptions& options)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -263,6 +264,26 @@ std::string levelBar(const Value& record, const char* name)
     return std::string(static_cast<std::size_t>(std::clamp<std::int64_t>(above / kUnitsPerMark, 0, 60)), '#');
 }
 
+// The name of what a number stands for.
+std::string choice(const DescribedAnswer& answer, const char* name)
+{
+    const auto found = answer.answer.find(name);
+    return found == answer.answer.end() ? "-" : enumeration(*found, textsOf(answer.fields, name));
+}
+
+// A time and the way of light in it, of which the delay of the radio units is a part.
+std::string timeAndWay(const Value& record, const char* name)
+{
+    constexpr double kMetresPerNanosecond = 0.299792458;
+    const auto found = record.find(name);
+    if (found == record.end() || !found->is_number_integer()) {
+        return "-";
+    }
+    const double metres = static_cast<double>(found->get<std::int64_t>()) * kMetresPerNanosecond;
+    return digitsIn({}, *found) + " ns, " + digitsIn({"km", 3}, std::llround(metres)) +
+           " km, radio units included";
+}
+
 } // namespace
 
 std::string sparkline(std::span<const std::int64_t> numbers)
@@ -365,13 +386,11 @@ std::vector<Line> loopsPicture(const Value& answer)
 
 std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers)
 {
-    const auto mode = [&](const char* name) {
-        return enumeration(answers.mode.answer.value(name, Value("-")), textsOf(answers.mode.fields, name));
-    };
     const Reading status(answers.status.answer, answers.status.fields);
     std::vector<Line> lines{
         {"Radio channel " + std::to_string(channel)},
-        labelled("ACM mode", mode("acmMode") + ", " + mode("acmModePosition")),
+        labelled("ACM mode",
+                 choice(answers.mode, "acmMode") + ", " + choice(answers.mode, "acmModePosition")),
         labelled("Transmit", status["ActualTxModulation"]),
         labelled("Receive", status["ActualRxModulation"]),
         labelled("SNIR", status["ActualSNIR"]),
@@ -401,6 +420,36 @@ std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer, con
                     {"diversity", reading["sdcInputPowerDiversity"], character(answer, "hwErrorSdcDiversity"),
                      levelBar(answer, "sdcInputPowerDiversity")}});
     lines.insert(lines.end(), table.begin(), table.end());
+    return lines;
+}
+
+std::string calibrationState(const DescribedAnswer& calibration)
+{
+    return choice(calibration, "ppsCalibStatus");
+}
+
+std::vector<Line> ppsPicture(std::int64_t channel, const PpsAnswers& answers, const std::string& progress)
+{
+    const DescribedAnswer& settings = answers.settings;
+    const std::string state = calibrationState(answers.calibration);
+    const std::string reason =
+        state == "Failed" ? ", " + choice(answers.calibration, "ppsCalibReasonOfFailure") : "";
+    const bool isTold = !settings.answer.empty();
+    const std::string notTold = "not told by this node";
+    std::vector<Line> lines{
+        {"Radio channel " + std::to_string(channel)},
+        labelled("Source", isTold ? choice(settings, "source") + ", offset " +
+                                        Reading(settings.answer, settings.fields)["offset_ns"]
+                                  : notTold),
+        labelled("Output", isTold ? choice(settings, "outputMode") : notTold),
+        labelled("Calibration", state + reason),
+        labelled("Hop length", answers.noHopLength.empty()
+                                   ? timeAndWay(answers.hopLength.answer, "ppsHopLengthTime")
+                                   : "none: " + printable(answers.noHopLength)),
+    };
+    if (!progress.empty()) {
+        lines.push_back(labelled("Progress", progress));
+    }
     return lines;
 }
 

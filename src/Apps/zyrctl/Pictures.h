@@ -58,4 +58,20 @@ std::vector<Line> acmPicture(std::int64_t channel, const AcmAnswers& answers);
 /// The space diversity combiner of a channel, with the levels of its two inputs as bars.
 std::vector<Line> combinerPicture(std::int64_t channel, const Value& answer, const Fields& fields);
 
+/// How the pulse per second of a channel stands.
+struct PpsAnswers
+{
+    DescribedAnswer calibration;
+    DescribedAnswer hopLength;
+    DescribedAnswer settings; ///< empty: the node doesn't tell them
+    std::string noHopLength;  ///< why there is none; empty: there is one
+};
+
+/// Where the calibration stands, as the picture names it.
+std::string calibrationState(const DescribedAnswer& calibration);
+
+/// Source, output, calibration and the hop's length as time and as the way of light.
+/// @param progress  the states of the calibration so far; drawn if it isn't empty
+std::vector<Line> ppsPicture(std::int64_t channel, const PpsAnswers& answers, const std::string& progress);
+
 } // namespace zyr_ctl

@@ -42,6 +42,9 @@ void addEncryptCommand(CLI::App& app, Session& session);
 /// `restart CHANNEL`, `recover`
 void addRestartCommands(CLI::App& app, Session& session);
 
+/// `pps [CHANNEL]`, `clock [--set TIME]`
+void addTimingCommands(CLI::App& app, Session& session);
+
 /// `completion SHELL`, and the hidden `__complete LINE` that the scripts call
 void addCompletionCommand(CLI::App& app, Session& session);
 

@@ -5,6 +5,7 @@
 #include "Text.h"
 #include "ValuePath.h"
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <thread>
@@ -78,6 +79,13 @@ class Watched
     bool m_isGone = false;
 };
 
+void markChanges(const std::vector<Line>& before, std::vector<Line>& lines)
+{
+    for (std::size_t index = 0; index < std::min(before.size(), lines.size()); ++index) {
+        lines[index].isChanged = lines[index].text != before[index].text;
+    }
+}
+
 } // namespace
 
 void addWatchOptions(CLI::App& subcommand, WatchOptions& options)
@@ -111,6 +119,18 @@ void watch(Session& session, const WatchOptions& options, const std::function<Va
         }
         std::this_thread::sleep_for(std::chrono::duration<double>(options.seconds));
     }
+}
+
+void watchPicture(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
+                  const std::function<std::vector<Line>(const Value& answer)>& picture)
+{
+    std::vector<Line> before;
+    watch(session, options, ask, [&](const Value& answer, const std::set<std::string>&) {
+        std::vector<Line> lines = picture(answer);
+        markChanges(before, lines);
+        before = lines;
+        return lines;
+    });
 }
 
 } // namespace zyr_ctl

@@ -35,4 +35,8 @@ void addWatchOptions(CLI::App& subcommand, WatchOptions& options);
 void watch(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
            const Render& render);
 
+/// Watches an answer as a picture, with marks before the lines that have changed.
+void watchPicture(Session& session, const WatchOptions& options, const std::function<Value()>& ask,
+                  const std::function<std::vector<Line>(const Value& answer)>& picture);
+
 } // namespace zyr_ctl

@@ -80,6 +80,7 @@ int main(int argc, char** argv)
         addSecondStreamCommands(app, session);
         addEncryptCommand(app, session);
         addRestartCommands(app, session);
+        addTimingCommands(app, session);
         addCompletionCommand(app, session);
         app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error, "
                    "130 interrupted.");
