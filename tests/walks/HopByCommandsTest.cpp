@@ -1,16 +1,10 @@
-#include "CmdWrapper.h"
-#include "CriGetRadioChannelStatusImpl.h"
-#include "CriSetRadioChannelNearEndImpl.h"
+#include "CommandsOnNode.h"
 #include "CriSetRfPowerImpl.h"
-#include "SimulatedNode.h"
-#include "VirtualTime.h"
-#include "ZyrApiHandler.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,56 +16,18 @@ using namespace zyr_top_api;
 using Status = CriGetRadioChannelStatus::Response;
 
 // The road of a technician: configure a channel, raise its power, watch the hop through the commands alone.
-class HopByCommandsTest : public testing::Test
+class HopByCommandsTest : public zyr_test::CommandsOnNode
 {
   protected:
-    HopByCommandsTest()
+    HopByCommandsTest() : CommandsOnNode({.pathLoss_dBTenths = 700, .fading_dBTenths = 0})
     {
-        enrol<CriSetRadioChannelNearEndImpl>();
         enrol<CriSetRfPowerImpl>();
-        enrol<CriGetRadioChannelStatusImpl>();
-        node.setPathLoss_dBTenths(700);
-    }
-    ~HopByCommandsTest() override { ZyrApiHandler::m_cmds.clear(); }
-
-    template <class XImpl>
-    static void enrol()
-    {
-        auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
-        EXPECT_EQ(wrapper->impl().initialize(2), eTI_S_OK);
-        ZyrApiHandler::m_cmds.push_back(wrapper);
+        EXPECT_EQ(configure(), "");
     }
 
-    static void configure()
+    static void setPower(std::int32_t power_dBmTenths)
     {
-        CriSetRadioChannelNearEnd::Command command;
-        command.RadioChannelID = RadioChannel(1);
-        command.radioFrameId = 102;
-        command.minModulation = ModulationAndCoding::QAM_4;
-        command.maxModulation = ModulationAndCoding::QAM_4096;
-        command.txFrequency_kHz = 14'500'000;
-        command.rxFrequency_kHz = 14'920'000;
-        ASSERT_EQ(criSetRadioChannelNearEnd(command).faultString, "");
-    }
-
-    static void setPower(std::int32_t power)
-    {
-        CriSetRfPower::Command command;
-        command.RadioChannelID = 1;
-        command.txRequestedStatus = TxRequestedStatus::On;
-        command.minRfOutputPower = power;
-        command.maxRfOutputPower = power;
-        ASSERT_EQ(criSetRfPower(command).faultString, "");
-    }
-
-    static Status status(bool resetErrorBlocks = false)
-    {
-        CriGetRadioChannelStatus::Command command;
-        command.RadioChannelID = 1;
-        command.ResetErrorBlocks = resetErrorBlocks;
-        Status answer = criGetRadioChannelStatus(command);
-        EXPECT_EQ(answer.faultString, "");
-        return answer;
+        EXPECT_EQ(criSetRfPower(power(power_dBmTenths, power_dBmTenths)).faultString, "");
     }
 
     // The status when things have settled; what came before is forgotten.
@@ -89,14 +45,10 @@ class HopByCommandsTest : public testing::Test
         const auto row = std::ranges::find(rows, modulation, &ModulationAndCode::name);
         return static_cast<std::size_t>(row - rows.begin());
     }
-
-    zyr_platform::VirtualTime time;
-    zyr_simulation::SimulatedNode node{{.fading_dBTenths = 0}, time};
 };
 
 TEST_F(HopByCommandsTest, ModulationAndLevelFollowThePathLoss)
 {
-    configure();
     setPower(150);
     const Status far = settledStatus();
     EXPECT_EQ(far.RadioChannelStatus, "Up");
@@ -116,7 +68,6 @@ TEST_F(HopByCommandsTest, ModulationAndLevelFollowThePathLoss)
 
 TEST_F(HopByCommandsTest, RaisedPowerIsReportedAndLiftsTheTransmitModulation)
 {
-    configure();
     node.setPathLoss_dBTenths(950);
     setPower(0);
     const Status low = settledStatus();
@@ -130,7 +81,6 @@ TEST_F(HopByCommandsTest, RaisedPowerIsReportedAndLiftsTheTransmitModulation)
 
 TEST_F(HopByCommandsTest, BlockCountersGrowWithTimeAndStartAgainWhenReset)
 {
-    configure();
     setPower(150);
     time.advance(5s);
     status(true);
@@ -145,7 +95,6 @@ TEST_F(HopByCommandsTest, BlockCountersGrowWithTimeAndStartAgainWhenReset)
 
 TEST_F(HopByCommandsTest, LostFarEndTakesTheLinkDown)
 {
-    configure();
     setPower(150);
     EXPECT_EQ(settledStatus().RadioChannelStatus, "Up");
     node.setFarEndTransmits(false);

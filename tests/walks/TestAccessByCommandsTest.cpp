@@ -1,12 +1,9 @@
 #include "CiManageLoopsImpl.h"
-#include "CmdWrapper.h"
+#include "CommandsOnNode.h"
 #include "CriDisableModulationImpl.h"
-#include "CriGetRadioChannelStatusImpl.h"
 #include "CriSetFarEndPmaxCapabilityImpl.h"
-#include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetRfPowerImpl.h"
 #include "DirectCall.h"
-#include "SimulatedNode.h"
 #include "TiGetDspTxModeImpl.h"
 #include "TiGetIfLoopImpl.h"
 #include "TiGetNarrowWideFiltersImpl.h"
@@ -22,13 +19,10 @@
 #include "TiSetIfFrequencyImpl.h"
 #include "TiSetIfLoopImpl.h"
 #include "TiSetNarrowWideFiltersImpl.h"
-#include "VirtualTime.h"
-#include "ZyrApiHandler.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <memory>
 #include <string>
 
 namespace
@@ -38,70 +32,29 @@ using namespace std::chrono_literals;
 using namespace zyr_top_api;
 
 // What one test command does, seen by another command.
-class TestAccessByCommandsTest : public testing::Test
+class TestAccessByCommandsTest : public zyr_test::CommandsOnNode
 {
   protected:
-    TestAccessByCommandsTest()
+    TestAccessByCommandsTest() : CommandsOnNode({.pathLoss_dBTenths = 600, .fading_dBTenths = 0})
     {
-        enrol<CiManageLoopsImpl>();
-        enrol<CriDisableModulationImpl>();
-        enrol<CriGetRadioChannelStatusImpl>();
-        enrol<CriSetFarEndPmaxCapabilityImpl>();
-        enrol<CriSetRadioChannelNearEndImpl>();
-        enrol<CriSetRfPowerImpl>();
-        ZyrApiHandler::setTiEnabled(true);
-    }
-    ~TestAccessByCommandsTest() override
-    {
-        ZyrApiHandler::setTiEnabled(false);
-        ZyrApiHandler::m_cmds.clear();
+        enrol<CiManageLoopsImpl, CriDisableModulationImpl, CriSetFarEndPmaxCapabilityImpl,
+              CriSetRfPowerImpl>();
     }
 
-    template <class XImpl>
-    static void enrol()
+    static std::string configureAs(const char* frameType)
     {
-        auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
-        EXPECT_EQ(wrapper->impl().initialize(2), eTI_S_OK);
-        ZyrApiHandler::m_cmds.push_back(wrapper);
-    }
-
-    /// @param frameType  null: it is left open
-    static std::string configure(const char* frameType = nullptr)
-    {
-        CriSetRadioChannelNearEnd::Command command;
-        command.RadioChannelID = RadioChannel(1);
-        command.radioFrameId = 102;
-        command.minModulation = ModulationAndCoding::QAM_4;
-        command.maxModulation = ModulationAndCoding::QAM_4096;
-        command.txFrequency_kHz = 14'500'000;
-        command.rxFrequency_kHz = 14'920'000;
-        if (frameType != nullptr) {
-            command.ffConfigTypePresent = true;
-            command.FFConfigType = frameType;
-        }
-        return criSetRadioChannelNearEnd(command).faultString;
+        auto command = nearEnd();
+        command.ffConfigTypePresent = true;
+        command.FFConfigType = frameType;
+        return configure(command);
     }
 
     void setPower(std::int32_t least, std::int32_t most, std::int32_t farEndTarget = 0)
     {
-        CriSetRfPower::Command command;
-        command.RadioChannelID = 1;
-        command.txRequestedStatus = TxRequestedStatus::On;
+        auto command = power(least, most);
         command.targetRfInputPowerFarEnd = farEndTarget;
-        command.minRfOutputPower = least;
-        command.maxRfOutputPower = most;
         EXPECT_EQ(criSetRfPower(command).faultString, "");
         time.advance(5s);
-    }
-
-    static CriGetRadioChannelStatus::Response status(bool resetErrorBlocks = false)
-    {
-        CriGetRadioChannelStatus::Command command;
-        command.RadioChannelID = 1;
-        command.ResetErrorBlocks = resetErrorBlocks;
-        auto answer = criGetRadioChannelStatus(command);
-        EXPECT_EQ(answer.faultString, "");
-        return answer;
     }
 
     /// The orders to fail that aren't used up, one in a line.
@@ -124,9 +77,6 @@ class TestAccessByCommandsTest : public testing::Test
         command.Rate = 100; // 60 in a second
         return command;
     }
-
-    zyr_platform::VirtualTime time;
-    zyr_simulation::SimulatedNode node{{.pathLoss_dBTenths = 600, .fading_dBTenths = 0}, time};
 };
 
 TEST_F(TestAccessByCommandsTest, SweepMovesTheInputPowerThatTheStatusShowsUntilItIsStopped)
@@ -330,11 +280,11 @@ TEST_F(TestAccessByCommandsTest, InjectedComFailuresStrikeTheControlInterface)
     EXPECT_EQ(orders(), "IDspControlApi 1 32778 x2\n");
     constexpr const char* failure =
         "CRI.SetRadioChannelNearEnd failed to check which kind of DSP Recovery is needed";
-    EXPECT_EQ(configure("Standard"), failure);
+    EXPECT_EQ(configureAs("Standard"), failure);
     EXPECT_EQ(orders(), "IDspControlApi 1 32778 x1\n");
-    EXPECT_EQ(configure("Standard"), failure);
+    EXPECT_EQ(configureAs("Standard"), failure);
     EXPECT_EQ(orders(), "");
-    EXPECT_EQ(configure("Standard"), "");
+    EXPECT_EQ(configureAs("Standard"), "");
 }
 
 TEST_F(TestAccessByCommandsTest, InjectedFailureOfAcmIsMendedByTheRecovery)

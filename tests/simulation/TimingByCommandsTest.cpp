@@ -1,18 +1,13 @@
-#include "CmdWrapper.h"
+#include "CommandsOnNode.h"
 #include "CriCalibrateDspPpsImpl.h"
 #include "CriGetCalibrationStatusDspPpsImpl.h"
 #include "CriGetHopLengthTimeDspPpsImpl.h"
-#include "CriGetRadioChannelStatusImpl.h"
 #include "CriManagePathLatencyImpl.h"
 #include "CriSetOutputModeDspPpsImpl.h"
-#include "CriSetRadioChannelNearEndImpl.h"
 #include "CriSetSourceDspPpsImpl.h"
 #include "KeptZone.h"
-#include "SimulatedNode.h"
 #include "TiManagePathLatencyCompensationImpl.h"
 #include "TiManageRealTimeClockImpl.h"
-#include "VirtualTime.h"
-#include "ZyrApiHandler.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +16,6 @@
 #include <chrono>
 #include <functional>
 #include <latch>
-#include <memory>
 #include <mutex>
 #include <set>
 #include <string>
@@ -35,49 +29,16 @@ using namespace std::chrono_literals;
 using namespace zyr_top_api;
 
 // Pulse, latency and clock of the simulated node, set and seen through the commands alone.
-class TimingByCommandsTest : public testing::Test
+class TimingByCommandsTest : public zyr_test::CommandsOnNode
 {
   protected:
-    TimingByCommandsTest()
+    TimingByCommandsTest() : CommandsOnNode({.fading_dBTenths = 0})
     {
-        enrol<CriCalibrateDspPpsImpl>();
-        enrol<CriGetCalibrationStatusDspPpsImpl>();
-        enrol<CriGetHopLengthTimeDspPpsImpl>();
-        enrol<CriGetRadioChannelStatusImpl>();
-        enrol<CriManagePathLatencyImpl>();
-        enrol<CriSetOutputModeDspPpsImpl>();
-        enrol<CriSetRadioChannelNearEndImpl>();
-        enrol<CriSetSourceDspPpsImpl>();
-        enrol<TiManagePathLatencyCompensationImpl>();
-        enrol<TiManageRealTimeClockImpl>();
-        ZyrApiHandler::setTiEnabled(true);
-        configure();
+        enrol<CriCalibrateDspPpsImpl, CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl,
+              CriManagePathLatencyImpl, CriSetOutputModeDspPpsImpl, CriSetSourceDspPpsImpl,
+              TiManagePathLatencyCompensationImpl, TiManageRealTimeClockImpl>();
+        EXPECT_EQ(configure(), "");
         time.advance(10s);
-    }
-    ~TimingByCommandsTest() override
-    {
-        ZyrApiHandler::setTiEnabled(false);
-        ZyrApiHandler::m_cmds.clear();
-    }
-
-    template <class XImpl>
-    static void enrol()
-    {
-        auto wrapper = std::make_shared<CmdWrapper<XImpl>>(std::string(XImpl::identity.wireName));
-        EXPECT_EQ(wrapper->impl().initialize(2), eTI_S_OK);
-        ZyrApiHandler::m_cmds.push_back(wrapper);
-    }
-
-    static void configure()
-    {
-        CriSetRadioChannelNearEnd::Command command;
-        command.RadioChannelID = RadioChannel(1);
-        command.radioFrameId = 102;
-        command.minModulation = ModulationAndCoding::QAM_4;
-        command.maxModulation = ModulationAndCoding::QAM_4096;
-        command.txFrequency_kHz = 14'500'000;
-        command.rxFrequency_kHz = 14'920'000;
-        EXPECT_EQ(criSetRadioChannelNearEnd(command).faultString, "");
     }
 
     static void calibrate(PpsRtcCalibrationMode mode, std::uint32_t period_ms = 0)
@@ -108,8 +69,6 @@ class TimingByCommandsTest : public testing::Test
     unsigned recoveries() const { return node.snapshot().dsp.recoveries; }
 
     zyr_test::KeptZone zone;
-    zyr_platform::VirtualTime time;
-    zyr_simulation::SimulatedNode node{{.fading_dBTenths = 0}, time};
 };
 
 TEST_F(TimingByCommandsTest, CalibrationEndsAsTheSourceAndTheLinkLetIt)
@@ -238,9 +197,7 @@ TEST_F(TimingByCommandsTest, EightThreadsCallCommandsWhileTwoOfThemSetTheClock)
             keep(calibration());
         },
         [&] {
-            CriGetRadioChannelStatus::Command command;
-            command.RadioChannelID = 1;
-            keep("radio " + criGetRadioChannelStatus(command).ActualRxModulation);
+            keep("radio " + status().ActualRxModulation);
             node.snapshot();
         },
     };
