@@ -60,6 +60,11 @@ build tsan --target $threaded zyrnode zyrctl
 run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests)$'
 
 if [ "$all" = yes ]; then
+    if command -v arm-linux-gnueabihf-g++ >/dev/null; then
+        build armhf
+    else
+        step "no build for 32 bits: g++-arm-linux-gnueabihf is not installed"
+    fi
     step "clang-tidy"
     # shellcheck disable=SC2086
     sh tools/install-packages.sh $TIDY_PACKAGES
