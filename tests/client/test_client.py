@@ -1009,6 +1009,12 @@ class Watch(NodeTest):
         self.assertEqual(self.run_with_node("CRI.GetStatus", "--watch", "channelId=3")[2],
                          "zyrctl: channelId is 3, it takes an integer from 1 to 2\n")
 
+    def test_waits_for_parts_of_a_second(self):
+        self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER]
+        begin = time.monotonic()
+        self.run_with_node("CRI.GetStatus", "channelId=1", "--watch", "0.4", "--count", "2")
+        self.assertGreaterEqual(time.monotonic() - begin, 0.4)
+
     def test_goes_on_when_the_node_comes_back(self):
         self.node.answers["CRI.GetStatus"] = [STATUS_ANSWER, DROP, DROP, LATER_STATUS_ANSWER]
         status, out, err = self.run_with_node("CRI.GetStatus", "channelId=1", "--watch=0", "--count", "2", "--get", "acmMode")

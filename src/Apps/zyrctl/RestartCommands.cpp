@@ -28,7 +28,7 @@ struct RestartOptions
 {
     std::int64_t channel = 1;
     CLI::Option* wait = nullptr;
-    double limit = 0; ///< seconds
+    std::string limit = "0"; ///< seconds; a text, since a flag takes whole numbers alone
     bool yes = false;
 };
 
@@ -69,7 +69,7 @@ void waitFor(Session& session, const RestartOptions& options, const std::string&
     const StopSignals signals;
     const ProgressLine progress(session.console);
     const auto start = Clock::now();
-    const auto limit = std::chrono::duration<double>(options.limit);
+    const auto limit = std::chrono::duration<double>(std::stod(options.limit));
     while (!isOver()) {
         if (Clock::now() - start > limit) {
             throw Failure(ExitStatus::Timeout, what + " has not ended in time; " + goingOn);

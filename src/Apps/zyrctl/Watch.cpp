@@ -104,6 +104,7 @@ void watch(Session& session, const WatchOptions& options, const std::function<Va
            const Render& render)
 {
     Watched watched(session, render);
+    const std::chrono::duration<double> interval(std::stod(options.seconds));
     for (std::uint64_t answers = 0;;) {
         try {
             watched.show(ask());
@@ -117,7 +118,7 @@ void watch(Session& session, const WatchOptions& options, const std::function<Va
         if (answers == options.count && options.count != 0) {
             return;
         }
-        std::this_thread::sleep_for(std::chrono::duration<double>(options.seconds));
+        std::this_thread::sleep_for(interval);
     }
 }
 

@@ -18,8 +18,8 @@ namespace zyr_ctl
 struct WatchOptions
 {
     CLI::Option* watch = nullptr;
-    double seconds = 2;      ///< between two calls
-    std::uint64_t count = 0; ///< how many calls; 0: until somebody stops it
+    std::string seconds = "2"; ///< between two calls; a text, since a flag takes whole numbers alone
+    std::uint64_t count = 0;   ///< how many calls; 0: until somebody stops it
 };
 
 /// Makes lines of an answer and the paths of what has changed in it.
