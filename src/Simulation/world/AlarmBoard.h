@@ -27,7 +27,7 @@ inline constexpr std::string_view kFarEndLinkDown =
 inline constexpr std::string_view kLoopClosed = "LoopClosed"; ///< The channel gets its own signal back.
 inline constexpr std::string_view kEncryptionKeyMismatch =
     "EncryptionKeyMismatch"; ///< The channel's link is up, but its ends have different keys.
-inline constexpr std::string_view kRadioDown = "RadioDown";     ///< The channel's radio unit isn't up.
+inline constexpr std::string_view kRadioDown = "RadioDown"; ///< The channel's radio unit isn't up.
 inline constexpr std::string_view kDspRecovery =
     "DspRecovery"; ///< The DSP restarts; channel 0, the whole node.
 

@@ -15,8 +15,8 @@ struct SimulatedNodeOptions
     unsigned channels = 2;  ///< Radio channels, 1 or 2.
     std::uint32_t seed = 1; ///< What is left to chance follows from this number and the time alone.
 
-    /// What the node starts behind. A warm restart leaves the channels to carry traffic as they did before it,
-    /// see `resumeTraffic`; else nothing is configured yet.
+    /// What the node starts behind. A warm restart leaves the channels to carry traffic as they did before
+    /// it, see `resumeTraffic`; else nothing is configured yet.
     Zyr::ZyrInitState startUp = Zyr::ZyrInitState::NormalOperation;
 
     // The radio units and the modem.
