@@ -9,7 +9,7 @@ import unittest
 import xmlrpc.client
 from xml.sax.saxutils import escape
 
-from node_process import PATIENCE, NodeTest
+from node_process import PATIENCE, NodeTest, looks_at_memory
 
 ZYRCTL = os.environ["ZYRCTL"]
 COMMAND = "CRI.SetRadioLinkEncryption"
@@ -147,6 +147,7 @@ class SecretsTest(NodeTest):
                                   json.dumps(self.request("a key of this length"))))
 
 
+@looks_at_memory
 class MemoryTest(NodeTest):
     """What the node keeps of a key behind the call: nothing that is found in its memory."""
 

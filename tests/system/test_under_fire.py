@@ -8,7 +8,7 @@ import tempfile
 import time
 import xmlrpc.client
 
-from node_process import PATIENCE, Call, Node, NodeTest
+from node_process import PATIENCE, Call, Node, NodeTest, looks_at_memory
 
 # How many clients leave their polls; 10 000 were run once.
 LEAVERS = int(os.environ.get("ZYR_LEAVERS", "400"))
@@ -79,6 +79,7 @@ class LeaversTest(UnderFireTest):
         self.assertEqual(self.proxy.CI.ReleaseFastEventsRequests(), {"tiResult": 0})
 
 
+@looks_at_memory
 class MemoryTest(UnderFireTest):
     def setUp(self):
         super().setUp()
