@@ -1,5 +1,7 @@
 #include "ChannelState.h"
 
+#include <algorithm>
+
 namespace zyr_simulation
 {
 
@@ -8,7 +10,7 @@ using zyr_top_api::EDspChannelState;
 ChainDelays& DspChannelState::delaysOf(bcm::types::ModemChain chain)
 {
     const auto found = std::ranges::find(chainDelays, chain, &ChainDelays::chain);
-    return found != chainDelays.end() ? *found : chainDelays.emplace_back(chain);
+    return found != chainDelays.end() ? *found : chainDelays.emplace_back(ChainDelays{.chain = chain});
 }
 
 EDspChannelState ChannelState::configuration() const

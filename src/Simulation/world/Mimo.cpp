@@ -30,9 +30,9 @@ double errorLeft(const NodeState& node, std::chrono::nanoseconds sweepEnd, std::
     return std::exp(-decaysInSweep * elapsed / std::chrono::duration<double>(sweepTime));
 }
 
-std::int32_t settling(std::int32_t value, std::int32_t firstError, double errorLeft)
+std::int32_t settling(std::int32_t value, std::int32_t firstError, double share)
 {
-    return value + static_cast<std::int32_t>(std::lround(firstError * errorLeft));
+    return value + static_cast<std::int32_t>(std::lround(firstError * share));
 }
 
 /// The calibration's step that begins now, and when it ends.
@@ -98,22 +98,22 @@ MimoStatusStruct mimoStatus(const NodeState& node, const ChannelState& channel)
     status.slaveSweepInProgress = slaveSweeps(node, channel);
     status.spatialSlaveSweepStatus = mimo.isStarted() && mimo.lock == MimoLockStatus::Unlocked;
     if (mimo.hearsSpatialPath) {
-        const auto error = errorLeft(node, mimo.sweepsUntil, kMimoSweepTime);
+        const auto share = errorLeft(node, mimo.sweepsUntil, kMimoSweepTime);
         status.gainDifferenceDbTenths =
-            settling(gainDifference_dBTenths(node, channel), kFirstGainDifference_dBTenths, error);
+            settling(gainDifference_dBTenths(node, channel), kFirstGainDifference_dBTenths, share);
         const auto eta = eta_tenThousandths(node, channel);
-        status.etaTenThousands = static_cast<std::uint32_t>(std::max(settling(eta, -eta, error), 0));
+        status.etaTenThousands = static_cast<std::uint32_t>(std::max(settling(eta, -eta, share), 0));
         status.spatialXpdDbTenths = crossPolarDiscrimination_dBTenths(node, channel, Stream::Spatial);
         status.spatialCarrierOffsetHz =
-            settling(carrierOffset_Hz(node, channel, Stream::Spatial), kFirstCarrierOffset_Hz, error);
+            settling(carrierOffset_Hz(node, channel, Stream::Spatial), kFirstCarrierOffset_Hz, share);
         status.spatialSlaveCarrierOffsetHz =
-            settling(carrierOffset_Hz(node, channel, Stream::SpatialSlave), -kFirstCarrierOffset_Hz, error);
+            settling(carrierOffset_Hz(node, channel, Stream::SpatialSlave), -kFirstCarrierOffset_Hz, share);
     }
     if (mimo.isStarted() && channel.xpic.findsCarrier) {
-        const auto error = errorLeft(node, channel.xpic.sweepsUntil, kXpicSweepTime);
+        const auto share = errorLeft(node, channel.xpic.sweepsUntil, kXpicSweepTime);
         status.xpdDbTenths = crossPolarDiscrimination_dBTenths(node, channel);
         status.slaveCarrierOffsetHz =
-            settling(carrierOffset_Hz(node, channel), kFirstCarrierOffset_Hz, error);
+            settling(carrierOffset_Hz(node, channel), kFirstCarrierOffset_Hz, share);
     }
     return status;
 }
