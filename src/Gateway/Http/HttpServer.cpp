@@ -231,7 +231,7 @@ MHD_Result send(MHD_Connection* connection, HttpResponse response, bool close,
 /// Stands for the answer to one request, which must not be let fall.
 struct HttpServer::Answer::Ticket
 {
-    explicit Ticket(std::shared_ptr<Exchange> exchange_) : exchange(std::move(exchange_)) {}
+    explicit Ticket(std::shared_ptr<Exchange> answered) : exchange(std::move(answered)) {}
     ~Ticket() { exchange->letFall(); }
     Ticket(const Ticket&) = delete;
     Ticket& operator=(const Ticket&) = delete;

@@ -61,11 +61,12 @@ std::string readPrivateFile(const std::string& path, const std::string& name)
     std::string content;
     std::array<char, 4096> buffer{};
     ssize_t count = 0;
-    while ((count = read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
+    while (content.size() <= kMaxFileSize &&
+           (count = read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
         content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > kMaxFileSize) {
-            throw FileError("the " + name + " " + path + " is longer than 1 MiB");
-        }
+    }
+    if (content.size() > kMaxFileSize) {
+        throw FileError("the " + name + " " + path + " is longer than 1 MiB");
     }
     if (count < 0) {
         throw FileError("cannot read the " + name + " " + path + ": " + std::strerror(errno));

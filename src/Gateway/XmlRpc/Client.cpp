@@ -6,10 +6,10 @@
 
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <mutex>
 #include <utility>
 
-#include <string.h>
 #include <strings.h>
 
 namespace zyr_gateway

@@ -9,13 +9,13 @@
 #include <array>
 #include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
 #include <random>
 #include <utility>
 
-#include <string.h>
 #include <strings.h>
 
 namespace zyr_gateway
