@@ -1,5 +1,7 @@
 #include "Pictures.h"
 
+#include "Joined.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -8,7 +10,6 @@
 namespace
 {
 
-using zyr_ctl::Line;
 using zyr_ctl::Value;
 
 /// The fields of an answer, as a node describes them.
@@ -28,15 +29,6 @@ const zyr_ctl::Fields kStatusFields = fields(R"(
     {"name": "TxFrequency", "type": "int", "unit": "kHz"},
     {"name": "RxFrequency", "type": "int", "unit": "kHz"},
     {"name": "HopLengthLatency", "type": "int", "unit": "ns"})");
-
-std::string joined(const std::vector<Line>& lines)
-{
-    std::string text = "\n";
-    for (const Line& line : lines) {
-        text += line.text + "\n";
-    }
-    return text;
-}
 
 TEST(SparklineTest, DrawsTheLowestAsTheLowestBarAndTheHighestAsTheHighest)
 {

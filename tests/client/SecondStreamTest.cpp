@@ -1,5 +1,7 @@
 #include "SecondStream.h"
 
+#include "Joined.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -12,17 +14,7 @@ namespace
 using zyr_ctl::DescribedAnswer;
 using zyr_ctl::EnumText;
 using zyr_ctl::FieldDescription;
-using zyr_ctl::Line;
 using zyr_ctl::Value;
-
-std::string joined(const std::vector<Line>& lines)
-{
-    std::string text = "\n";
-    for (const Line& line : lines) {
-        text += line.text + "\n";
-    }
-    return text;
-}
 
 FieldDescription enumeration(const char* name, std::vector<EnumText> texts)
 {

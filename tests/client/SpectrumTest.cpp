@@ -1,5 +1,7 @@
 #include "Spectrum.h"
 
+#include "Joined.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -9,20 +11,10 @@
 namespace
 {
 
-using zyr_ctl::Line;
 using zyr_ctl::peaksOf;
 using zyr_ctl::SpectrumPeak;
 using zyr_ctl::SpectrumPoint;
 using zyr_ctl::Value;
-
-std::string joined(const std::vector<Line>& lines)
-{
-    std::string text = "\n";
-    for (const Line& line : lines) {
-        text += line.text + "\n";
-    }
-    return text;
-}
 
 // Points 100 kHz apart from 1 MHz on.
 std::vector<SpectrumPoint> points(const std::vector<std::int64_t>& levels)
