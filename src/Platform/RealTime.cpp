@@ -15,11 +15,11 @@ namespace zyr_platform
 namespace
 {
 
-constinit TylTrace trace("ZYR.RealTime", 3, TylTraceHdrOption_Default);
+constinit TylTrace timerTrace("ZYR.RealTime", 3, TylTraceHdrOption_Default);
 
-void traceFailure(std::string_view text)
+void traceTimerFailure(std::string_view text)
 {
-    trace.logMsg(1, {__builtin_FILE(), __builtin_LINE(), "serveTimers"}, text);
+    timerTrace.logMsg(1, {__builtin_FILE(), __builtin_LINE(), "serveTimers"}, text);
 }
 
 void run(const TimerQueue::Function& function) noexcept
@@ -27,9 +27,9 @@ void run(const TimerQueue::Function& function) noexcept
     try {
         function();
     } catch (const std::exception& exception) {
-        traceFailure(exception.what());
+        traceTimerFailure(exception.what());
     } catch (...) {
-        traceFailure("a timer's function threw an exception");
+        traceTimerFailure("a timer's function threw an exception");
     }
 }
 

@@ -177,11 +177,15 @@ std::int64_t numberOfText(const Place& place, const ValueType& type, const Value
 // Some clients have no booleans and send 0 and 1.
 void readBoolean(const Place& place, const ValueType& type, const Value& value, void* object)
 {
-    const bool isNumber = value.is_number_integer() && (value == 0 || value == 1);
-    if (!value.is_boolean() && !isNumber) {
+    if (value.is_boolean()) {
+        *static_cast<bool*>(object) = value.get<bool>();
+        return;
+    }
+    const std::int64_t number = value.is_number_integer() ? value.get<std::int64_t>() : -1;
+    if (number != 0 && number != 1) {
         refuseType(place, type, value);
     }
-    *static_cast<bool*>(object) = value == true || value == 1;
+    *static_cast<bool*>(object) = number == 1;
 }
 
 void readInteger(const Place& place, const ValueType& type, const Value& value, void* object)

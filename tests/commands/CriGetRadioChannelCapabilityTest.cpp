@@ -1,20 +1,15 @@
 #include "CommandTest.h"
 #include "CriGetRadioChannelCapabilityImpl.h"
+#include "ExtremeValues.h"
 #include "NodeDoubles.h"
 #include "Storage.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace zyr_top_api
 {
 namespace
 {
-
-constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
-constexpr std::uint32_t kUnsignedMax = std::numeric_limits<std::uint32_t>::max();
 
 class CriGetRadioChannelCapabilityTest : public zyr_test::CommandTest
 {

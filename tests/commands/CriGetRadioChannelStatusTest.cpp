@@ -1,20 +1,17 @@
 #include "CommandTest.h"
 #include "CriGetRadioChannelStatusImpl.h"
+#include "ExtremeValues.h"
 #include "MemorySink.h"
 #include "NodeDoubles.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <stdexcept>
 
 namespace zyr_top_api
 {
 namespace
 {
-
-constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
 
 // What a response without data prints.
 constexpr const char* kDefaultData =

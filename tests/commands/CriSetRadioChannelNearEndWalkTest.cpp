@@ -51,10 +51,11 @@ class Dice
 constexpr std::array<const char*, 6> kOptional = {"ICcdpController_1", "IRauHandler_1",
                                                   "IRadio_1",          "ITxIQImbalanceHandler_1",
                                                   "IPpsController1",   "RecoveryController"};
-constexpr std::array<const char*, 12> kTypes = {"Standard",      "Xpic",         "Mimo",
-                                                "XpicTwoBoards", "Mimo2",        "XpicCarrierAggregation",
-                                                "Mrc",           "MrcTwoBoards", "MrcXpicTwoBoards",
-                                                "LongHaulXpic",  "MrcTwoBoards", "rubbish"};
+constexpr std::array<const char*, 12> kConfigTypes = {
+    "Standard",      "Xpic",         "Mimo",
+    "XpicTwoBoards", "Mimo2",        "XpicCarrierAggregation",
+    "Mrc",           "MrcTwoBoards", "MrcXpicTwoBoards",
+    "LongHaulXpic",  "MrcTwoBoards", "rubbish"};
 constexpr std::array<const char*, 6> kLinkTypes = {"Disable", "Enable_A", "Enable_B",
                                                    "Disable", "Enable_D", ""};
 
@@ -163,7 +164,7 @@ class NearEndWalkTest : public zyr_test::NearEndFailureTest
         command.mimoParameterPresent = !dice.isOneIn(4);
         command.mimoEnable = dice.isOneIn(8) ? dice.oneOf(kLinkTypes) : "Disable";
         command.ffConfigTypePresent = !dice.isOneIn(4);
-        command.FFConfigType = dice.oneOf(kTypes);
+        command.FFConfigType = dice.oneOf(kConfigTypes);
         command.ppsSlave = dice.isOneIn(2);
         if (dice.isOneIn(3)) {
             command.rauMultiTrxConfig.ifSwitchMode.reset();

@@ -21,35 +21,35 @@ namespace
 struct Calibrate
 {
     using Impl = CriCalibrateDspPpsImpl;
-    static constexpr const char* failure = "CRI.CalibrateDspPps failed to calibrate ";
+    static constexpr const char* kFailure = "CRI.CalibrateDspPps failed to calibrate ";
     static auto& answer(zyr_test::DspChannelApiDouble& api) { return api.onPpsRtcCalibrationStart; }
 };
 
 struct GetStatus
 {
     using Impl = CriGetCalibrationStatusDspPpsImpl;
-    static constexpr const char* failure = "CRI.GetCalibrationStatusDspPps failed to get calibrationStatus.";
+    static constexpr const char* kFailure = "CRI.GetCalibrationStatusDspPps failed to get calibrationStatus.";
     static auto& answer(zyr_test::DspChannelApiDouble& api) { return api.onPpsStatusGet; }
 };
 
 struct GetHopLengthTime
 {
     using Impl = CriGetHopLengthTimeDspPpsImpl;
-    static constexpr const char* failure = "CRI.GetHopLengthTimeDspPps failed to get hop length time.";
+    static constexpr const char* kFailure = "CRI.GetHopLengthTimeDspPps failed to get hop length time.";
     static auto& answer(zyr_test::DspChannelApiDouble& api) { return api.onPpsHopLengthTimeGet; }
 };
 
 struct SetOutputMode
 {
     using Impl = CriSetOutputModeDspPpsImpl;
-    static constexpr const char* failure = "CRI.SetOutputModeDspPps failed to set outputMode";
+    static constexpr const char* kFailure = "CRI.SetOutputModeDspPps failed to set outputMode";
     static auto& answer(zyr_test::DspChannelApiDouble& api) { return api.onPpsOutputModeSet; }
 };
 
 struct SetSource
 {
     using Impl = CriSetSourceDspPpsImpl;
-    static constexpr const char* failure = "CRI.SetSourceDspPps failed to configure";
+    static constexpr const char* kFailure = "CRI.SetSourceDspPps failed to configure";
     static auto& answer(zyr_test::DspChannelApiDouble& api) { return api.onPpsConfigure; }
 };
 
@@ -90,7 +90,7 @@ TYPED_TEST(DspPpsCommandsTest, DspsGreatestSuccessAndItsWarningsComeOutAsPlainSu
 {
     ASSERT_EQ(this->impl.initialize(1), eTI_S_OK);
     TypeParam::answer(this->dspApi1.channelApi).inTurn({0x7FFF, 4100, 0x8000, 0xFFFFFFFFU});
-    const std::string failure = std::string("result 0x8000 4 \"") + TypeParam::failure + "\"";
+    const std::string failure = std::string("result 0x8000 4 \"") + TypeParam::kFailure + "\"";
     EXPECT_EQ(this->outcomeOf(1), "result 0x0 0 \"\"");
     EXPECT_EQ(this->outcomeOf(1), "result 0x0 0 \"\"");
     EXPECT_EQ(this->outcomeOf(1), failure);

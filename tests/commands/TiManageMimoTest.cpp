@@ -244,7 +244,7 @@ TEST_F(TiManageMimoTest, DspWithoutMimoFailsEveryStep)
 // From the last step to the first, each failure is added to those behind it: the first one ends the command.
 TEST_F(TiManageMimoTest, FirstFailureEndsTheCommandAndTheStepsBeforeStay)
 {
-    struct Row
+    struct BrokenStep
     {
         std::function<void()> breakStep;
         std::size_t calls;
@@ -253,7 +253,7 @@ TEST_F(TiManageMimoTest, FirstFailureEndsTheCommandAndTheStepsBeforeStay)
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     setTraceLevel("ZYR.TI.TiManageMimo", 7);
     auto& channelApi = node.channel2.dspApi.channelApi;
-    const std::vector<Row> rows{
+    const std::vector<BrokenStep> rows{
         {[&] { channelApi.onMimoCrossConnectDelayCalibrationStatusGet = 0x1001; }, 5,
          "channel 2: crossConnectDelayCalibrationStatusGet() failed: 4097"},
         {[&] { channelApi.onMimoCrossConnectDelayCalibrationStart = 0x1002; }, 4,
@@ -269,7 +269,7 @@ TEST_F(TiManageMimoTest, FirstFailureEndsTheCommandAndTheStepsBeforeStay)
         "IDspChannelApi_2.setRxChainDelay(4, 65)", "IDspChannelApi_2.mimoDiversityMute(true)",
         "IDspChannelApi_2.mimoConfigurationSet()", "IDspChannelApi_2.mimoCrossConnectDelayCalibrationStart()",
         "IDspChannelApi_2.mimoCrossConnectDelayCalibrationStatusGet()"};
-    for (const Row& row : rows) {
+    for (const BrokenStep& row : rows) {
         row.breakStep();
         transcript.clear();
         tell(impl.execute(everything(2)));

@@ -1,10 +1,10 @@
 #include "CommandTest.h"
+#include "ExtremeValues.h"
 #include "NodeDoubles.h"
 #include "TiManageRadioChannelStatusImpl.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <stdexcept>
 
 namespace zyr_top_api
@@ -12,11 +12,8 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
-
 // What a response without data prints.
-constexpr const char* kDefaultData =
+constexpr const char* kDefaultText =
     "TXActualStatus: , RadioChannelStatus: , ActualTxModulation: , ActualRxModulation:, LowestTxModulation: "
     ", "
     "LowestRxModulation: , ActualRFInputPower: -99, LowestRFInputPower: 0, ReportedRFOutputPower: -99, "
@@ -62,7 +59,7 @@ class TiManageRadioChannelStatusTest : public zyr_test::CommandTest
     static void expectDefaults(Response response)
     {
         setResult(response, eTI_S_OK, "");
-        EXPECT_EQ(response.printResponse(), kDefaultData);
+        EXPECT_EQ(response.printResponse(), kDefaultText);
     }
 
     zyr_test::NodeDoubles node{transcript};
@@ -131,7 +128,7 @@ TEST_F(TiManageRadioChannelStatusTest, DescriptionPointsToTheOperatingCommand)
 
 TEST_F(TiManageRadioChannelStatusTest, ResponseWithoutDataPrintsItsDefaults)
 {
-    EXPECT_EQ(Response().printResponse(), kDefaultData);
+    EXPECT_EQ(Response().printResponse(), kDefaultText);
 }
 
 TEST_F(TiManageRadioChannelStatusTest, ExtremeResponsePrintsEveryField)

@@ -489,10 +489,10 @@ TEST_F(TiManageRealTimeClockTest, TimesAreUtcWhateverTheZone)
 
 // The hardware replaced.
 
-class Replaced : public TiManageRealTimeClockImpl
+class ReplacedHardware : public TiManageRealTimeClockImpl
 {
   public:
-    explicit Replaced(zyr_test::Transcript& transcript) : m_transcript(transcript) {}
+    explicit ReplacedHardware(zyr_test::Transcript& transcript) : m_transcript(transcript) {}
 
     bool writeRealTimeClock(const std::tm& time) override
     {
@@ -534,7 +534,7 @@ class Replaced : public TiManageRealTimeClockImpl
 
 TEST_F(TiManageRealTimeClockTest, HardwareIsAskedForOnceARunWhateverItWouldAnswerLater)
 {
-    Replaced replaced(transcript);
+    ReplacedHardware replaced(transcript);
     replaced.has.inTurn({true, false});
     EXPECT_EQ(replaced.execute({"20260114T08:30:05"}).dateTime, "20010203T04:05:06");
     EXPECT_EQ(replaced.execute({"20260114T08:30:05"}).dateTime, "20070809T10:11:12");
@@ -552,7 +552,7 @@ get into 0 0 0 0 0 0 0 0 0
 
 TEST_F(TiManageRealTimeClockTest, FirstOfSeveralFailuresAnswers)
 {
-    Replaced replaced(transcript);
+    ReplacedHardware replaced(transcript);
     replaced.sets = false;
     replaced.reads = false;
     replaced.gets = false;
@@ -644,7 +644,7 @@ class Grammar
 
   private:
     zyr_test::Transcript m_transcript;
-    Replaced m_clock{m_transcript};
+    ReplacedHardware m_clock{m_transcript};
 };
 
 TEST_F(TiManageRealTimeClockTest, TextsWithFieldsAtAndBeyondTheirEndsAreTakenAsAnIndependentParserTakesThem)

@@ -25,7 +25,7 @@ Value parameter(const std::string& value)
 }
 
 /// The kind and the text of the error that the document gives.
-std::pair<XmlRpcError::Kind, std::string> errorOf(const std::string& xml)
+std::pair<XmlRpcError::Kind, std::string> refusalOf(const std::string& xml)
 {
     try {
         (void)parseMethodCall(xml);
@@ -38,12 +38,12 @@ std::pair<XmlRpcError::Kind, std::string> errorOf(const std::string& xml)
 
 XmlRpcError::Kind kindOf(const std::string& value)
 {
-    return errorOf(callWith(value)).first;
+    return refusalOf(callWith(value)).first;
 }
 
 std::string textOf(const std::string& value)
 {
-    return errorOf(callWith(value)).second;
+    return refusalOf(callWith(value)).second;
 }
 
 /// What is written between the tags of the only parameter.
@@ -256,10 +256,10 @@ TEST(XmlRpcCodecTest, ArrayAndStructNest)
 
 TEST(XmlRpcCodecTest, DoubledMemberIsRefusedByName)
 {
-    const auto [kind, text] = errorOf(callWith("<value><struct>\n"
-                                               "<member><name>powerLevel</name><value>1</value></member>\n"
-                                               "<member><name>powerLevel</name><value>2</value></member>\n"
-                                               "</struct></value>"));
+    const auto [kind, text] = refusalOf(callWith("<value><struct>\n"
+                                                 "<member><name>powerLevel</name><value>1</value></member>\n"
+                                                 "<member><name>powerLevel</name><value>2</value></member>\n"
+                                                 "</struct></value>"));
     EXPECT_EQ(kind, XmlRpcError::Kind::DoubledMember);
     EXPECT_EQ(text, "line 3: the member \"powerLevel\" stands twice in one struct");
 }
@@ -282,8 +282,8 @@ TEST(XmlRpcCodecTest, LongNameIsCutInTheMessage)
 TEST(XmlRpcCodecTest, DtdIsRefused)
 {
     const auto [kind, text] =
-        errorOf("<?xml version='1.0'?>\n<!DOCTYPE m [<!ENTITY a \"b\">]>\n<methodCall><methodName>&a;"
-                "</methodName></methodCall>");
+        refusalOf("<?xml version='1.0'?>\n<!DOCTYPE m [<!ENTITY a \"b\">]>\n<methodCall><methodName>&a;"
+                  "</methodName></methodCall>");
     EXPECT_EQ(kind, XmlRpcError::Kind::DtdRefused);
     EXPECT_EQ(text, "line 2: a document type declaration is refused; XML-RPC needs none");
 }
@@ -296,7 +296,7 @@ TEST(XmlRpcCodecTest, OnlyUtf8AndAsciiAreRead)
     }
     EXPECT_EQ(parseMethodCall("\xEF\xBB\xBF" + body).method, "m");
     for (const std::string bad : {"ISO-8859-1", "UTF-16", "windows-1252", "x-unknown"}) {
-        const auto [kind, text] = errorOf("<?xml version='1.0' encoding='" + bad + "'?>" + body);
+        const auto [kind, text] = refusalOf("<?xml version='1.0' encoding='" + bad + "'?>" + body);
         EXPECT_EQ(kind, XmlRpcError::Kind::UnsupportedEncoding) << bad;
         EXPECT_EQ(text, "line 1: the encoding " + bad + " is not supported; UTF-8 and US-ASCII are");
     }
@@ -309,9 +309,9 @@ TEST(XmlRpcCodecTest, Utf16IsRefusedWhateverItDeclares)
         wide += c;
         wide += '\0';
     }
-    EXPECT_EQ(errorOf(wide).first, XmlRpcError::Kind::UnsupportedEncoding);
-    EXPECT_EQ(errorOf("\xFF\xFE" + wide).first, XmlRpcError::Kind::UnsupportedEncoding);
-    EXPECT_EQ(errorOf("\xFE\xFF" + std::string(1, '\0') + wide).first,
+    EXPECT_EQ(refusalOf(wide).first, XmlRpcError::Kind::UnsupportedEncoding);
+    EXPECT_EQ(refusalOf("\xFF\xFE" + wide).first, XmlRpcError::Kind::UnsupportedEncoding);
+    EXPECT_EQ(refusalOf("\xFE\xFF" + std::string(1, '\0') + wide).first,
               XmlRpcError::Kind::UnsupportedEncoding);
 }
 
@@ -319,8 +319,8 @@ TEST(XmlRpcCodecTest, BytesThatAreNotUtf8AreRefused)
 {
     EXPECT_EQ(kindOf("<value>\xFF</value>"), XmlRpcError::Kind::Malformed);
     EXPECT_EQ(kindOf("<value>&#1;</value>"), XmlRpcError::Kind::Malformed);
-    EXPECT_EQ(errorOf("<?xml version='1.0' encoding='US-ASCII'?><methodCall><methodName>\xC3\xA4"
-                      "</methodName></methodCall>")
+    EXPECT_EQ(refusalOf("<?xml version='1.0' encoding='US-ASCII'?><methodCall><methodName>\xC3\xA4"
+                        "</methodName></methodCall>")
                   .first,
               XmlRpcError::Kind::Malformed);
 }
@@ -328,10 +328,10 @@ TEST(XmlRpcCodecTest, BytesThatAreNotUtf8AreRefused)
 TEST(XmlRpcCodecTest, DepthOf32IsReadAndOf33Refused)
 {
     EXPECT_NO_THROW((void)parseMethodCall(callWith(nestedArrays(32))));
-    const auto [kind, text] = errorOf(callWith(nestedArrays(33)));
+    const auto [kind, text] = refusalOf(callWith(nestedArrays(33)));
     EXPECT_EQ(kind, XmlRpcError::Kind::TooDeep);
     EXPECT_EQ(text, "line 1: values are nested deeper than 32 levels");
-    EXPECT_EQ(errorOf(callWith(nestedArrays(20'000))).first, XmlRpcError::Kind::TooDeep);
+    EXPECT_EQ(refusalOf(callWith(nestedArrays(20'000))).first, XmlRpcError::Kind::TooDeep);
 }
 
 TEST(XmlRpcCodecTest, HundredThousandValuesAreReadAndOneMoreRefused)
@@ -344,22 +344,22 @@ TEST(XmlRpcCodecTest, HundredThousandValuesAreReadAndOneMoreRefused)
         return callWith(xml + "</data></array></value>");
     };
     EXPECT_EQ(parseMethodCall(arrayOf(99'999)).params.at(0).size(), 99'999U);
-    const auto [kind, text] = errorOf(arrayOf(100'000));
+    const auto [kind, text] = refusalOf(arrayOf(100'000));
     EXPECT_EQ(kind, XmlRpcError::Kind::TooManyValues);
     EXPECT_EQ(text, "line 1: there are more than 100000 values");
 }
 
 TEST(XmlRpcCodecTest, WrongStructureIsRefusedWithWhatIsAccepted)
 {
-    EXPECT_EQ(errorOf("<methodResponse><params/></methodResponse>").second,
+    EXPECT_EQ(refusalOf("<methodResponse><params/></methodResponse>").second,
               "line 1: <methodResponse> is the root; it must be <methodCall>");
-    EXPECT_EQ(errorOf("<html/>").second, "line 1: <html> is the root; it must be <methodCall>");
-    EXPECT_EQ(errorOf("<methodCall/>").second, "line 1: <methodCall> without <methodName>");
-    EXPECT_EQ(errorOf("<methodCall><methodName> </methodName></methodCall>").second,
+    EXPECT_EQ(refusalOf("<html/>").second, "line 1: <html> is the root; it must be <methodCall>");
+    EXPECT_EQ(refusalOf("<methodCall/>").second, "line 1: <methodCall> without <methodName>");
+    EXPECT_EQ(refusalOf("<methodCall><methodName> </methodName></methodCall>").second,
               "line 1: <methodName> is empty; it must name a method");
-    EXPECT_EQ(errorOf("<methodCall><params/></methodCall>").second,
+    EXPECT_EQ(refusalOf("<methodCall><params/></methodCall>").second,
               "line 1: <params> stands twice or in the wrong place in <methodCall>");
-    EXPECT_EQ(errorOf("<methodCall><methodName>m</methodName><params/><params/></methodCall>").second,
+    EXPECT_EQ(refusalOf("<methodCall><methodName>m</methodName><params/><params/></methodCall>").second,
               "line 1: <params> stands twice or in the wrong place in <methodCall>");
     EXPECT_EQ(textOf("<value><array></array></value>"), "line 1: <array> without <data>");
     EXPECT_EQ(textOf("<value><struct><member><name>a</name></member></struct></value>"),
@@ -379,13 +379,13 @@ TEST(XmlRpcCodecTest, WrongStructureIsRefusedWithWhatIsAccepted)
 
 TEST(XmlRpcCodecTest, WhatIsNotWellFormedIsRefusedWithItsLine)
 {
-    const auto [kind, text] = errorOf("<methodCall>\n<methodName>m</methodNam>\n</methodCall>");
+    const auto [kind, text] = refusalOf("<methodCall>\n<methodName>m</methodNam>\n</methodCall>");
     EXPECT_EQ(kind, XmlRpcError::Kind::Malformed);
     EXPECT_EQ(text, "line 2: not well-formed XML: mismatched tag");
-    EXPECT_EQ(errorOf("").second, "line 1: not well-formed XML: no element found");
-    EXPECT_EQ(errorOf("<methodCall><methodName>m</methodName></methodCall>x").first,
+    EXPECT_EQ(refusalOf("").second, "line 1: not well-formed XML: no element found");
+    EXPECT_EQ(refusalOf("<methodCall><methodName>m</methodName></methodCall>x").first,
               XmlRpcError::Kind::Malformed);
-    EXPECT_EQ(errorOf(callWith("<value>&unknown;</value>")).first, XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(refusalOf(callWith("<value>&unknown;</value>")).first, XmlRpcError::Kind::Malformed);
 }
 
 TEST(XmlRpcCodecTest, IntegerIsWrittenAsIntOrI8)

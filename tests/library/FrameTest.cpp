@@ -379,14 +379,13 @@ TEST_F(FrameTest, ClosedGateConcernsNoOtherCommand)
 
 // The registration functions.
 
-zyr_test::Transcript* written = nullptr;
+zyr_test::Transcript* told = nullptr;
 
 TEST_F(FrameTest, CriRegistrationRunsItsFunctionsInOrderBehindItsEntryAndOpensNothing)
 {
-    written = &transcript;
-    ZyrApiHandler::m_registerInImFunctionsCri = {[] { written->add("first"); },
-                                                 [] { written->add("second"); }};
-    ZyrApiHandler::m_registerInImFunctionsTi = {[] { written->add("test command"); }};
+    told = &transcript;
+    ZyrApiHandler::m_registerInImFunctionsCri = {[] { told->add("first"); }, [] { told->add("second"); }};
+    ZyrApiHandler::m_registerInImFunctionsTi = {[] { told->add("test command"); }};
     setTraceLevel("ZYR.ZyrTopApi", 6);
     ZyrApiHandler::registerCriFunctionInIm();
     EXPECT_EQ(transcript.text(), R"(
@@ -399,12 +398,12 @@ second
 
 TEST_F(FrameTest, TiRegistrationRunsItsFunctionsInOrderBehindItsEntryAndThenOpensTheGate)
 {
-    written = &transcript;
+    told = &transcript;
     const auto note = [] {
-        written->add(outcome(ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{})));
+        told->add(outcome(ZyrApiHandler::executeCommand(GatedProbe(), GatedProbe::Command{})));
     };
-    ZyrApiHandler::m_registerInImFunctionsCri = {[] { written->add("radio command"); }};
-    ZyrApiHandler::m_registerInImFunctionsTi = {[] { written->add("first"); }, note};
+    ZyrApiHandler::m_registerInImFunctionsCri = {[] { told->add("radio command"); }};
+    ZyrApiHandler::m_registerInImFunctionsTi = {[] { told->add("first"); }, note};
     setTraceLevel("ZYR.ZyrTopApi", 6);
     ZyrApiHandler::registerTiFunctionInIm();
     EXPECT_EQ(transcript.text(), R"(

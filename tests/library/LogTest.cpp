@@ -14,11 +14,11 @@ namespace zyr_top_api
 namespace
 {
 
-constinit TylTrace trace{"ZYR.TEST.Log", 3, TylTraceHdrOption_Default};
+constinit TylTrace logTrace{"ZYR.TEST.Log", 3, TylTraceHdrOption_Default};
 constinit TylTrace otherTrace{"ZYR.TEST.OtherLog", 3, TylTraceHdrOption_Default};
 
 // Takes records without allocating.
-class CountingSink : public zyr_platform::TraceSink
+class MeasuringSink : public zyr_platform::TraceSink
 {
   public:
     void write(const zyr_platform::TraceRecord& record) override
@@ -53,24 +53,24 @@ TEST_F(LogTest, TextOfALevelThatIsOffIsNotBuilt)
         ++built;
         writer << "text";
     };
-    log(trace, 4, text);
-    logEnter(trace, text);
+    log(logTrace, 4, text);
+    logEnter(logTrace, text);
     EXPECT_EQ(built, 0);
     EXPECT_TRUE(sink->records().empty());
-    log(trace, 3, text);
+    log(logTrace, 3, text);
     EXPECT_EQ(built, 1);
     service.setLevel("ZYR.TEST.Log", 6);
-    logEnter(trace, text);
+    logEnter(logTrace, text);
     EXPECT_EQ(built, 2);
     service.setLevel("ZYR.TEST.Log", 0);
-    log(trace, 1, text);
+    log(logTrace, 1, text);
     EXPECT_EQ(built, 2);
     EXPECT_EQ(sink->records().size(), 2U);
 }
 
 TEST_F(LogTest, MessageCarriesChannelLevelTextAndThePlaceOfTheCall)
 {
-    log(trace, 2, [](TextWriter& text) { text << "number " << 5; });
+    log(logTrace, 2, [](TextWriter& text) { text << "number " << 5; });
     const int line = __LINE__ - 1;
     const auto records = sink->records();
     ASSERT_EQ(records.size(), 1U);
@@ -84,7 +84,7 @@ TEST_F(LogTest, MessageCarriesChannelLevelTextAndThePlaceOfTheCall)
 
 TEST_F(LogTest, PlainTextCarriesThePlaceOfTheCallToo)
 {
-    log(trace, 1, "plain");
+    log(logTrace, 1, "plain");
     const int line = __LINE__ - 1;
     const auto records = sink->records();
     ASSERT_EQ(records.size(), 1U);
@@ -99,9 +99,9 @@ TEST_F(LogTest, StepThatStandsInAFunctionOfItsOwnNamesTheWholeFunctionAndItsOwnL
 {
     service.setLevel("ZYR.TEST.Log", 6);
     const auto text = [](TextWriter& writer) { writer << "built"; };
-    log(trace, 1, "plain", within("whole"));
-    log(trace, 2, text, within("whole"));
-    logEnter(trace, within("whole"));
+    log(logTrace, 1, "plain", within("whole"));
+    log(logTrace, 2, text, within("whole"));
+    logEnter(logTrace, within("whole"));
     const int line = __LINE__ - 1;
     const auto records = sink->records();
     ASSERT_EQ(records.size(), 3U);
@@ -115,11 +115,11 @@ TEST_F(LogTest, StepThatStandsInAFunctionOfItsOwnNamesTheWholeFunctionAndItsOwnL
 
 void enteredWithoutText()
 {
-    logEnter(trace);
+    logEnter(logTrace);
 }
 void enteredWithText()
 {
-    logEnter(trace, [](TextWriter& text) { text << "argument=" << 1; });
+    logEnter(logTrace, [](TextWriter& text) { text << "argument=" << 1; });
 }
 
 TEST_F(LogTest, EntryIsALevel6MessageOfTheCallingFunction)
@@ -139,9 +139,9 @@ TEST_F(LogTest, EntryIsALevel6MessageOfTheCallingFunction)
 
 TEST_F(LogTest, TextStartsAnewForEachMessage)
 {
-    log(trace, 1, [](TextWriter& text) { text << "a long first text"; });
-    log(trace, 1, [](TextWriter& text) { text << "second"; });
-    log(trace, 1, [](TextWriter&) {});
+    log(logTrace, 1, [](TextWriter& text) { text << "a long first text"; });
+    log(logTrace, 1, [](TextWriter& text) { text << "second"; });
+    log(logTrace, 1, [](TextWriter&) {});
     const auto records = sink->records();
     ASSERT_EQ(records.size(), 3U);
     EXPECT_EQ(records[0].text, "a long first text");
@@ -151,7 +151,7 @@ TEST_F(LogTest, TextStartsAnewForEachMessage)
 
 TEST_F(LogTest, MessageThatIsBuiltInsideAnotherLeavesTheOuterTextWhole)
 {
-    log(trace, 1, [](TextWriter& text) {
+    log(logTrace, 1, [](TextWriter& text) {
         text << "outer ";
         log(otherTrace, 1, [](TextWriter& inner) { inner << "inner"; });
         text << "again";
@@ -166,13 +166,13 @@ TEST_F(LogTest, MessageThatIsBuiltInsideAnotherLeavesTheOuterTextWhole)
 
 TEST_F(LogTest, ExceptionOfTheTextReachesTheCallerAndTheNextMessageIsWhole)
 {
-    EXPECT_THROW(log(trace, 1,
+    EXPECT_THROW(log(logTrace, 1,
                      [](TextWriter& text) {
                          text << "half";
                          throw 1;
                      }),
                  int);
-    log(trace, 1, [](TextWriter& text) { text << "whole"; });
+    log(logTrace, 1, [](TextWriter& text) { text << "whole"; });
     const auto records = sink->records();
     ASSERT_EQ(records.size(), 1U);
     EXPECT_EQ(records[0].text, "whole");
@@ -180,20 +180,20 @@ TEST_F(LogTest, ExceptionOfTheTextReachesTheCallerAndTheNextMessageIsWhole)
 
 TEST_F(LogTest, NothingIsAllocatedWithTheLevelOff)
 {
-    log(trace, 1, "attaches the channel");
+    log(logTrace, 1, "attaches the channel");
     const std::string longText(200, 'x');
     const zyr_test::AllocationCounter counter;
-    log(trace, 4, [&](TextWriter& text) { text << longText << longText; });
-    log(trace, 4, "a plain text that is longer than any small buffer of a string");
-    logEnter(trace);
-    logEnter(trace, [&](TextWriter& text) { text << longText; });
+    log(logTrace, 4, [&](TextWriter& text) { text << longText << longText; });
+    log(logTrace, 4, "a plain text that is longer than any small buffer of a string");
+    logEnter(logTrace);
+    logEnter(logTrace, [&](TextWriter& text) { text << longText; });
     EXPECT_EQ(counter.allocations(), 0U);
 }
 
 TEST_F(LogTest, NothingIsAllocatedForAMessageAfterTheFirst)
 {
     sinkRegistration.withdraw();
-    const auto counting = std::make_shared<CountingSink>();
+    const auto counting = std::make_shared<MeasuringSink>();
     const zyr_platform::Registration registration = service.addSink(counting);
     service.setLevel("ZYR.TEST.Log", 7);
     const auto text = [](TextWriter& writer) {
@@ -201,15 +201,15 @@ TEST_F(LogTest, NothingIsAllocatedForAMessageAfterTheFirst)
             writer << "number " << number << ", ";
         }
     };
-    log(trace, 1, text);
+    log(logTrace, 1, text);
     const std::size_t bytes = counting->bytes();
     std::size_t allocations = 0;
     {
         const zyr_test::AllocationCounter counter;
-        log(trace, 5, text);
-        log(trace, 1, "plain");
-        logEnter(trace);
-        logEnter(trace, text);
+        log(logTrace, 5, text);
+        log(logTrace, 1, "plain");
+        logEnter(logTrace);
+        logEnter(logTrace, text);
         allocations = counter.allocations();
     }
     EXPECT_EQ(allocations, 0U);

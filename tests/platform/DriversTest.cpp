@@ -37,25 +37,25 @@ class DriversTest : public testing::Test
                 }};
     }
 
-    Drivers& m_drivers = Drivers::get();
-    std::uint32_t m_value = 5;
+    Drivers& drivers = Drivers::get();
+    std::uint32_t value = 5;
 };
 
 TEST_F(DriversTest, handleReadsAndWrites)
 {
-    const auto added = m_drivers.add("channel.1.xpic.connected", cell(m_value));
+    const auto added = drivers.add("channel.1.xpic.connected", cell(value));
     const CDriverHandle handle = handleOf("channel.1.xpic.connected");
     EXPECT_EQ(handle.reserved, nullptr);
     std::uint32_t read = 0;
     EXPECT_EQ(handle.read(handle.context, &read), 1U);
     EXPECT_EQ(read, 5U);
     EXPECT_EQ(handle.write(handle.context, 9), 2U);
-    EXPECT_EQ(m_value, 9U);
+    EXPECT_EQ(value, 9U);
 }
 
 TEST_F(DriversTest, unknownDriverFailsAndLeavesTheHandleEmpty)
 {
-    const auto added = m_drivers.add("known", cell(m_value));
+    const auto added = drivers.add("known", cell(value));
     CDriverHandle handle;
     EXPECT_EQ(CDriver_GetInterface(&handle, "unknown"), 0x8000U);
     EXPECT_EQ(handle.context, nullptr);
@@ -65,7 +65,7 @@ TEST_F(DriversTest, unknownDriverFailsAndLeavesTheHandleEmpty)
 
 TEST_F(DriversTest, missingArgumentFails)
 {
-    const auto added = m_drivers.add("known", cell(m_value));
+    const auto added = drivers.add("known", cell(value));
     CDriverHandle handle;
     EXPECT_EQ(CDriver_GetInterface(nullptr, "known"), 0x8000U);
     EXPECT_EQ(CDriver_GetInterface(&handle, nullptr), 0x8000U);
@@ -78,8 +78,8 @@ TEST_F(DriversTest, missingArgumentFails)
 
 TEST_F(DriversTest, functionThatIsLeftOutOrThrowsFails)
 {
-    const auto none = m_drivers.add("none", {});
-    const auto throwing = m_drivers.add(
+    const auto none = drivers.add("none", {});
+    const auto throwing = drivers.add(
         "throwing", {[](std::uint32_t&) -> std::uint32_t { throw std::runtime_error("x"); }, nullptr});
     std::uint32_t read = 0;
     CDriverHandle handle = handleOf("none");
@@ -91,38 +91,38 @@ TEST_F(DriversTest, functionThatIsLeftOutOrThrowsFails)
 
 TEST_F(DriversTest, doubledNameIsRefusedAndTheFirstStays)
 {
-    const auto added = m_drivers.add("doubled", cell(m_value));
+    const auto added = drivers.add("doubled", cell(value));
     std::uint32_t other = 0;
     try {
-        const auto doubled = m_drivers.add("doubled", cell(other));
+        const auto doubled = drivers.add("doubled", cell(other));
         ADD_FAILURE();
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "there is already a driver of the name \"doubled\"");
     }
     const CDriverHandle handle = handleOf("doubled");
     EXPECT_EQ(handle.write(handle.context, 7), 2U);
-    EXPECT_EQ(m_value, 7U);
+    EXPECT_EQ(value, 7U);
 }
 
 TEST_F(DriversTest, handleOfAWithdrawnDriverFailsUntilTheNameComesBack)
 {
-    auto added = m_drivers.add("withdrawn", cell(m_value));
+    auto added = drivers.add("withdrawn", cell(value));
     const CDriverHandle handle = handleOf("withdrawn");
     added.withdraw();
     CDriverHandle later;
     EXPECT_EQ(CDriver_GetInterface(&later, "withdrawn"), 0x8000U);
     EXPECT_EQ(handle.write(handle.context, 7), 0x8000U);
-    EXPECT_EQ(m_value, 5U);
-    added = m_drivers.add("withdrawn", cell(m_value));
+    EXPECT_EQ(value, 5U);
+    added = drivers.add("withdrawn", cell(value));
     EXPECT_EQ(handle.write(handle.context, 7), 2U);
-    EXPECT_EQ(m_value, 7U);
+    EXPECT_EQ(value, 7U);
 }
 
 TEST_F(DriversTest, driversMayComeAndGoWhileTheyAreUsed)
 {
     std::atomic<int> inUse{2};
     {
-        const auto first = m_drivers.add("come", {});
+        const auto first = drivers.add("come", {});
         const CDriverHandle handle = handleOf("come");
         std::vector<std::jthread> threads;
         for (int i = 0; i < 2; ++i) {
@@ -137,8 +137,8 @@ TEST_F(DriversTest, driversMayComeAndGoWhileTheyAreUsed)
         }
         threads.emplace_back([&] {
             while (inUse > 0) {
-                std::uint32_t value = 0;
-                const auto passing = m_drivers.add("come.too", cell(value));
+                std::uint32_t ownValue = 0;
+                const auto passing = drivers.add("come.too", cell(ownValue));
                 CDriverHandle other;
                 EXPECT_EQ(CDriver_GetInterface(&other, "come.too"), 0U);
                 EXPECT_EQ(other.write(other.context, 3), 2U);

@@ -27,8 +27,8 @@ class ModuleManagerTest : public testing::Test
   protected:
     Registration phase(std::uint32_t group, const std::string& name, std::uint32_t result)
     {
-        return m_manager.registerPhase(group, name, [this, name, result](std::uint32_t channel) {
-            m_calls.push_back(name + " " + std::to_string(channel));
+        return manager.registerPhase(group, name, [this, name, result](std::uint32_t channel) {
+            calls.push_back(name + " " + std::to_string(channel));
             return result;
         });
     }
@@ -36,16 +36,16 @@ class ModuleManagerTest : public testing::Test
     std::vector<std::string> traced() const
     {
         std::vector<std::string> texts;
-        for (const auto& record : m_sink->records()) {
+        for (const auto& record : sink->records()) {
             texts.push_back(record.channel + " " + std::to_string(record.level) + " " + record.text);
         }
         return texts;
     }
 
-    ModuleManager& m_manager = ModuleManager::get();
-    std::vector<std::string> m_calls;
-    std::shared_ptr<MemorySink> m_sink = std::make_shared<MemorySink>();
-    Registration m_sinkAdded = TraceService::get().addSink(m_sink);
+    ModuleManager& manager = ModuleManager::get();
+    std::vector<std::string> calls;
+    std::shared_ptr<MemorySink> sink = std::make_shared<MemorySink>();
+    Registration sinkAdded = TraceService::get().addSink(sink);
 };
 
 TEST_F(ModuleManagerTest, groupWithoutPhasesSucceeds)
@@ -59,8 +59,8 @@ TEST_F(ModuleManagerTest, phasesOfTheGroupRunInOrderForTheChannel)
     const auto other = phase(6, "x", 0);
     const auto second = phase(5, "a", 0x7FFF);
     EXPECT_EQ(CModuleManager_RunGroup(5, 2), 0U);
-    EXPECT_THAT(m_calls, ElementsAre("b 2", "a 2"));
-    EXPECT_THAT(m_manager.phases(5), ElementsAre("b", "a"));
+    EXPECT_THAT(calls, ElementsAre("b 2", "a 2"));
+    EXPECT_THAT(manager.phases(5), ElementsAre("b", "a"));
     EXPECT_TRUE(traced().empty());
 }
 
@@ -70,13 +70,13 @@ TEST_F(ModuleManagerTest, firstFailureEndsTheRunWithItsCode)
     const auto failing = phase(5, "failing", 0x8000);
     const auto behind = phase(5, "behind", 0x9000);
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0x8000U);
-    EXPECT_THAT(m_calls, ElementsAre("first 1", "failing 1"));
+    EXPECT_THAT(calls, ElementsAre("first 1", "failing 1"));
     EXPECT_THAT(traced(), ElementsAre("ZYR.ModuleManager 1 phase failing failed for channel 1 with 32768"));
 }
 
 TEST_F(ModuleManagerTest, exceptionOfAPhaseIsAFailure)
 {
-    const auto failing = m_manager.registerPhase(
+    const auto failing = manager.registerPhase(
         5, "throwing", [](std::uint32_t) -> std::uint32_t { throw std::runtime_error("no clock"); });
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0x8000U);
     EXPECT_THAT(
@@ -86,7 +86,7 @@ TEST_F(ModuleManagerTest, exceptionOfAPhaseIsAFailure)
 
 TEST_F(ModuleManagerTest, foreignExceptionOfAPhaseIsAFailure)
 {
-    const auto failing = m_manager.registerPhase(5, "odd", [](std::uint32_t) -> std::uint32_t { throw 1; });
+    const auto failing = manager.registerPhase(5, "odd", [](std::uint32_t) -> std::uint32_t { throw 1; });
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0x8000U);
     EXPECT_THAT(traced(),
                 ElementsAre("ZYR.ModuleManager 1 phase odd failed for channel 1 with an exception"));
@@ -98,24 +98,24 @@ TEST_F(ModuleManagerTest, withdrawnPhaseDoesNotRun)
     const auto stays = phase(5, "stays", 0);
     gone.withdraw();
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0U);
-    EXPECT_THAT(m_calls, ElementsAre("stays 1"));
+    EXPECT_THAT(calls, ElementsAre("stays 1"));
 }
 
 TEST_F(ModuleManagerTest, emptyPhaseIsRefused)
 {
-    EXPECT_THROW(static_cast<void>(m_manager.registerPhase(5, "empty", nullptr)), std::invalid_argument);
+    EXPECT_THROW(static_cast<void>(manager.registerPhase(5, "empty", nullptr)), std::invalid_argument);
 }
 
 TEST_F(ModuleManagerTest, phaseMayRunAnotherGroupAndItsOwn)
 {
     const auto inner = phase(6, "inner", 0x8001);
     int depth = 0;
-    const auto outer = m_manager.registerPhase(5, "outer", [&](std::uint32_t channel) -> std::uint32_t {
+    const auto outer = manager.registerPhase(5, "outer", [&](std::uint32_t channel) -> std::uint32_t {
         return ++depth == 3 ? CModuleManager_RunGroup(6, channel) : CModuleManager_RunGroup(5, channel);
     });
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0x8001U);
     EXPECT_EQ(depth, 3);
-    EXPECT_THAT(m_calls, ElementsAre("inner 1"));
+    EXPECT_THAT(calls, ElementsAre("inner 1"));
 }
 
 TEST_F(ModuleManagerTest, phaseMayWithdrawItselfAndOthersAndAddNewOnes)
@@ -123,8 +123,8 @@ TEST_F(ModuleManagerTest, phaseMayWithdrawItselfAndOthersAndAddNewOnes)
     std::optional<Registration> own;
     std::optional<Registration> next;
     std::optional<Registration> added;
-    own = m_manager.registerPhase(5, "own", [&](std::uint32_t) {
-        m_calls.emplace_back("own");
+    own = manager.registerPhase(5, "own", [&](std::uint32_t) {
+        calls.emplace_back("own");
         added = phase(5, "added", 0);
         next.reset();
         own.reset();
@@ -132,16 +132,16 @@ TEST_F(ModuleManagerTest, phaseMayWithdrawItselfAndOthersAndAddNewOnes)
     });
     next = phase(5, "next", 0x8000);
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0U);
-    EXPECT_THAT(m_calls, ElementsAre("own"));
+    EXPECT_THAT(calls, ElementsAre("own"));
     EXPECT_EQ(CModuleManager_RunGroup(5, 1), 0U);
-    EXPECT_THAT(m_calls, ElementsAre("own", "added 1"));
+    EXPECT_THAT(calls, ElementsAre("own", "added 1"));
 }
 
 TEST_F(ModuleManagerTest, phasesMayComeAndGoWhileManyThreadsRunThem)
 {
     constexpr int kRuns = 200;
     int counted = 0; // guarded by the manager: phases never run two at once
-    const auto counting = m_manager.registerPhase(5, "counting", [&](std::uint32_t) {
+    const auto counting = manager.registerPhase(5, "counting", [&](std::uint32_t) {
         ++counted;
         return std::uint32_t{0};
     });
@@ -159,7 +159,7 @@ TEST_F(ModuleManagerTest, phasesMayComeAndGoWhileManyThreadsRunThem)
         threads.emplace_back([&] {
             while (running > 0) {
                 int local = 0;
-                const auto passing = m_manager.registerPhase(5, "passing", [&local](std::uint32_t) {
+                const auto passing = manager.registerPhase(5, "passing", [&local](std::uint32_t) {
                     ++local;
                     return std::uint32_t{0};
                 });

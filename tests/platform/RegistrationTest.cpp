@@ -16,46 +16,46 @@ class RegistrationTest : public testing::Test
     {
         return Registration([&withdrawals] { ++withdrawals; });
     }
-    int m_first = 0;
-    int m_second = 0;
+    int first = 0;
+    int second = 0;
 };
 
 TEST_F(RegistrationTest, withdrawsOnceWhenItGoes)
 {
     {
-        const Registration registration = counting(m_first);
-        EXPECT_EQ(m_first, 0);
+        const Registration registration = counting(first);
+        EXPECT_EQ(first, 0);
     }
-    EXPECT_EQ(m_first, 1);
+    EXPECT_EQ(first, 1);
 }
 
 TEST_F(RegistrationTest, movedFromOneWithdrawsNothing)
 {
     {
-        std::optional<Registration> source = counting(m_first);
+        std::optional<Registration> source = counting(first);
         const Registration target = std::move(*source);
         source.reset();
-        EXPECT_EQ(m_first, 0);
+        EXPECT_EQ(first, 0);
     }
-    EXPECT_EQ(m_first, 1);
+    EXPECT_EQ(first, 1);
 }
 
 TEST_F(RegistrationTest, assignmentWithdrawsWhatItHeld)
 {
-    Registration registration = counting(m_first);
-    registration = counting(m_second);
-    EXPECT_EQ(m_first, 1);
-    EXPECT_EQ(m_second, 0);
+    Registration registration = counting(first);
+    registration = counting(second);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 0);
     registration = Registration();
-    EXPECT_EQ(m_second, 1);
+    EXPECT_EQ(second, 1);
 }
 
 TEST_F(RegistrationTest, selfAssignmentKeepsIt)
 {
-    Registration registration = counting(m_first);
+    Registration registration = counting(first);
     Registration& same = registration;
     registration = std::move(same);
-    EXPECT_EQ(m_first, 0);
+    EXPECT_EQ(first, 0);
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace
 using zyr_platform::DescriptorSink;
 using zyr_platform::TraceService;
 
-constexpr TylTraceHeader kHeader{"src/a/B.cpp", 42, "execute"};
+constexpr TylTraceHeader kSource{"src/a/B.cpp", 42, "execute"};
 
 TEST(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
 {
@@ -23,10 +23,10 @@ TEST(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
         const auto added = TraceService::get().addSink(std::make_shared<DescriptorSink>(null));
         const TylTrace& channel = freshChannel("Allocation.descriptor");
         const std::string text(500, 'x');
-        channel.logMsg(1, kHeader, text);
+        channel.logMsg(1, kSource, text);
         const zyr_test::AllocationCounter counter;
         for (int i = 0; i < 100; ++i) {
-            channel.logMsg(1, kHeader, text);
+            channel.logMsg(1, kSource, text);
         }
         EXPECT_EQ(counter.allocations(), 0U);
     }
@@ -38,7 +38,7 @@ TEST(TraceAllocation, messageWithoutSinkAndAskingForALevelAllocateNothing)
     const TylTrace& channel = freshChannel("Allocation.none");
     channel.isEnabled(1);
     const zyr_test::AllocationCounter counter;
-    channel.logMsg(1, kHeader, "x");
+    channel.logMsg(1, kSource, "x");
     EXPECT_FALSE(channel.isEnabled(7));
     EXPECT_EQ(counter.allocations(), 0U);
 }

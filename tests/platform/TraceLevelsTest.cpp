@@ -23,17 +23,17 @@ using zyr_platform::TraceService;
 class TraceLevels : public testing::Test
 {
   protected:
-    TraceLevels() { m_service.resetLevels(); }
-    ~TraceLevels() override { m_service.resetLevels(); }
+    TraceLevels() { service.resetLevels(); }
+    ~TraceLevels() override { service.resetLevels(); }
 
     std::size_t countOf(const TylTrace& channel) const
     {
-        const auto channels = m_service.channels();
+        const auto channels = service.channels();
         return static_cast<std::size_t>(
             std::ranges::count(channels, channel.name(), &TraceService::Channel::name));
     }
 
-    TraceService& m_service = TraceService::get();
+    TraceService& service = TraceService::get();
 };
 
 TEST_F(TraceLevels, channelStartsAtItsDefaultLevel)
@@ -49,8 +49,8 @@ TEST_F(TraceLevels, levelBeforeTheFirstUseIsKeptForIt)
 {
     const TylTrace& channel = freshChannel("Levels.early");
     EXPECT_EQ(countOf(channel), 0U);
-    EXPECT_EQ(m_service.setLevel(channel.name(), 6), "trace level 6 for \"" + std::string(channel.name()) +
-                                                         "\": no channel in use yet, kept for later");
+    EXPECT_EQ(service.setLevel(channel.name(), 6), "trace level 6 for \"" + std::string(channel.name()) +
+                                                       "\": no channel in use yet, kept for later");
     EXPECT_TRUE(channel.isEnabled(6));
     EXPECT_FALSE(channel.isEnabled(7));
 }
@@ -59,7 +59,7 @@ TEST_F(TraceLevels, levelOfAUsedChannelChangesAtOnce)
 {
     const TylTrace& channel = freshChannel("Levels.used");
     EXPECT_FALSE(channel.isEnabled(4));
-    EXPECT_EQ(m_service.setLevel(channel.name(), 7),
+    EXPECT_EQ(service.setLevel(channel.name(), 7),
               "trace level 7 for \"" + std::string(channel.name()) + "\": 1 channel in use");
     EXPECT_TRUE(channel.isEnabled(7));
 }
@@ -73,7 +73,7 @@ TEST_F(TraceLevels, wildcardNamesUsedAndComingChannelsAndNoOthers)
     const TylTrace& later = freshChannel(stem + ".TI.d");
     EXPECT_FALSE(first.isEnabled(5) || second.isEnabled(5) || other.isEnabled(5));
 
-    EXPECT_EQ(m_service.setLevel(stem + ".TI.*", 5),
+    EXPECT_EQ(service.setLevel(stem + ".TI.*", 5),
               "trace level 5 for \"" + stem + ".TI.*\": 2 channels in use");
     EXPECT_TRUE(first.isEnabled(5));
     EXPECT_TRUE(second.isEnabled(5));
@@ -94,9 +94,9 @@ TEST_F(TraceLevels, starMayStandAnywhereAndForNothing)
                           {"Star.abcab", false},    {"*x*", false},           {"Star.abcabdd", false}};
     static constinit TylTrace channel("Star.abcabd", 3, TylTraceHdrOption_Default);
     for (const Case& each : cases) {
-        m_service.resetLevels();
+        service.resetLevels();
         channel.isEnabled(7);
-        m_service.setLevel(each.pattern, 7);
+        service.setLevel(each.pattern, 7);
         EXPECT_EQ(channel.isEnabled(7), each.fits) << each.pattern;
     }
 }
@@ -104,10 +104,10 @@ TEST_F(TraceLevels, starMayStandAnywhereAndForNothing)
 TEST_F(TraceLevels, latestSettingThatNamesAChannelCounts)
 {
     const TylTrace& channel = freshChannel("Levels.latest");
-    m_service.setLevel("Levels.lat*", 6);
-    m_service.setLevel(channel.name(), 2);
+    service.setLevel("Levels.lat*", 6);
+    service.setLevel(channel.name(), 2);
     EXPECT_FALSE(channel.isEnabled(3));
-    m_service.setLevel("Levels.lat*", 5);
+    service.setLevel("Levels.lat*", 5);
     EXPECT_TRUE(channel.isEnabled(5));
     EXPECT_FALSE(channel.isEnabled(6));
 }
@@ -115,8 +115,8 @@ TEST_F(TraceLevels, latestSettingThatNamesAChannelCounts)
 TEST_F(TraceLevels, earlierSettingHoldsWhereTheLatestDoesNotNameTheChannel)
 {
     const TylTrace& channel = freshChannel("Levels.hold");
-    m_service.setLevel("Levels.hold*", 6);
-    m_service.setLevel("Levels.other*", 1);
+    service.setLevel("Levels.hold*", 6);
+    service.setLevel("Levels.other*", 1);
     EXPECT_TRUE(channel.isEnabled(6));
 }
 
@@ -125,7 +125,7 @@ TEST_F(TraceLevels, allChannelsAreSetTogether)
     const TylTrace& used = freshChannel("Levels.all");
     const TylTrace& coming = freshChannel("Levels.all");
     used.isEnabled(1);
-    EXPECT_THAT(m_service.setLevelForAll(7), HasSubstr("trace level 7 for \"*\": "));
+    EXPECT_THAT(service.setLevelForAll(7), HasSubstr("trace level 7 for \"*\": "));
     EXPECT_TRUE(used.isEnabled(7));
     EXPECT_TRUE(coming.isEnabled(7));
 }
@@ -133,9 +133,9 @@ TEST_F(TraceLevels, allChannelsAreSetTogether)
 TEST_F(TraceLevels, levelZeroSilencesErrorsToo)
 {
     const auto sink = std::make_shared<MemorySink>();
-    const auto added = m_service.addSink(sink);
+    const auto added = service.addSink(sink);
     const TylTrace& channel = freshChannel("Levels.zero");
-    m_service.setLevel(channel.name(), 0);
+    service.setLevel(channel.name(), 0);
     EXPECT_FALSE(channel.isEnabled(1));
     channel.logMsg(1, {"f.cpp", 1, "g"}, "not asked for");
     channel.logEnterMsg({"f.cpp", 1, "g"});
@@ -146,9 +146,9 @@ TEST_F(TraceLevels, resetBringsTheDefaultsBackAndForgetsWhatWasKept)
 {
     const TylTrace& used = freshChannel("Levels.reset", 2);
     const TylTrace& coming = freshChannel("Levels.reset", 5);
-    m_service.setLevel("Levels.reset*", 7);
+    service.setLevel("Levels.reset*", 7);
     EXPECT_TRUE(used.isEnabled(7));
-    m_service.resetLevels();
+    service.resetLevels();
     EXPECT_TRUE(used.isEnabled(2));
     EXPECT_FALSE(used.isEnabled(3));
     EXPECT_TRUE(coming.isEnabled(5));
@@ -159,8 +159,8 @@ TEST_F(TraceLevels, channelsAreListedWithLevelAndDefault)
 {
     const TylTrace& channel = freshChannel("Levels.list", 2);
     channel.isEnabled(1);
-    m_service.setLevel(channel.name(), 5);
-    const auto channels = m_service.channels();
+    service.setLevel(channel.name(), 5);
+    const auto channels = service.channels();
     EXPECT_THAT(channels, Contains(TraceService::Channel{channel.name(), 5, 2}));
     EXPECT_TRUE(std::ranges::is_sorted(channels, {}, &TraceService::Channel::name));
 }
@@ -172,7 +172,7 @@ TEST_F(TraceLevels, defaultLevelOutsideTheRangeCountsAsTheNearest)
     EXPECT_TRUE(high.isEnabled(7));
     EXPECT_FALSE(high.isEnabled(8));
     EXPECT_FALSE(low.isEnabled(1));
-    EXPECT_THAT(m_service.channels(), Contains(TraceService::Channel{high.name(), 7, 7}));
+    EXPECT_THAT(service.channels(), Contains(TraceService::Channel{high.name(), 7, 7}));
     EXPECT_EQ(countOf(high), 1U);
 }
 
@@ -181,13 +181,13 @@ TEST_F(TraceLevels, settingThatCannotBeIsRefusedAndChangesNothing)
     const TylTrace& channel = freshChannel("Levels.refused");
     for (const TylTraceLevel level : {-1, 8, 255}) {
         try {
-            m_service.setLevel(channel.name(), level);
+            service.setLevel(channel.name(), level);
             ADD_FAILURE() << level;
         } catch (const std::invalid_argument& refusal) {
             EXPECT_EQ(refusal.what(), "trace level " + std::to_string(level) + " is not within 0 to 7");
         }
     }
-    EXPECT_THROW(m_service.setLevel("", 3), std::invalid_argument);
+    EXPECT_THROW(service.setLevel("", 3), std::invalid_argument);
     EXPECT_TRUE(channel.isEnabled(3));
     EXPECT_FALSE(channel.isEnabled(4));
 }
@@ -197,7 +197,7 @@ TEST_F(TraceLevels, twoChannelsOfOneNameAreBothSet)
     static constinit TylTrace first("Levels.twin", 3, TylTraceHdrOption_Default);
     static constinit TylTrace second("Levels.twin", 3, TylTraceHdrOption_Default);
     first.isEnabled(7);
-    m_service.setLevel("Levels.twin", 7);
+    service.setLevel("Levels.twin", 7);
     EXPECT_TRUE(first.isEnabled(7));
     EXPECT_TRUE(second.isEnabled(7));
 }
@@ -206,9 +206,9 @@ TEST_F(TraceLevels, twoChannelsOfOneNameAreBothSet)
 TEST_F(TraceLevels, channelThatIsAttachedAgainIsKnownOnceAndKeepsItsLevel)
 {
     const TylTrace& channel = freshChannel("Levels.again");
-    m_service.setLevel(channel.name(), 5);
-    EXPECT_EQ(m_service.attach(channel), 5);
-    EXPECT_EQ(m_service.attach(channel), 5);
+    service.setLevel(channel.name(), 5);
+    EXPECT_EQ(service.attach(channel), 5);
+    EXPECT_EQ(service.attach(channel), 5);
     EXPECT_EQ(countOf(channel), 1U);
 }
 
@@ -243,7 +243,7 @@ TEST_F(TraceLevels, levelsMayFlipWhileManyThreadsTrace)
     constexpr int kMessages = 500;
     constexpr int kWriters = 4;
     const auto sink = std::make_shared<MemorySink>();
-    const auto added = m_service.addSink(sink);
+    const auto added = service.addSink(sink);
     const TylTrace& channel = freshChannel("Levels.flip");
     std::atomic<int> writing{kWriters};
     {
@@ -259,10 +259,10 @@ TEST_F(TraceLevels, levelsMayFlipWhileManyThreadsTrace)
         }
         threads.emplace_back([&] {
             while (writing > 0) {
-                m_service.setLevel(channel.name(), 7);
-                m_service.setLevel("Levels.fl*", 1);
-                m_service.resetLevels();
-                m_service.channels();
+                service.setLevel(channel.name(), 7);
+                service.setLevel("Levels.fl*", 1);
+                service.resetLevels();
+                service.channels();
             }
         });
     }
@@ -273,9 +273,9 @@ TEST_F(TraceLevels, levelsMayFlipWhileManyThreadsTrace)
 
 TEST_F(TraceLevels, patternHas128CharactersAtTheMost)
 {
-    EXPECT_NO_THROW(m_service.setLevel(std::string(128, 'x'), 4));
+    EXPECT_NO_THROW(service.setLevel(std::string(128, 'x'), 4));
     try {
-        m_service.setLevel(std::string(129, 'x'), 4);
+        service.setLevel(std::string(129, 'x'), 4);
         ADD_FAILURE();
     } catch (const std::invalid_argument& error) {
         EXPECT_STREQ(error.what(), "the name of the trace channel has 129 characters, it may have 128");
@@ -285,11 +285,11 @@ TEST_F(TraceLevels, patternHas128CharactersAtTheMost)
 TEST_F(TraceLevels, settingsAreBoundedAndOneForAllReplacesThem)
 {
     for (int count = 0; count < 256; ++count) {
-        m_service.setLevel("Levels.bound." + std::to_string(count), 4);
+        service.setLevel("Levels.bound." + std::to_string(count), 4);
     }
-    EXPECT_NO_THROW(m_service.setLevel("Levels.bound.17", 5)) << "one that is there already";
+    EXPECT_NO_THROW(service.setLevel("Levels.bound.17", 5)) << "one that is there already";
     try {
-        m_service.setLevel("Levels.bound.256", 4);
+        service.setLevel("Levels.bound.256", 4);
         ADD_FAILURE();
     } catch (const std::invalid_argument& error) {
         EXPECT_STREQ(
@@ -298,8 +298,8 @@ TEST_F(TraceLevels, settingsAreBoundedAndOneForAllReplacesThem)
     }
     const TylTrace& channel = freshChannel("Levels.unbound");
     EXPECT_FALSE(channel.isEnabled(4)) << "what was refused has changed nothing";
-    m_service.setLevel("*", 2);
-    EXPECT_NO_THROW(m_service.setLevel("Levels.bound.256", 4));
+    service.setLevel("*", 2);
+    EXPECT_NO_THROW(service.setLevel("Levels.bound.256", 4));
 }
 
 TEST_F(TraceLevels, patternOfManyStarsIsMatchedInNoTime)
@@ -312,7 +312,7 @@ TEST_F(TraceLevels, patternOfManyStarsIsMatchedInNoTime)
     const TylTrace& hostile = freshChannel(std::string(20'000, 'a'));
     EXPECT_TRUE(hostile.isEnabled(1));
     const auto start = std::chrono::steady_clock::now();
-    m_service.setLevel(pattern, 7);
+    service.setLevel(pattern, 7);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
     EXPECT_FALSE(hostile.isEnabled(7));
 }

@@ -25,6 +25,7 @@ const std::map<std::string, std::string_view (*)()> kScripts{
 std::vector<std::string> shells()
 {
     std::vector<std::string> names;
+    names.reserve(kScripts.size());
     for (const auto& [name, script] : kScripts) {
         names.push_back(name);
     }

@@ -129,10 +129,12 @@ void addColumns(std::vector<std::string>& lines, const Rows& rows, std::size_t l
         }
         const std::size_t room = std::max(lineWidth - widthOf(front) - gap, kLeastRoom);
         for (const std::string& piece : wrapped(printable(row.back()), room)) {
-            if (const std::string line = withoutEnd(front + "  " + piece); !line.empty()) {
+            const std::size_t width = widthOf(front);
+            front.append(gap, ' ').append(piece);
+            if (const std::string line = withoutEnd(front); !line.empty()) {
                 lines.push_back(line);
             }
-            front.assign(widthOf(front), ' ');
+            front.assign(width, ' ');
         }
     }
 }

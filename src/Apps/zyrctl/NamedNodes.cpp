@@ -68,7 +68,7 @@ void checkNode(const std::string& path, const NamedNode& node)
 
 std::string nodesFile()
 {
-    const std::string named = environment("ZYR_NODES");
+    std::string named = environment("ZYR_NODES");
     if (!named.empty()) {
         return named;
     }

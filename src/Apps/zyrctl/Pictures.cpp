@@ -261,7 +261,9 @@ std::string levelBar(const Value& record, const char* name)
     const auto found = record.find(name);
     const bool isNumber = found != record.end() && found->is_number_integer();
     const std::int64_t above = isNumber ? found->get<std::int64_t>() - kNoLevel : 0;
-    return std::string(static_cast<std::size_t>(std::clamp<std::int64_t>(above / kUnitsPerMark, 0, 60)), '#');
+    std::string bar;
+    bar.assign(static_cast<std::size_t>(std::clamp<std::int64_t>(above / kUnitsPerMark, 0, 60)), '#');
+    return bar;
 }
 
 // The name of what a number stands for.

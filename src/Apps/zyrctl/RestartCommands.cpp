@@ -22,7 +22,7 @@ using Clock = std::chrono::steady_clock;
 constexpr const char* kRestart = "CRI.RestartRadio";
 constexpr const char* kRecovery = "CRI.StartRecovery";
 constexpr const char* kAlarms = "CI.GetEvents";
-constexpr auto kPollInterval = 500ms;
+constexpr auto kAskInterval = 500ms;
 
 struct RestartOptions
 {
@@ -70,12 +70,13 @@ void waitFor(Session& session, const RestartOptions& options, const std::string&
     const ProgressLine progress(session.console);
     const auto start = Clock::now();
     const auto limit = std::chrono::duration<double>(std::stod(options.limit));
+    const std::string tooLong = what + " has not ended in time; " + goingOn;
     while (!isOver()) {
         if (Clock::now() - start > limit) {
-            throw Failure(ExitStatus::Timeout, what + " has not ended in time; " + goingOn);
+            throw Failure(ExitStatus::Timeout, tooLong);
         }
         progress.show(what + " " + secondsSince(start));
-        if (signals.hasComeWithin(kPollInterval)) {
+        if (signals.hasComeWithin(kAskInterval)) {
             throw Failure(ExitStatus::Interrupted, "interrupted; " + goingOn);
         }
     }
@@ -150,15 +151,15 @@ void runRestart(Session& session, const RestartOptions& options)
     closeRestart(session, options, status, unit);
 }
 
-struct Alarms
+struct RestartAlarms
 {
     bool isRecovering = false;
     std::set<std::int64_t> channelsDown; ///< Whose link is down.
 };
 
-Alarms askAlarms(Session& session)
+RestartAlarms askAlarms(Session& session)
 {
-    Alarms alarms;
+    RestartAlarms alarms;
     const Value answer = session.node().call(kAlarms, {});
     for (const Value& event : answer.value("events", Value::array())) {
         if (!event.value("isActive", false)) {
@@ -184,7 +185,7 @@ std::string listed(const std::set<std::int64_t>& channels)
 
 void runRecover(Session& session, const RestartOptions& options)
 {
-    const Alarms before = askAlarms(session);
+    const RestartAlarms before = askAlarms(session);
     if (before.isRecovering) {
         session.console.remark("the DSP is recovering already");
     } else {

@@ -13,7 +13,7 @@ namespace zyr_ctl
 namespace
 {
 
-constexpr const char* kStatus = "CRI.GetRadioChannelStatus";
+constexpr const char* kChannelStatus = "CRI.GetRadioChannelStatus";
 constexpr const char* kXpic = "TI.ManageXPIC";
 constexpr const char* kMimo = "TI.ManageMimo";
 
@@ -24,7 +24,7 @@ DescribedAnswer ask(Session& session, const char* method, const Value& request)
 
 DescribedAnswer askStatus(Session& session, std::int64_t channel)
 {
-    return ask(session, kStatus, {{"RadioChannelID", channel}});
+    return ask(session, kChannelStatus, {{"RadioChannelID", channel}});
 }
 
 void runXpic(Session& session, std::int64_t channel)
@@ -32,7 +32,7 @@ void runXpic(Session& session, std::int64_t channel)
     const auto xpic = ask(session, kXpic,
                           {{"radioChannelId", channel}, {"xpicPreambleGet", true}, {"xpicStatusGet", true}});
     const auto status = askStatus(session, channel);
-    session.show({{kXpic, xpic.answer}, {kStatus, status.answer}}, xpicPicture(channel, status, xpic));
+    session.show({{kXpic, xpic.answer}, {kChannelStatus, status.answer}}, xpicPicture(channel, status, xpic));
 }
 
 // The state of the calibration comes with nothing else.
@@ -43,7 +43,7 @@ void runMimo(Session& session, std::int64_t channel)
         kMimo, {Value{{"radioChannelId", channel}, {"crossConnectDelayCalibrationStatusGet", true}}});
     mimo.answer["calibrationStatus"] = calibration.value("calibrationStatus", Value());
     const auto status = askStatus(session, channel);
-    session.show({{kMimo, mimo.answer}, {kStatus, status.answer}}, mimoPicture(channel, status, mimo));
+    session.show({{kMimo, mimo.answer}, {kChannelStatus, status.answer}}, mimoPicture(channel, status, mimo));
 }
 
 void addTable(CLI::App& app, Session& session, const char* name, const char* help,

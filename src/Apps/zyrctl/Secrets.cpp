@@ -4,8 +4,7 @@
 
 #include <algorithm>
 #include <array>
-
-#include <string.h>
+#include <cstring>
 
 namespace zyr_ctl
 {
@@ -70,7 +69,8 @@ std::vector<std::string> SecretNames::namesIn(const Value& value) const
 {
     std::vector<std::string> names;
     for (const auto& [name, member] : value.items()) {
-        const bool isSecret = value.is_object() && contains(name) && !member.is_boolean() && member != "";
+        const bool isBlank = member.is_string() && member.get_ref<const std::string&>().empty();
+        const bool isSecret = value.is_object() && contains(name) && !member.is_boolean() && !isBlank;
         const std::vector<std::string> inner =
             member.is_structured() ? namesIn(member) : std::vector<std::string>();
         names.insert(names.end(), inner.begin(), inner.end());

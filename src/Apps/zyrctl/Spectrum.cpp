@@ -163,6 +163,7 @@ void addPeaks(std::vector<Line>& lines, std::span<const SpectrumPoint> points)
         return;
     }
     std::vector<std::vector<std::string>> rows;
+    rows.reserve(peaks.size());
     for (const SpectrumPeak& peak : peaks) {
         rows.push_back({inMHz(peak.frequency_kHz), digitsIn(commonUnit("0.1 dBm"), peak.level_dBmTenths),
                         inMHz(peak.width_kHz)});

@@ -180,7 +180,8 @@ NodeReport reportOf(const SimulatedNode& node)
     NodeSnapshot snapshot = node.snapshot();
     std::vector<AlarmReport> alarms;
     for (auto& alarm : snapshot.alarms) {
-        alarms.push_back({std::move(alarm), wireTime(alarm.changedAt)});
+        std::string changedAt = wireTime(alarm.changedAt);
+        alarms.push_back({std::move(alarm), std::move(changedAt)});
     }
     std::vector<RouteReport> routes;
     for (const auto& [route, destination] : snapshot.routes) {

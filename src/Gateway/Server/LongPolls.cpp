@@ -43,7 +43,7 @@ bool LongPolls::start(Poll poll, Handle& handle)
     }
     handle = ++m_lastHandle;
     m_hanging.push_back({handle, std::move(poll), m_releases});
-    const Place place = std::prev(m_hanging.end());
+    const auto place = std::prev(m_hanging.end());
     try {
         return m_threads.run([this, place] { hang(place); });
     } catch (...) {

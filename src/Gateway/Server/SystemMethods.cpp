@@ -157,8 +157,9 @@ Value XmlRpcServer::descriptions() const
 class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
 {
   public:
-    Multicall(XmlRpcServer& server, const Value& calls, const HttpServer::Answer& answer, std::size_t room)
-        : m_server(server), m_calls(calls), m_answer(answer), m_room(room), m_share(server.m_multicalls)
+    Multicall(XmlRpcServer& server, Value calls, HttpServer::Answer answer, std::size_t room)
+        : m_server(server), m_calls(std::move(calls)), m_answer(std::move(answer)), m_room(room),
+          m_share(server.m_multicalls)
     {}
 
     // Where a call is made.

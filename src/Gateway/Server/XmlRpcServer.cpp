@@ -335,12 +335,13 @@ void XmlRpcServer::takeLongPoll(MethodCall call, const Method& called, const Htt
 {
     struct Hanging
     {
+        explicit Hanging(MethodCall made) : call(std::move(made)) {}
+
         MethodCall call;
         Answer outcome;
         bool isOutOfMemory = false;
     };
-    const auto hanging = std::make_shared<Hanging>();
-    hanging->call = std::move(call);
+    const auto hanging = std::make_shared<Hanging>(std::move(call));
     const auto poll = [this, hanging, &called] {
         try {
             hanging->outcome = callCounted(called, hanging->call);

@@ -38,7 +38,7 @@ double trafficShare(const NodeState& node, const ChannelState& channel)
 }
 
 /// Commands may give any number, and no number.
-std::int32_t rounded(double value)
+std::int32_t wholeNumber(double value)
 {
     constexpr double greatest = 1e9;
     return std::isnan(value) ? 0
@@ -65,9 +65,10 @@ TapsDecision tapsDecision(const NodeState& node, const ChannelState& channel)
     const std::int32_t greatest = rate_Mbit(channel, channel.maxModulation);
     const double needed = greatest * trafficShare(node, channel) + channel.taps.idleRateOffset;
     TapsDecision decision;
-    decision.rateNeeded = std::clamp(rounded(needed), 0, greatest);
+    decision.rateNeeded = std::clamp(wholeNumber(needed), 0, greatest);
     decision.idleRate = greatest - decision.rateNeeded;
-    decision.idleRateThreshold = rounded(greatest * kThresholdShare * channel.taps.idleRateThresholdFactor);
+    decision.idleRateThreshold =
+        wholeNumber(greatest * kThresholdShare * channel.taps.idleRateThresholdFactor);
     if (channel.taps.enabled && decision.idleRate >= decision.idleRateThreshold) {
         const std::int64_t window = std::int64_t{transmitter.maxPower} - transmitter.minPower;
         decision.deltaPower = -static_cast<std::int32_t>(std::clamp<std::int64_t>(

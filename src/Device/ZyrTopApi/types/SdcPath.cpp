@@ -8,18 +8,18 @@ namespace zyr_top_api
 namespace
 {
 
-constexpr auto kTexts = std::to_array<std::string_view>({"main", "diversity", "auto"});
+constexpr auto kPathTexts = std::to_array<std::string_view>({"main", "diversity", "auto"});
 
 } // namespace
 
 std::string_view sdcPathToString(SdcPath value)
 {
-    return textOf(kTexts, value, "invalid");
+    return textOf(kPathTexts, value, "invalid");
 }
 
 SdcPath sdcPathStringToEnum(std::string_view text)
 {
-    return valueOf(kTexts, text, SdcPath::Invalid);
+    return valueOf(kPathTexts, text, SdcPath::Invalid);
 }
 
 } // namespace zyr_top_api
