@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
-"""Runs all system tests in an order of its own, which the seed on the command line repeats.
+"""Runs the system tests in an order of its own, which a seed repeats.
+
+usage: run_tests.py [--share I/N] [SEED]    with a share, every Nth test from the Ith on: shares can run side by side
 
 The environment variable ZYRNODE names the program to test.
 """
 
+import argparse
 import pathlib
 import random
 import sys
@@ -19,10 +22,15 @@ def cases_of(suite):
 
 
 def main():
-    seed = int(sys.argv[1]) if len(sys.argv) > 1 else random.randrange(1_000_000)
-    print(f"order by seed {seed}", flush=True)
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--share", default="1/1", metavar="I/N")
+    parser.add_argument("seed", nargs="?", type=int, default=random.randrange(1_000_000))
+    arguments = parser.parse_args()
+    first, step = map(int, arguments.share.split("/"))
+    print(f"order by seed {arguments.seed}", flush=True)
     cases = list(cases_of(unittest.defaultTestLoader.discover(str(pathlib.Path(__file__).parent))))
-    random.Random(seed).shuffle(cases)
+    cases = sorted(cases, key=unittest.TestCase.id)[first - 1 :: step]
+    random.Random(arguments.seed).shuffle(cases)
     result = unittest.TextTestRunner().run(unittest.TestSuite(cases))
     sys.exit(0 if result.wasSuccessful() and result.testsRun > 0 else 1)
 
