@@ -1,7 +1,8 @@
 #!/bin/sh
 # Builds everything and runs all tests, then those with threads again under the thread sanitizer.
-# With --all, all tests run under the address and undefined behaviour sanitizers, without them only those that need to be
-# (they count allocations or look at what is installed), and clang-tidy reads all sources.
+# With --all, also: all tests under the address and undefined behaviour sanitizers, some under valgrind and compiled by
+# clang, those of the library emulated on both Arm processors, the bars of the benchmarks, the binary interface, and
+# clang-tidy over all sources.
 set -eu
 cd "$(dirname "$0")"
 
@@ -16,59 +17,85 @@ case "${1-}" in
 esac
 
 . tools/packages.sh
+packages=$TEST_PACKAGES
+[ "$all" = no ] || packages="$packages $ALL_PACKAGES"
 # shellcheck disable=SC2086
-sh tools/install-packages.sh $TEST_PACKAGES
+sh tools/install-packages.sh $packages
 jobs=$(nproc)
-begin=$(date +%s)
-
-step() { printf '\n== %s (after %d s)\n' "$*" "$(($(date +%s) - begin))"; }
-
-step "source format"
-find src tests benchmarks -name '*.h' -o -name '*.cpp' | xargs -r -n 40 -P "$jobs" clang-format --dry-run -Werror
-
 log=$(mktemp)
-trap 'rm -f "$log"' EXIT
+times=$(mktemp)
+trap 'rm -f "$log" "$times"' EXIT
 
-build() { # preset, further arguments of the build
-    step "build $1"
-    if ! { cmake --preset "$1" && cmake --build --preset "$@" -j "$jobs"; } >"$log" 2>&1; then
+stage=
+begin=
+end_stage() {
+    [ -z "$stage" ] || printf '%6d s  %s\n' "$(($(date +%s) - begin))" "$stage" >>"$times"
+}
+begin_stage() {
+    end_stage
+    stage=$*
+    begin=$(date +%s)
+    printf '\n== %s\n' "$stage"
+}
+
+quietly() { # a build, of which only what went wrong is shown
+    if ! "$@" >"$log" 2>&1; then
         grep -A 8 'error' "$log" || tail -n 60 "$log"
         exit 1
     fi
 }
 
+build() { # preset, further arguments of the build
+    begin_stage "build $1"
+    quietly cmake --preset "$1"
+    quietly cmake --build --preset "$@" -j "$jobs"
+}
+
 run_tests() { # preset, further arguments of ctest
-    step "tests $1"
+    begin_stage "tests $1"
     # The system tests wait more than they work.
     ctest --preset "$@" -j $((jobs + 1))
 }
 
-if [ "$all" = yes ]; then
-    # One build less: what the sanitizers see needn't be seen without them too.
-    build dev --target ZyrLibraryTests ZyrPlatformTests zyrnode zyrctl
-    run_tests dev -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrInstallTest)$'
-    build asan-ubsan
-    export ZYR_WALK_CALLS=100000
-    run_tests asan-ubsan
-else
-    build dev
-    run_tests dev
-fi
+begin_stage "source format"
+find src tests benchmarks -name '*.h' -o -name '*.cpp' | xargs -r -n 40 -P "$jobs" clang-format --dry-run -Werror
 
-threaded='ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests'
-# shellcheck disable=SC2086
-build tsan --target $threaded zyrnode zyrctl
+build dev
+run_tests dev
+
+build tsan --target ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests zyrnode zyrctl
 run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests.*)$'
 
 if [ "$all" = yes ]; then
-    if command -v arm-linux-gnueabihf-g++ >/dev/null; then
-        build armhf
-    else
-        step "no build for 32 bits: g++-arm-linux-gnueabihf is not installed"
-    fi
-    step "clang-tidy"
-    # shellcheck disable=SC2086
-    sh tools/install-packages.sh $TIDY_PACKAGES
+    build asan-ubsan
+    ZYR_WALK_CALLS=100000 run_tests asan-ubsan
+
+    begin_stage "valgrind"
+    for tests in ZyrLibraryTests ZyrRegistrationTests; do
+        valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
+            "build/dev/bin/$tests" --gtest_brief=1
+    done
+
+    build clang
+    run_tests clang -E '^(ZyrSystemTests.*|ClientProgramTests|ZyrInstallTest)$'
+
+    for processor in armhf arm64; do
+        begin_stage "library on $processor"
+        if ! tools/cross.sh "$processor" >"$log" 2>&1; then
+            tail -n 80 "$log"
+            exit 1
+        fi
+    done
+
+    build bench
+    begin_stage "bars of the benchmarks"
+    cmake --build --preset bench --target benchmark-check
+    begin_stage "binary interface"
+    tools/abi.sh build/bench/lib*/*/libZyrZyrTopApi.so
+
+    begin_stage "clang-tidy"
     python3 tools/tidy.py
 fi
-step "done"
+end_stage
+echo
+cat "$times"

@@ -27,6 +27,10 @@ target_compile_options(ZyrCompileOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     # g++ 12 sees overlaps in std::string's own operators when it inlines them (its bug 105651).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # g++ notes what it passes in another way than before its version 7.
+    $<$<STREQUAL:${CMAKE_SYSTEM_PROCESSOR},arm>:-Wno-psabi>
+    # g++'s -Wconversion doesn't hold it in C++.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
     $<$<BOOL:${ZYR_WARNINGS_AS_ERRORS}>:-Werror>
     # Trace records name source files from the root of the sources.
     -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)

@@ -4,4 +4,6 @@ BUILD_PACKAGES="g++ cmake make pkgconf libmicrohttpd-dev libexpat1-dev libcurl4-
     nlohmann-json3-dev libcli11-dev"
 RUN_PACKAGES="$BUILD_PACKAGES python3"
 TEST_PACKAGES="$RUN_PACKAGES libgtest-dev libgmock-dev clang-format python3-jsonschema openssl zsh fish"
-TIDY_PACKAGES="clang-tidy libbenchmark-dev"
+CROSS_PACKAGES="cmake make googletest qemu-user"
+ALL_PACKAGES="$CROSS_PACKAGES g++-arm-linux-gnueabihf g++-aarch64-linux-gnu clang clang-tidy libbenchmark-dev valgrind
+    abigail-tools"

@@ -394,6 +394,9 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: Failed to set the real
 
 TEST_F(TiManageRealTimeClockTest, SystemTimeBeyondAllYearsCannotBeRead)
 {
+    if (sizeof(std::time_t) == 4) {
+        GTEST_SKIP() << "a time of four bytes ends in the year 2038";
+    }
     withoutHardwareClock();
     systemTime.onTime = std::numeric_limits<std::time_t>::max();
     tell(impl.execute({}));

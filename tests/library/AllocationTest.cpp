@@ -1,5 +1,6 @@
 #include "AllocationCounter.h"
 #include "CommandTest.h"
+#include "CountedTest.h"
 #include "CriEnableAcmImpl.h"
 #include "IAcmHandler.h"
 #include "Probe.h"
@@ -32,7 +33,7 @@ class CountingSink : public zyr_platform::TraceSink
 };
 
 /// A table as large as a node's, the command in its middle.
-class AllocationTest : public ::testing::Test
+class AllocationTest : public zyr_test::CountedTest<::testing::Test>
 {
   protected:
     AllocationTest()

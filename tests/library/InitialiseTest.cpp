@@ -21,7 +21,7 @@ namespace
 using Guard = SecondCallRule::Guard;
 using nord::zyr::services::recovery::RecoveryController;
 
-constinit TylTrace trace{"ZYR.TEST.Initialise", 3, TylTraceHdrOption_Default};
+constinit TylTrace initialiseTrace{"ZYR.TEST.Initialise", 3, TylTraceHdrOption_Default};
 
 /// Notes in a transcript that a collaborator was found. Plain functions have no other way to it.
 zyr_test::Transcript* foundTranscript = nullptr;
@@ -49,7 +49,7 @@ struct CommandLike
 
     ETIResult initialize(unsigned channels, std::initializer_list<Collaborator> collaborators)
     {
-        return initialise(trace, rules, channels, numberOfChannels, collaborators);
+        return initialise(initialiseTrace, rules, channels, numberOfChannels, collaborators);
     }
     ETIResult initialize(unsigned channels)
     {
@@ -146,7 +146,8 @@ TEST_F(InitialiseTest, NodeWideFamilyIgnoresTheNumberAndKeepsNone)
 {
     for (const unsigned channels : {0U, 1U, 2U, 3U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
         NodeWide<IRouteUpdater> taken;
-        EXPECT_EQ(initialise(trace, family::kNodeWide, channels, {nodeWide("IRouteUpdater", taken)}), 0U);
+        EXPECT_EQ(
+            initialise(initialiseTrace, family::kNodeWide, channels, {nodeWide("IRouteUpdater", taken)}), 0U);
         EXPECT_EQ(taken.find(), &routeUpdater);
     }
     EXPECT_EQ(transcript.text(), "\n");
@@ -544,10 +545,12 @@ TEST_F(InitialiseTest, DriverThatIsGoneEmptiesItsHandle)
 TEST_F(InitialiseTest, UncountedCommandMayTestTheRange)
 {
     NodeWide<IRouteUpdater> taken;
-    EXPECT_EQ(initialise(trace, UncountedRules{.isRangeTested = true}, 3, {nodeWide("IRouteUpdater", taken)}),
+    EXPECT_EQ(initialise(initialiseTrace, UncountedRules{.isRangeTested = true}, 3,
+                         {nodeWide("IRouteUpdater", taken)}),
               0xA100U);
     EXPECT_EQ(taken.find(), nullptr);
-    EXPECT_EQ(initialise(trace, UncountedRules{.isRangeTested = true}, 2, {nodeWide("IRouteUpdater", taken)}),
+    EXPECT_EQ(initialise(initialiseTrace, UncountedRules{.isRangeTested = true}, 2,
+                         {nodeWide("IRouteUpdater", taken)}),
               0U);
     EXPECT_EQ(taken.find(), &routeUpdater);
     EXPECT_EQ(transcript.text(), R"(
@@ -561,7 +564,7 @@ TEST_F(InitialiseTest, UncountedCommandMayTellTheCountAndEndsAtTheFirstAbsence)
     NodeWide<IRouteUpdater> first;
     NodeWide<RecoveryController> second;
     withdraw("IRouteUpdater");
-    EXPECT_EQ(initialise(trace, UncountedRules{.entryTellsCount = true}, 0xFFFFFFFFU,
+    EXPECT_EQ(initialise(initialiseTrace, UncountedRules{.entryTellsCount = true}, 0xFFFFFFFFU,
                          {nodeWide("IRouteUpdater", first, textAndName("Could not find ")),
                           nodeWide("RecoveryController", second)}),
               0x8000U);

@@ -1,6 +1,7 @@
 #include "Log.h"
 
 #include "AllocationCounter.h"
+#include "CountedTest.h"
 #include "MemorySink.h"
 #include "TraceService.h"
 
@@ -45,6 +46,8 @@ class LogTest : public ::testing::Test
     std::shared_ptr<zyr_platform::MemorySink> sink = std::make_shared<zyr_platform::MemorySink>();
     zyr_platform::Registration sinkRegistration = service.addSink(sink);
 };
+
+using LogAllocationTest = zyr_test::CountedTest<LogTest>;
 
 TEST_F(LogTest, TextOfALevelThatIsOffIsNotBuilt)
 {
@@ -178,7 +181,7 @@ TEST_F(LogTest, ExceptionOfTheTextReachesTheCallerAndTheNextMessageIsWhole)
     EXPECT_EQ(records[0].text, "whole");
 }
 
-TEST_F(LogTest, NothingIsAllocatedWithTheLevelOff)
+TEST_F(LogAllocationTest, NothingIsAllocatedWithTheLevelOff)
 {
     log(logTrace, 1, "attaches the channel");
     const std::string longText(200, 'x');
@@ -190,7 +193,7 @@ TEST_F(LogTest, NothingIsAllocatedWithTheLevelOff)
     EXPECT_EQ(counter.allocations(), 0U);
 }
 
-TEST_F(LogTest, NothingIsAllocatedForAMessageAfterTheFirst)
+TEST_F(LogAllocationTest, NothingIsAllocatedForAMessageAfterTheFirst)
 {
     sinkRegistration.withdraw();
     const auto counting = std::make_shared<MeasuringSink>();
@@ -217,7 +220,7 @@ TEST_F(LogTest, NothingIsAllocatedForAMessageAfterTheFirst)
     EXPECT_EQ(counting->bytes(), 3 * bytes + 5);
 }
 
-TEST_F(LogTest, AllocationCounterSeesAllocations)
+TEST_F(LogAllocationTest, CounterSeesAllocations)
 {
     const zyr_test::AllocationCounter counter;
     const auto number = std::make_unique<int>(1);

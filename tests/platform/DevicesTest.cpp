@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include <linux/rtc.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -115,7 +116,9 @@ TEST(Devices, hardwareClockIsSetOnlyInAProcessThatWasAllowedTo)
     EXPECT_EQ(errno, EPERM);
     EXPECT_THAT(calls, ElementsAre());
     zyr_platform::allowSettingTheClock(true);
-    EXPECT_EQ(device->ioctl(0x4024700A, 0), -1); // of this device the kernel says that it is no clock
+    rtc_time time{};
+    // Of this device the kernel says that it is no clock.
+    EXPECT_EQ(device->ioctl(0x4024700A, reinterpret_cast<unsigned long>(&time)), -1);
     EXPECT_EQ(errno, ENOTTY);
     zyr_platform::allowSettingTheClock(false);
     EXPECT_THAT(calls, ElementsAre("lock", "unlock"));

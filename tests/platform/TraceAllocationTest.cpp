@@ -1,4 +1,5 @@
 #include "AllocationCounter.h"
+#include "CountedTest.h"
 #include "DescriptorSink.h"
 #include "FreshChannel.h"
 #include "TraceService.h"
@@ -13,9 +14,11 @@ namespace
 using zyr_platform::DescriptorSink;
 using zyr_platform::TraceService;
 
+using TraceAllocation = zyr_test::CountedTest<::testing::Test>;
+
 constexpr TylTraceHeader kSource{"src/a/B.cpp", 42, "execute"};
 
-TEST(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
+TEST_F(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
 {
     const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     ASSERT_GE(null, 0);
@@ -33,7 +36,7 @@ TEST(TraceAllocation, messageToADescriptorAllocatesNothingOnceTheBufferHasGrown)
     ::close(null);
 }
 
-TEST(TraceAllocation, messageWithoutSinkAndAskingForALevelAllocateNothing)
+TEST_F(TraceAllocation, messageWithoutSinkAndAskingForALevelAllocateNothing)
 {
     const TylTrace& channel = freshChannel("Allocation.none");
     channel.isEnabled(1);
