@@ -247,6 +247,23 @@ TEST_F(HttpServerTest, HostOfAnotherNameIs400OnLoopback)
     EXPECT_EQ(statusFor("Host: localhost\r\nHost: localhost\r\n"), "400");
 }
 
+TEST_F(HttpServerTest, NewHttpWithoutHostIs400InOneAnswer)
+{
+    HttpTestClient client(mServer.port());
+    const auto answer =
+        client.ask("POST /RPC2 HTTP/1.1\r\nContent-Type: text/xml\r\nContent-Length: 1\r\n\r\nx");
+    EXPECT_EQ(answer.status, "400");
+    EXPECT_EQ(answer.body, "The request has no Host field; it must have one.\n");
+    EXPECT_TRUE(client.readToEnd());
+    EXPECT_EQ(client.pending(), "");
+}
+
+TEST_F(HttpServerTest, TargetWithABlankIs400)
+{
+    EXPECT_EQ(ask(head("POST /RPC2 /RPC2 HTTP/1.1")).body,
+              "The request line is not of the form METHOD PATH HTTP/1.1.\n");
+}
+
 TEST_F(HttpServerTest, OldHttpNeedsNoHost)
 {
     HttpTestClient client(mServer.port());

@@ -397,7 +397,6 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
                             MHD_OPTION_LISTEN_SOCKET, listenSocket,            //
                             MHD_OPTION_CONNECTION_LIMIT, connections,          //
                             MHD_OPTION_CONNECTION_MEMORY_LIMIT, memory,        //
-                            MHD_OPTION_STRICT_FOR_CLIENT, 1,                   //
                             MHD_OPTION_URI_LOG_CALLBACK, &onTarget, this,      //
                             MHD_OPTION_NOTIFY_COMPLETED, &onCompleted, this,   //
                             MHD_OPTION_NOTIFY_CONNECTION, &onConnection, this, //

@@ -139,8 +139,10 @@ Refusal refusalOfHost(const RequestHead& head, const HttpOptions& options)
     if (head[Known::Host].count > 1) {
         return plainResponse(400, "The request has more than one Host field; it must have one.");
     }
-    if (head[Known::Host].count == 0 && head.version == "HTTP/1.0") {
-        return std::nullopt;
+    if (head[Known::Host].count == 0) {
+        return head.version == "HTTP/1.0"
+                   ? std::nullopt
+                   : Refusal(plainResponse(400, "The request has no Host field; it must have one."));
     }
     if (isLoopback(options.address) && !isLoopback(hostOf(head[Known::Host].value))) {
         return plainResponse(400, "The Host field does not name this machine; use localhost or 127.0.0.1.");
