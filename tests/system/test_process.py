@@ -25,6 +25,15 @@ class CommandLineTest(unittest.TestCase):
             ("--trace", "ZYR.COMM"): "--trace: ZYR.COMM: it takes CHANNEL=LEVEL",
             ("--trace", "ZYR.COMM=8"): "--trace: ZYR.COMM=8: levels go from 0 to 7",
             ("--fault", "IAcmHandler=1"): "--fault: IAcmHandler=1: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a@=1"): "--fault: I.a@=1: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a"): "--fault: I.a: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a b=1"): "--fault: I.a b=1: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a=0x"): "--fault: I.a=0x: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a=0xx2"): "--fault: I.a=0xx2: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a=8F"): "--fault: I.a=8F: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a=1x"): "--fault: I.a=1x: it takes COLLABORATOR.OPERATION",
+            ("--fault", "I.a=0x100000000"): '--fault: I.a=0x100000000: "100000000" is no number from 0 to 4294967295',
+            ("--fault", "I" * 100000): "I: it takes COLLABORATOR.OPERATION",
             ("--tls-cert", "x.pem"): "--tls-cert requires --tls-key",
         }
         for options, complaint in complaints.items():

@@ -8,8 +8,10 @@
 #include <iostream>
 #include <limits>
 #include <map>
-#include <regex>
+#include <optional>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 namespace zyr_node
 {
@@ -36,6 +38,27 @@ std::uint32_t codeIn(const std::string& text, const std::string& digits)
     const bool isHexadecimal = digits.starts_with("0x");
     return isHexadecimal ? numberIn<std::uint32_t>(text, digits.substr(2), 16)
                          : numberIn<std::uint32_t>(text, digits);
+}
+
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kHexadecimalDigits = "0123456789abcdefABCDEF";
+constexpr std::string_view kWordCharacters =
+    "_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+
+bool isMadeOf(std::string_view text, std::string_view characters)
+{
+    return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
+}
+
+// What stands before a mark and behind it; nothing behind it without one.
+std::pair<std::string, std::optional<std::string>> splitAt(const std::string& text, char mark,
+                                                           std::size_t from = 0)
+{
+    const std::size_t at = text.find(mark, from);
+    if (at == std::string::npos) {
+        return {text, std::nullopt};
+    }
+    return {text.substr(0, at), text.substr(at + 1)};
 }
 
 // Turns what is wrong with a text into CLI11's complaint about its option.
@@ -185,18 +208,28 @@ TraceLevel parseTraceLevel(const std::string& text)
 
 zyr_simulation::Fault parseFault(const std::string& text)
 {
-    static const std::regex form(R"((\w+)\.(\w+)(?:@(\d+))?=(0x[0-9a-fA-F]+|\d+)(?:x(\d+))?)");
-    std::smatch part;
-    if (!std::regex_match(text, part, form)) {
+    const std::size_t sign = text.find('=');
+    const auto [names, channel] = splitAt(text.substr(0, sign), '@');
+    const auto [collaborator, operation] = splitAt(names, '.');
+    const std::string outcome = sign == std::string::npos ? "" : text.substr(sign + 1);
+    const bool isHexadecimal = outcome.starts_with("0x");
+    const auto [code, times] = splitAt(outcome, 'x', isHexadecimal ? 2 : 0);
+    const bool isRight = isMadeOf(collaborator, kWordCharacters) &&
+                         isMadeOf(operation.value_or(""), kWordCharacters) &&
+                         isMadeOf(channel.value_or("0"), kDigits) &&
+                         isMadeOf(std::string_view(code).substr(isHexadecimal ? 2 : 0),
+                                  isHexadecimal ? kHexadecimalDigits : kDigits) &&
+                         isMadeOf(times.value_or("1"), kDigits);
+    if (!isRight) {
         throw std::invalid_argument(text + ": it takes COLLABORATOR.OPERATION[@CHANNEL]=CODE[xTIMES], as in "
                                            "IAcmHandler.enableAcm@1=0x8000x3");
     }
     zyr_simulation::Fault fault;
-    fault.collaborator = part[1];
-    fault.operation = part[2];
-    fault.channel = part[3].matched ? numberIn<unsigned>(text, part[3]) : 0;
-    fault.code = codeIn(text, part[4]);
-    fault.count = part[5].matched ? numberIn<unsigned>(text, part[5]) : 1;
+    fault.collaborator = collaborator;
+    fault.operation = operation.value_or("");
+    fault.channel = numberIn<unsigned>(text, channel.value_or("0"));
+    fault.code = codeIn(text, code);
+    fault.count = numberIn<unsigned>(text, times.value_or("1"));
     return fault;
 }
 
