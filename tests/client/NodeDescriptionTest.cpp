@@ -1,5 +1,5 @@
 #include "Descriptions.h"
-#include "Failure.h"
+#include "Refusal.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +9,9 @@ namespace zyr_ctl
 namespace
 {
 
-std::string protocolFailureOf(const char* json)
+std::string protocolFailureOf(const std::string& json)
 {
-    try {
-        readCommands(Value::parse(json));
-    } catch (const Failure& failure) {
-        EXPECT_EQ(static_cast<int>(failure.status()), 5);
-        return failure.what();
-    }
-    ADD_FAILURE() << "it was taken";
-    return {};
+    return test::refusalOf([&] { readCommands(Value::parse(json)); }, ExitStatus::Protocol);
 }
 
 TEST(NodeDescription, IsReadWhole)
@@ -60,12 +53,15 @@ TEST(NodeDescription, OfUnknownTypesPasses)
 TEST(NodeDescription, ThatIsNoneIsAProtocolFailure)
 {
     EXPECT_EQ(protocolFailureOf("5"), "the node's description of its commands has no array of methods");
+    EXPECT_EQ(protocolFailureOf(R"({"methods":[{"name":"A","request":[
+                  {"name":"x\u001b","type":"int","minimum":2,"maximum":1}]}]})"),
+              "the node describes a field that no number fits: \"x\\x1b\"");
     for (const std::string methods :
          {"[5]", "[{}]", R"([{"name":5}])", R"([{"name":"A","request":[{"name":"x"}]}])",
           R"([{"name":"A","faults":[{}]}])"}) {
         const std::string json = R"({"methods":)" + methods + "}";
-        EXPECT_EQ(protocolFailureOf(json.c_str())
-                      .rfind("the node describes a command in a way that this program does not know: ", 0),
+        EXPECT_EQ(protocolFailureOf(json).rfind(
+                      "the node describes a command in a way that this program does not know: ", 0),
                   0U)
             << json;
     }

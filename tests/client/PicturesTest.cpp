@@ -41,6 +41,12 @@ TEST(SparklineTest, DrawsEqualNumbersAsLowBarsAndNothingForNone)
     EXPECT_EQ(zyr_ctl::sparkline({}), "");
 }
 
+TEST(SparklineTest, TakesAnyNumbers)
+{
+    EXPECT_EQ(zyr_ctl::sparkline(std::vector<std::int64_t>{INT64_MIN, 0, INT64_MAX}), "▁▄█");
+    EXPECT_EQ(zyr_ctl::sparkline(std::vector<std::int64_t>{INT64_MAX, INT64_MAX}), "▁▁");
+}
+
 TEST(StatusPictureTest, ShowsWhatATechnicianLooksFor)
 {
     const Value status{{"TXActualStatus", "On"},
@@ -290,6 +296,21 @@ Gain          -
 path       level  error
 main       -1200  E
 diversity      -  -
+)");
+}
+
+TEST(CombinerPictureTest, HasAFullBarForLevelsThatNoReceiverHas)
+{
+    EXPECT_EQ(joined(zyr_ctl::combinerPicture(
+                  1, {{"sdcInputPowerMain", INT64_MAX}, {"sdcInputPowerDiversity", INT64_MIN}}, {})),
+              R"(
+Radio channel 1, combiner -
+Calibration   -, delay -
+Path in use   -
+Gain          -
+path                      level  error
+main        9223372036854775807      -  ############################################################
+diversity  -9223372036854775808      -
 )");
 }
 

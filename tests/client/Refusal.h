@@ -9,14 +9,14 @@
 namespace zyr_ctl::test
 {
 
-/// The text with which something is refused as wrong usage.
+/// The text with which something is refused.
 template <class Action>
-std::string refusalOf(Action action)
+std::string refusalOf(Action action, ExitStatus expected = ExitStatus::Usage)
 {
     try {
         action();
     } catch (const Failure& failure) {
-        EXPECT_EQ(static_cast<int>(failure.status()), 2);
+        EXPECT_EQ(static_cast<int>(failure.status()), static_cast<int>(expected));
         return failure.what();
     }
     ADD_FAILURE() << "it was not refused";

@@ -1,6 +1,7 @@
 #include "Spectrum.h"
 
 #include "Joined.h"
+#include "Refusal.h"
 
 #include <gtest/gtest.h>
 
@@ -159,6 +160,25 @@ TEST(SpectrumPictureTest, LetsNothingSteerTheTerminal)
 {
     EXPECT_EQ(joined(zyr_ctl::spectrumPicture(1, Value{{"Status", "\x1b[2J"}}, {})),
               "\nRadio channel 1, \\x1b[2J, 0 points\n");
+}
+
+TEST(SpectrumPictureTest, RefusesNumbersThatNoReceiverCanHave)
+{
+    const auto withLevel = [](std::int64_t level) {
+        return Value{{"Result", {{{"Frequency", 1000}, {"Rssi", level}}}}};
+    };
+    const auto refusal = [](const Value& answer) {
+        return zyr_ctl::test::refusalOf([&] { zyr_ctl::spectrumPicture(1, answer, {}); },
+                                        zyr_ctl::ExitStatus::Protocol);
+    };
+    EXPECT_EQ(zyr_ctl::pointsOf(withLevel(INT32_MAX)).at(0).level_dBmTenths, INT32_MAX);
+    EXPECT_EQ(zyr_ctl::pointsOf(withLevel(INT32_MIN)).at(0).level_dBmTenths, INT32_MIN);
+    EXPECT_EQ(refusal(withLevel(INT32_MAX + std::int64_t{1})),
+              "the node answers with a Rssi of 2147483648, which no receiver can have");
+    EXPECT_EQ(refusal(withLevel(INT32_MIN - std::int64_t{1})),
+              "the node answers with a Rssi of -2147483649, which no receiver can have");
+    EXPECT_EQ(refusal({{"Result", {{{"Frequency", INT64_MAX}}}}}),
+              "the node answers with a Frequency of 9223372036854775807, which no receiver can have");
 }
 
 TEST(SpectrumCsvTest, HasAHeadingAndALineForEachPoint)

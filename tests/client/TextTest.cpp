@@ -39,6 +39,13 @@ TEST(Suggestion, NamesTheNearestFirst)
     EXPECT_EQ(didYouMean("nothing", names), "");
 }
 
+TEST(Json, EscapesAllThatCouldSteerATerminal)
+{
+    EXPECT_EQ(compactJson("a\x1b\x7F\xC2\x80\xC2\x9F\xC2\xA0\xC3\x9F"),
+              "\"a\\u001b\\u007f\\u0080\\u009f\xC2\xA0\xC3\x9F\"");
+    EXPECT_EQ(indentedJson({{"\x7F", 1}}), "{\n  \"\\u007f\": 1\n}");
+}
+
 TEST(Failure, HasAJsonForm)
 {
     EXPECT_EQ(compactJson(Failure(ExitStatus::Fault, "no", 4).json()),

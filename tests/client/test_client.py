@@ -119,6 +119,8 @@ class List(NodeTest):
 
     def test_tells_on_standard_error_when_nothing_fits(self):
         self.assertEqual(self.run_with_node("list", "nix"), (0, "", 'zyrctl: no command fits "nix"\n'))
+        self.assertEqual(self.run_with_node("list", "\x1b[2J"),
+                         (0, "", 'zyrctl: no command fits "\\x1b[2J"\n'))
 
     def test_shows_undescribed_methods_with_all(self):
         self.assertEqual(self.run_with_node("list", "--all", "sim"), (0, "SIM.GetState  Reads the state.\n", ""))
@@ -295,6 +297,12 @@ class Acm(NodeTest):
         self.assertEqual((status, json.loads(out)), (0, {
             "CRI.GetAcmMode": self.MODE, "CRI.GetRadioChannelStatus": self.STATUS,
             "TI.GetAcmThresholds": self.THRESHOLDS}))
+
+    def test_answer_of_other_types_is_a_protocol_error(self):
+        self.node.answers["TI.GetAcmThresholds"] = [{"thresholds": [{"threshold": "high"}]}]
+        status, out, err = self.run_with_node("acm")
+        self.assertEqual((status, out), (5, ""))
+        self.assertTrue(err.startswith("zyrctl: the node answers in a way that this program does not know: "), err)
 
     def test_passes_other_faults_on(self):
         self.node.answers["CRI.GetAcmMode"] = [xmlrpc.client.Fault(2, "RadioChannelID out of bounds")]

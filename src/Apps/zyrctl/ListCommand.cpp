@@ -102,7 +102,7 @@ void runList(Session& session, const ListOptions& options)
     session.show(listJson(commands, options.test),
                  options.test ? groupedLines(commands) : listLines(commands, " [test]"));
     if (commands.empty() && !session.settings.json) {
-        session.console.remark("zyrctl: no command fits " + inQuotes(options.pattern));
+        session.console.remark("zyrctl: no command fits " + inQuotes(printable(options.pattern)));
     }
 }
 

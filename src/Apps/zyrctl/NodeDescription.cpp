@@ -1,6 +1,7 @@
 #include "NodeDescription.h"
 
 #include "Failure.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <array>
@@ -56,6 +57,10 @@ FieldDescription readField(const Value& description)
     field.type = typeOf(description.at("type").get<std::string>());
     field.minimum = description.value("minimum", field.minimum);
     field.maximum = description.value("maximum", field.maximum);
+    if (field.minimum > field.maximum) {
+        throw Failure(ExitStatus::Protocol,
+                      "the node describes a field that no number fits: " + inQuotes(printable(field.name)));
+    }
     field.texts = readRows(description, "texts");
     field.form = description.value("form", "");
     field.values = description.value("values", std::vector<std::string>());

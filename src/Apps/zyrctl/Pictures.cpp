@@ -258,11 +258,13 @@ std::string levelBar(const Value& record, const char* name)
 {
     constexpr std::int64_t kNoLevel = -990;
     constexpr std::int64_t kUnitsPerMark = 20;
+    constexpr std::int64_t kFullBar = kNoLevel + 60 * kUnitsPerMark;
     const auto found = record.find(name);
     const bool isNumber = found != record.end() && found->is_number_integer();
-    const std::int64_t above = isNumber ? found->get<std::int64_t>() - kNoLevel : 0;
+    const std::int64_t level =
+        std::clamp(isNumber ? found->get<std::int64_t>() : kNoLevel, kNoLevel, kFullBar);
     std::string bar;
-    bar.assign(static_cast<std::size_t>(std::clamp<std::int64_t>(above / kUnitsPerMark, 0, 60)), '#');
+    bar.assign(static_cast<std::size_t>((level - kNoLevel) / kUnitsPerMark), '#');
     return bar;
 }
 
@@ -293,11 +295,14 @@ std::string sparkline(std::span<const std::int64_t> numbers)
     if (numbers.empty()) {
         return {};
     }
-    const auto [lowest, highest] = std::ranges::minmax(numbers);
-    const std::int64_t span = std::max<std::int64_t>(highest - lowest, 1);
+    // A node can send any numbers: their differences may be too big for integers.
+    const auto [least, most] = std::ranges::minmax(numbers);
+    const auto lowest = static_cast<double>(least);
+    const double span = std::max(static_cast<double>(most) - lowest, 1.0);
+    constexpr auto highestBar = static_cast<double>(kBars.size() - 1);
     std::string line;
     for (const std::int64_t number : numbers) {
-        const auto bar = (number - lowest) * static_cast<std::int64_t>(kBars.size() - 1) / span;
+        const double bar = (static_cast<double>(number) - lowest) * highestBar / span;
         line += kBars[static_cast<std::size_t>(bar)];
     }
     return line;

@@ -1,5 +1,6 @@
 #include "Spectrum.h"
 
+#include "Failure.h"
 #include "Measure.h"
 #include "Text.h"
 
@@ -173,13 +174,24 @@ void addPeaks(std::vector<Line>& lines, std::span<const SpectrumPoint> points)
     }
 }
 
+// What can be calculated with.
+std::int64_t measuredNumber(const Value& record, const char* name)
+{
+    const std::int64_t number = record.value(name, std::int64_t{0});
+    if (number < INT32_MIN || number > INT32_MAX) {
+        throw Failure(ExitStatus::Protocol, std::string("the node answers with a ") + name + " of " +
+                                                std::to_string(number) + ", which no receiver can have");
+    }
+    return number;
+}
+
 } // namespace
 
 std::vector<SpectrumPoint> pointsOf(const Value& answer)
 {
     std::vector<SpectrumPoint> points;
     for (const Value& record : answer.value("Result", Value::array())) {
-        points.push_back({record.value("Frequency", std::int64_t{0}), record.value("Rssi", std::int64_t{0})});
+        points.push_back({measuredNumber(record, "Frequency"), measuredNumber(record, "Rssi")});
     }
     return points;
 }

@@ -37,6 +37,8 @@ struct SpectrumStyle
 };
 
 /// The points of an answer of "CRI.GetSpectrumDiagnostics".
+/// @throws Failure (protocol), as the functions below that take an answer do, if a number is none that a
+/// receiver can have
 std::vector<SpectrumPoint> pointsOf(const Value& answer);
 
 /// The ten highest peaks, in the order of their frequencies. The noise is what a quarter of the points lie

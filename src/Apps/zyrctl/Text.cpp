@@ -13,6 +13,8 @@ namespace zyr_ctl
 namespace
 {
 
+constexpr char kDelete = '\x7F';
+
 std::string joined(const std::vector<std::string>& words, std::string_view lastSeparator)
 {
     std::string text;
@@ -28,6 +30,11 @@ std::string hexEscape(unsigned char byte)
 {
     constexpr std::string_view digits = "0123456789abcdef";
     return {'\\', 'x', digits[byte >> 4U], digits[byte & 0xFU]};
+}
+
+std::string unicodeEscape(char c)
+{
+    return "\\u00" + hexEscape(static_cast<unsigned char>(c)).substr(2);
 }
 
 std::string escapeOf(char c)
@@ -51,7 +58,7 @@ bool isFirstByte(char c)
 
 bool isControl(char c)
 {
-    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    return static_cast<unsigned char>(c) < 0x20 || c == kDelete;
 }
 
 // U+0080 to U+009F, which some terminals obey like escape sequences: C2 80 to C2 9F.
@@ -69,9 +76,21 @@ std::string nowAs(const char* form)
     return {text.data(), std::strftime(text.data(), text.size(), form, &local)};
 }
 
+// JSON escapes the low control characters alone; the others would reach a terminal too.
 std::string dumped(const Value& value, int indent)
 {
-    return value.dump(indent, ' ', false, Value::error_handler_t::replace);
+    const std::string json = value.dump(indent, ' ', false, Value::error_handler_t::replace);
+    std::string shown;
+    for (std::size_t index = 0; index < json.size(); ++index) {
+        if (isHighControl(std::string_view(json).substr(index))) {
+            shown += unicodeEscape(json[++index]);
+        } else if (json[index] == kDelete) {
+            shown += unicodeEscape(kDelete);
+        } else {
+            shown += json[index];
+        }
+    }
+    return shown;
 }
 
 } // namespace

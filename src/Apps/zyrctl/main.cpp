@@ -59,6 +59,12 @@ ExitStatus run(CLI::App& app, Session& session, int argc, char** argv)
     } catch (const Failure& failure) {
         session.console.report(failure, session.settings.json);
         return failure.status();
+    } catch (const Value::exception& error) { // a member of another type than commands have
+        const Failure failure(ExitStatus::Protocol,
+                              std::string("the node answers in a way that this program does not know: ") +
+                                  error.what());
+        session.console.report(failure, session.settings.json);
+        return failure.status();
     }
 }
 
