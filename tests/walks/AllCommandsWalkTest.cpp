@@ -7,21 +7,14 @@
 #include "Publication.h"
 #include "RandomCalls.h"
 #include "ServiceInForce.h"
-#include "SimulatedNode.h"
 #include "StoredVariables.h"
 #include "TraceService.h"
-#include "VirtualTime.h"
-#include "ZyrApiHandler.h"
+#include "WalkOnNode.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
-#include <iterator>
 #include <list>
-#include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,50 +26,15 @@ namespace
 {
 
 using zyr_registration::CommandEntry;
+using zyr_test::AllCommands;
 using zyr_test::Chance;
 using zyr_test::RandomCalls;
 using zyr_test::Request;
-using zyr_top_api::ZyrApiHandler;
 
 // Calls on one node; then comes another one.
 constexpr unsigned kCallsOnANode = 250;
-constexpr TylTraceLevel kHighestTraceLevel = 7;
 // So many of them come to each exception that may leave a command.
 constexpr unsigned kCallsThatSeeAll = 100'000;
-
-// All commands, in the dispatcher's table as far as they belong there, with the gate open.
-class AllCommands
-{
-  public:
-    // An initialisation may fail: then the command stands as it is.
-    explicit AllCommands(unsigned numberOfChannels)
-    {
-        for (const CommandEntry& command : zyr_registration::allCommands()) {
-            m_live.push_back(command.create());
-            command.initialize(m_live.back().implementation.get(), numberOfChannels);
-            if (!command.isDirect()) {
-                ZyrApiHandler::m_cmds.push_back(m_live.back().wrapper);
-            }
-        }
-        ZyrApiHandler::setTiEnabled(true);
-    }
-    ~AllCommands()
-    {
-        ZyrApiHandler::setTiEnabled(false);
-        ZyrApiHandler::m_cmds.clear();
-    }
-    AllCommands(const AllCommands&) = delete;
-    AllCommands& operator=(const AllCommands&) = delete;
-
-    void* implementation(const CommandEntry& command) const
-    {
-        return m_live[static_cast<std::size_t>(&command - zyr_registration::allCommands().data())]
-            .implementation.get();
-    }
-
-  private:
-    std::vector<zyr_registration::LiveCommand> m_live;
-};
 
 // One command after the other, until the walk is through or something is wrong.
 template <class Step>
@@ -87,8 +45,7 @@ void walk(Chance& chance, const Step& step)
     for (unsigned call = 1; call <= calls && !testing::Test::HasFailure(); ++call) {
         const CommandEntry& command = chance.oneOf(commands);
         SCOPED_TRACE("call " + std::to_string(call) + ", " + std::string(command.name()));
-        const auto level = static_cast<TylTraceLevel>(chance.number(0, kHighestTraceLevel));
-        zyr_platform::TraceService::get().setLevel("*", chance.oneIn(4) ? level : 0);
+        zyr_test::setAnyTraceLevel(chance);
         step(call, command);
     }
     zyr_platform::TraceService::get().resetLevels();
@@ -186,102 +143,20 @@ TEST_F(AllCommandsOnDoublesWalkTest, NothingButTheKnownExceptionsLeavesACommand)
 class AllCommandsOnTheNodeWalkTest : public testing::Test
 {
   protected:
-    // Another node, and new commands on it.
-    void renew()
-    {
-        commands.reset();
-        node.reset();
-        zyr_simulation::SimulatedNodeOptions options;
-        options.seed = static_cast<std::uint32_t>(chance.number(1, 1000));
-        options.radioType = static_cast<unsigned>(chance.number(1, 3));
-        options.channels = chance.oneIn(5) ? 1 : 2;
-        channels = options.channels;
-        node.emplace(options, time);
-        operations = node->faults().operations();
-        commands.emplace(options.channels);
-        configure();
-    }
-
-    // Most commands do little on a node without configured channels.
-    void configure()
-    {
-        const CommandEntry& command = *zyr_registration::findCommand("CRI.SetRadioChannelNearEnd");
-        for (int attempt = 0; attempt < 3; ++attempt) {
-            calls.call(command, commands->implementation(command), channels, Request::Example);
-        }
-    }
-
-    void injectFault()
-    {
-        auto collaborator = operations.begin();
-        std::advance(collaborator, chance.number(0, static_cast<std::int64_t>(operations.size()) - 1));
-        if (node->faults().list().size() > kMostOrders) {
-            node->faults().clear();
-        }
-        node->faults().inject({collaborator->first, chance.oneOf(collaborator->second), 0, chance.code(),
-                               static_cast<unsigned>(chance.number(1, 3))});
-    }
-
-    void changeCircumstances()
-    {
-        const auto channel = static_cast<unsigned>(chance.number(1, channels));
-        switch (chance.number(1, 9)) {
-        case 1:
-            return node->setCarrierAggregation(chance.oneIn(2));
-        case 2:
-            return node->setDuplexType(static_cast<std::uint32_t>(chance.number(0, 2)));
-        case 3:
-            return node->setLongHaul(chance.oneIn(2));
-        case 4:
-            return node->setTwoTransmitters(chance.oneIn(2));
-        case 5:
-            return node->setConfigurationBypassed(chance.oneIn(4));
-        case 6:
-            return node->setPathLoss_dBTenths(static_cast<std::int32_t>(chance.number(0, 2000)));
-        case 7:
-            return node->setFarEndTransmits(!chance.oneIn(4));
-        case 8:
-            return node->setRadioAvailable(channel, !chance.oneIn(4));
-        default:
-            return node->setXpicCableConnected(channel, chance.oneIn(2));
-        }
-    }
-
-    void step(unsigned call, const CommandEntry& command)
-    {
-        if (call % kCallsOnANode == 1) {
-            renew();
-        }
-        if (chance.oneIn(3)) {
-            injectFault();
-        }
-        if (chance.oneIn(10)) {
-            changeCircumstances();
-        }
-        if (command.notes.isLongPoll) { // it would wait
-            node->faults().inject({"IAlarmHandlerTopApi", "getFastAlarms", 0, chance.code(), 1});
-        }
-        calls.call(command, commands->implementation(command), channels,
-                   chance.oneIn(4) ? Request::Example : Request::Random);
-        time.advance(std::chrono::milliseconds(chance.number(0, 500)));
-    }
-
-    static constexpr std::size_t kMostOrders = 100;
-
     Chance chance{2};
-    unsigned channels = 2;
-    zyr_platform::VirtualTime time;
-    std::optional<zyr_simulation::SimulatedNode> node;
-    std::map<std::string, std::vector<std::string>, std::less<>> operations;
-    std::optional<AllCommands> commands;
-    RandomCalls calls{chance};
+    zyr_test::WalkOnNode steps{chance};
 };
 
 TEST_F(AllCommandsOnTheNodeWalkTest, NothingButTheKnownExceptionsLeavesACommand)
 {
-    walk(chance, [&](unsigned call, const CommandEntry& command) { step(call, command); });
-    EXPECT_EQ(calls.surprises(), "");
-    EXPECT_EQ(calls.neverSucceeded(), "");
+    walk(chance, [&](unsigned call, const CommandEntry& command) {
+        if (call % kCallsOnANode == 1) {
+            steps.renew();
+        }
+        steps.step(command);
+    });
+    EXPECT_EQ(steps.calls().surprises(), "");
+    EXPECT_EQ(steps.calls().neverSucceeded(), "");
 }
 
 } // namespace

@@ -292,6 +292,19 @@ class RandomExchange : public Exchange
 
 } // namespace
 
+// As many bytes as the range takes, so that a byte more or less changes little of what follows.
+std::int64_t Chance::told(std::int64_t least, std::int64_t most)
+{
+    const std::uint64_t range = static_cast<std::uint64_t>(most) - static_cast<std::uint64_t>(least);
+    std::uint64_t number = 0;
+    for (std::uint64_t rest = range; rest > 0 && !m_bytes->empty(); rest >>= 8U) {
+        number = number << 8U | static_cast<unsigned char>(m_bytes->front());
+        m_bytes->remove_prefix(1);
+    }
+    const std::uint64_t offset = range == UINT64_MAX ? number : number % (range + 1);
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(least) + offset);
+}
+
 std::uint32_t Chance::code()
 {
     constexpr std::array<std::uint32_t, 14> special{0,      1,      0x1000, 0x1001,    0x1003,

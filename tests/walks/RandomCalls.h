@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <random>
 #include <set>
 #include <span>
@@ -19,11 +20,17 @@ class Chance
   public:
     explicit Chance(unsigned seed) : m_random(seed) {}
 
+    /// What bytes say, one behind the other; behind their end it is always the least number.
+    explicit Chance(std::string_view bytes) : m_bytes(bytes) {}
+
     /// A number from `least` to `most`, both included.
     std::int64_t number(std::int64_t least, std::int64_t most)
     {
-        return std::uniform_int_distribution(least, most)(m_random);
+        return m_bytes ? told(least, most) : std::uniform_int_distribution(least, most)(m_random);
     }
+
+    /// Whether the bytes are at their end.
+    bool isOver() const { return m_bytes && m_bytes->empty(); }
 
     bool oneIn(unsigned many) { return number(1, many) == 1; }
 
@@ -38,7 +45,10 @@ class Chance
     std::uint32_t code();
 
   private:
+    std::int64_t told(std::int64_t least, std::int64_t most);
+
     std::mt19937 m_random;
+    std::optional<std::string_view> m_bytes;
 };
 
 /// How many calls a walk makes: what the environment variable `ZYR_WALK_CALLS` says, else 10 000.
