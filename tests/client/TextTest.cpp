@@ -215,11 +215,29 @@ TEST(CommandLine, HasCallPutInForTheShortForm)
 
 TEST(CommandLine, TakesANumberBehindWatchForItsSeconds)
 {
-    EXPECT_EQ(withJoinedNumbers({"status", "--watch", "0.5", "1"}), (Words{"status", "--watch=0.5", "1"}));
-    EXPECT_EQ(withJoinedNumbers({"--watch", ".5"}), (Words{"--watch=0.5"}));
-    EXPECT_EQ(withJoinedNumbers({"--watch=.5"}), (Words{"--watch=0.5"}));
-    EXPECT_EQ(withJoinedNumbers({"--watch", "CRI.X"}), (Words{"--watch", "CRI.X"}));
-    EXPECT_EQ(withJoinedNumbers({"--count", "5", "--watch"}), (Words{"--count", "5", "--watch"}));
+    const CLI::App app;
+    EXPECT_EQ(withJoinedNumbers(app, {"status", "--watch", "0.5", "1"}),
+              (Words{"status", "--watch=0.5", "1"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"--watch", ".5"}), (Words{"--watch=0.5"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"--watch=.5"}), (Words{"--watch=0.5"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"--watch", "CRI.X"}), (Words{"--watch", "CRI.X"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"--count", "5", "--watch"}), (Words{"--count", "5", "--watch"}));
+}
+
+TEST(CommandLine, TakesANumberBehindWaitForItsSecondsUnlessItIsTheOnlyOne)
+{
+    CLI::App app;
+    double number = 0;
+    app.add_option("--timeout", number);
+    app.add_subcommand("call");
+    EXPECT_EQ(withJoinedNumbers(app, {"restart", "1", "--wait", "30"}), (Words{"restart", "1", "--wait=30"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"restart", "--wait", ".5", "1"}),
+              (Words{"restart", "--wait=0.5", "1"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"restart", "--wait", "1"}), (Words{"restart", "--wait", "1"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"--timeout", "5", "restart", "--wait", "1"}),
+              (Words{"--timeout", "5", "restart", "--wait", "1"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"recover", "--wait", "30"}), (Words{"recover", "--wait=30"}));
+    EXPECT_EQ(withJoinedNumbers(app, {"recover", "--wait", "--yes"}), (Words{"recover", "--wait", "--yes"}));
 }
 
 TEST(CommandLine, KeepsListsWhole)

@@ -604,6 +604,19 @@ class Restart(NodeTest):
             "zyrctl: the restart of the radio unit of channel 2 has not ended in time; it goes on in the node, and "
             "zyrctl restart 2 --wait waits for its end\n")))
 
+    def test_takes_the_limit_with_a_blank_or_without_and_in_parts_of_a_second(self):
+        for words in (["2", "--wait", "0.1"], ["--wait", ".1", "2"], ["2", "--wait=.1"]):
+            self.answer(self.IDLE, self.RESTARTING)
+            begin = time.monotonic()
+            self.assertEqual(self.run_with_node("restart", *words, "--yes")[0], 4)
+            self.assertGreaterEqual(time.monotonic() - begin, 0.1)
+        # The one number is the channel.
+        self.answer(self.IDLE, self.RESTARTING, self.SUCCESSFUL, self.IDLE)
+        self.assertEqual(self.run_with_node("restart", "--wait", "2", "--yes"),
+                         (0, "the radio unit of channel 2 has restarted\n", ""))
+        self.assertEqual(self.run_with_node("restart", "2", "--wait", "86401"), (
+            2, "", 'zyrctl: --wait: "86401" is not a number from 0 to 86400\n'))
+
     def test_interrupt_leaves_the_restart_to_the_node_and_says_so(self):
         self.answer(self.IDLE, self.RESTARTING)
         status, out = run_on_terminal("restart", "2", "--wait", "--yes", url=self.node.url, typed="\x03",
@@ -644,6 +657,10 @@ class Recover(NodeTest):
         self.answer([self.down(2)], [self.RECOVERING, self.down(1)], [self.down(1, False), self.down(2)])
         self.assertEqual(self.run_with_node("recover", "--wait", "--yes"), (0, "the DSP has recovered\n", ""))
         self.assertEqual(self.node.calls, [self.ASK, self.START, self.ASK, self.ASK, self.ASK])
+
+    def test_gives_up_behind_the_limit(self):
+        self.answer([], [self.RECOVERING])
+        self.assertEqual(self.run_with_node("recover", "--wait", "0.1", "--yes")[0], 4)
 
     def test_only_starts_without_wait(self):
         self.answer([])

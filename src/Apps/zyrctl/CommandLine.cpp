@@ -25,6 +25,12 @@ bool takesNextWord(const CLI::App& app, const std::string& word)
     return option != nullptr && option->get_expected_max() != 0;
 }
 
+bool isNumber(const std::string& word)
+{
+    double number = 0;
+    return CLI::detail::lexical_cast(word, number);
+}
+
 bool isSubcommand(const CLI::App& app, const std::string& word)
 {
     const auto all =
@@ -34,17 +40,31 @@ bool isSubcommand(const CLI::App& app, const std::string& word)
 
 } // namespace
 
-std::vector<std::string> withJoinedNumbers(std::vector<std::string> words)
+std::vector<std::string> withJoinedNumbers(const CLI::App& app, std::vector<std::string> words)
 {
+    // "restart --wait 2" names the channel, which cannot be left out.
+    const auto isItsOnlyArgument = [&](std::size_t place) {
+        if (std::ranges::find(words, "restart") == words.end()) {
+            return false;
+        }
+        for (std::size_t index = 0; index < words.size(); ++index) {
+            const bool isOptions = index > 0 && takesNextWord(app, words[index - 1]);
+            if (index != place && isNumber(words[index]) && !isOptions) {
+                return false;
+            }
+        }
+        return true;
+    };
     for (std::size_t index = 0; index + 1 < words.size(); ++index) {
-        double number = 0;
-        if (words[index] == "--watch" && CLI::detail::lexical_cast(words[index + 1], number)) {
+        const bool takes =
+            words[index] == "--watch" || (words[index] == "--wait" && !isItsOnlyArgument(index + 1));
+        if (takes && isNumber(words[index + 1])) {
             words[index] += "=" + words[index + 1];
             words.erase(words.begin() + static_cast<std::ptrdiff_t>(index) + 1);
         }
     }
     for (std::string& word : words) {
-        if (word.starts_with("--watch=.")) {
+        if (word.starts_with("--watch=.") || word.starts_with("--wait=.")) {
             word.insert(word.find('.'), "0"); // ".5" is no number of an option
         }
     }

@@ -10,8 +10,9 @@
 namespace zyr_ctl
 {
 
-/// Makes one word of --watch and a number behind it, since the number may also be left out.
-std::vector<std::string> withJoinedNumbers(std::vector<std::string> words);
+/// Makes one word of --watch or --wait and a number behind it, since the number may also be left out. What
+/// could be the channel of a restart is joined only if there is another number.
+std::vector<std::string> withJoinedNumbers(const CLI::App& app, std::vector<std::string> words);
 
 /// Puts "call" before the words if the first that is no option is no subcommand: the short form.
 std::vector<std::string> withCallSubcommand(const CLI::App& app, std::vector<std::string> words);

@@ -1,6 +1,7 @@
 // restart and recover: what takes the node a while, from the start to how it went.
 
 #include "Failure.h"
+#include "Limits.h"
 #include "StopSignals.h"
 #include "Subcommands.h"
 
@@ -215,9 +216,9 @@ CLI::App* addSubcommand(CLI::App& app, const char* name, const char* help, Resta
     CLI::App* const subcommand = app.add_subcommand(name, help);
     options.wait = subcommand
                        ->add_flag("--wait{60}", options.limit,
-                                  "Wait for its end, for 60 or --wait=SECONDS, and tell how it went: "
+                                  "Wait for its end, for 60 or --wait SECONDS, and tell how it went: "
                                   "exit status 1 if it failed")
-                       ->check(CLI::Range(0.0, 86400.0));
+                       ->check(secondsOfADay());
     subcommand->add_flag("--yes", options.yes, "Do not ask whether traffic may be disturbed");
     return subcommand;
 }

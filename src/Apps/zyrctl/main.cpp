@@ -41,7 +41,7 @@ void addSettings(CLI::App& app, Settings& settings)
 ExitStatus run(CLI::App& app, Session& session, int argc, char** argv)
 {
     const std::vector<std::string> words =
-        withWholeLists(app, withCallSubcommand(app, withJoinedNumbers({argv + 1, argv + argc})));
+        withWholeLists(app, withCallSubcommand(app, withJoinedNumbers(app, {argv + 1, argv + argc})));
     hideSecrets(argc, argv);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
