@@ -109,7 +109,6 @@ SimulatedNode::SimulatedNode(const SimulatedNodeOptions& options, zyr_platform::
         m_clocks.emplace(*m_state);
     }
     m_startUp.emplace(options.startUp);
-    m_state->start();
 }
 
 SimulatedNode::~SimulatedNode()
@@ -178,7 +177,7 @@ void SimulatedNode::addDrivers(unsigned number)
         const std::scoped_lock lock(state->mutex);
         state->settle();
         work(state->channel(number).xpic);
-        state->settle();
+        state->settleAnew();
         return 0;
     };
     const std::string start = "channel." + std::to_string(number) + ".xpic.";
@@ -221,7 +220,7 @@ void SimulatedNode::addClosingPhase()
         }
         const std::scoped_lock lock(state->mutex);
         state->channel(channel).closingPhasesRun = true;
-        state->settle();
+        state->settleAnew();
         return 0;
     };
     m_closingPhase = zyr_platform::ModuleManager::get().registerPhase(kClosingGroup, "simulated channel",
@@ -268,7 +267,7 @@ void SimulatedNode::set(Value SimulatedNodeOptions::*setting, Value value)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->settings.*setting = value;
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::setCarrierAggregation(bool active)
@@ -336,7 +335,7 @@ void SimulatedNode::addInterferer(const Interferer& interferer)
         throw std::invalid_argument("a node hears at most " + std::to_string(Interferer::kMost) +
                                     " interferers");
     }
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::clearInterferers()
@@ -344,7 +343,7 @@ void SimulatedNode::clearInterferers()
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->interferers.clear();
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::setRadioAvailable(unsigned channel, bool available)
@@ -352,7 +351,7 @@ void SimulatedNode::setRadioAvailable(unsigned channel, bool available)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).radio.isAvailable = available;
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::setFarEndKey(unsigned channel, const std::string& key)
@@ -361,7 +360,7 @@ void SimulatedNode::setFarEndKey(unsigned channel, const std::string& key)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).encryption.farEndKey = print;
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::setPpsSignalPresent(unsigned channel, bool present)
@@ -369,7 +368,7 @@ void SimulatedNode::setPpsSignalPresent(unsigned channel, bool present)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).pps.isSignalPresent = present;
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 void SimulatedNode::setXpicCableConnected(unsigned channel, bool connected)
@@ -377,7 +376,7 @@ void SimulatedNode::setXpicCableConnected(unsigned channel, bool connected)
     const std::scoped_lock lock(m_state->mutex);
     m_state->settle();
     m_state->channel(channel).xpic.isCableConnected = connected;
-    m_state->settle();
+    m_state->settleAnew();
 }
 
 } // namespace zyr_simulation

@@ -49,7 +49,7 @@ EACMHResult SimulatedAcmHandler::setMinMaxModulationAndCode(ModulationAndCoding 
 
 EACMHResult SimulatedAcmHandler::getPhyMode(ModulationAndCoding modulation, unsigned& phyMode)
 {
-    return perform<EACMHResult>("getPhyMode", [&] {
+    return ask<EACMHResult>("getPhyMode", [&] {
         const auto step = ladderStep(modulation);
         if (!step) {
             return eACMH_E_FAILED;
@@ -61,7 +61,7 @@ EACMHResult SimulatedAcmHandler::getPhyMode(ModulationAndCoding modulation, unsi
 
 EACMHResult SimulatedAcmHandler::isFarEndPmaxCapabilityDifferent(const std::map<Modulation, int>& capability)
 {
-    return perform<EACMHResult>("isFarEndPmaxCapabilityDifferent", [&] {
+    return ask<EACMHResult>("isFarEndPmaxCapabilityDifferent", [&] {
         return capability == channel().farEndPmaxCapability ? eACMH_S_OK : eACMH_S_DIFFERENT;
     });
 }
@@ -117,12 +117,12 @@ ETIResult SimulatedAcmHandler::getLowestModulationAndCode(ModulationAndCoding& r
 
 ModulationAndCoding SimulatedAcmHandler::getCurrentTxModulationAndCode() const
 {
-    return locked([&] { return channel().receiver.txModulation; });
+    return read([&] { return channel().receiver.txModulation; });
 }
 
 ModulationAndCoding SimulatedAcmHandler::getCurrentRxModulationAndCode() const
 {
-    return locked([&] { return channel().receiver.rxModulation; });
+    return read([&] { return channel().receiver.rxModulation; });
 }
 
 } // namespace zyr_simulation

@@ -15,7 +15,7 @@ constexpr std::int32_t kOnlyActive = 1;
 
 ResultCode SimulatedAlarmHandler::getAlarms(std::vector<AlarmEvent>& alarms)
 {
-    return perform<ResultCode>("getAlarms", [&] { alarms = node().alarms.all(); });
+    return ask<ResultCode>("getAlarms", [&] { alarms = node().alarms.all(); });
 }
 
 ResultCode SimulatedAlarmHandler::getFastAlarms(std::vector<AlarmEvent>& alarms)
@@ -24,6 +24,7 @@ ResultCode SimulatedAlarmHandler::getFastAlarms(std::vector<AlarmEvent>& alarms)
         return *code;
     }
     std::unique_lock lock(node().mutex);
+    node().settleWhileAwaited();
     if (node().alarms.waitForChange(lock, alarms) == AlarmBoard::WaitResult::Released) {
         return kReleased;
     }
@@ -38,7 +39,7 @@ ResultCode SimulatedAlarmHandler::releaseFastAlarmRequests()
 
 ResultCode SimulatedAlarmHandler::getAlarmsByOption(std::int32_t option, std::vector<AlarmEvent>& alarms)
 {
-    return perform<ResultCode>("getAlarmsByOption", [&] {
+    return ask<ResultCode>("getAlarmsByOption", [&] {
         alarms = option == kOnlyActive ? node().alarms.active() : node().alarms.all();
     });
 }
@@ -50,7 +51,7 @@ ResultCode SimulatedAlarmHandler::setAlarmEvents(const zyr_top_api::TiSetEventsC
 
 unsigned SimulatedAlarmHandler::hangingRequests() const
 {
-    return locked([&] { return node().alarms.waiting(); });
+    return read([&] { return node().alarms.waiting(); });
 }
 
 void SimulatedAlarmHandler::shutdown()

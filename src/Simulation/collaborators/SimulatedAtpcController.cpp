@@ -15,7 +15,7 @@ SimulatedAtpcController::~SimulatedAtpcController() = default;
 
 std::int32_t SimulatedAtpcController::getTargetInputPower()
 {
-    return locked([&] { return channel().transmitter.farEndTarget; });
+    return read([&] { return channel().transmitter.farEndTarget; });
 }
 
 ISpcSimulatedObject* SimulatedAtpcController::getSimulatedObject()
@@ -38,7 +38,7 @@ void SimulatedAtpcController::setGain(unsigned kind, double value)
 
 double SimulatedAtpcController::getGain(unsigned kind)
 {
-    return locked([&] { return channel().spcSimulation.atpcGains[kind]; });
+    return read([&] { return channel().spcSimulation.atpcGains[kind]; });
 }
 
 } // namespace zyr_simulation

@@ -93,12 +93,12 @@ ETIResult SimulatedBasebandSdcController::setChannels(bool mainEnabled, bool div
 
 bool SimulatedBasebandSdcController::isStarted()
 {
-    return locked([&] { return sdc().isStarted; });
+    return read([&] { return sdc().isStarted; });
 }
 
 BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
 {
-    return locked([&] {
+    return read([&] {
         const auto& paths = channel().receiver.diversity;
         const auto xpi = crossPolarDiscrimination_dBTenths(node(), channel());
         BasebandSdcStatusData data;
@@ -118,17 +118,17 @@ BasebandSdcStatusData SimulatedBasebandSdcController::getStatus()
 
 BasebandSdcDadeStatus SimulatedBasebandSdcController::getDadeStatus()
 {
-    return locked([&] { return sdc().dade; });
+    return read([&] { return sdc().dade; });
 }
 
 std::int32_t SimulatedBasebandSdcController::getDadeDelay()
 {
-    return locked([&] { return sdc().isCalibrated ? sdc().mainData - sdc().diversityData : 0; });
+    return read([&] { return sdc().isCalibrated ? sdc().mainData - sdc().diversityData : 0; });
 }
 
 std::uint32_t SimulatedBasebandSdcController::getCalibrationData()
 {
-    return locked([&] {
+    return read([&] {
         return static_cast<std::uint32_t>(sdc().mainData) |
                (static_cast<std::uint32_t>(sdc().diversityData) << 16U);
     });

@@ -12,7 +12,7 @@ using zyr_top_api::ModulationAndCoding;
 
 bool SimulatedCapabilityHandler::isLonghaul()
 {
-    return locked([&] { return node().settings.longHaul; });
+    return read([&] { return node().settings.longHaul; });
 }
 
 bool SimulatedCapabilityHandler::isTapsCapable() const
@@ -22,7 +22,7 @@ bool SimulatedCapabilityHandler::isTapsCapable() const
 
 bool SimulatedCapabilityHandler::isMaxAcmLimitedByHw() const
 {
-    return locked([&] {
+    return read([&] {
         return radioType(node().settings.radioType).greatestInWideFrames != ModulationAndCoding::UNDEFINED;
     });
 }

@@ -20,7 +20,7 @@ ETIResult SimulatedCcdpController::setBar(bool on)
 
 unsigned SimulatedCcdpController::getBar() const
 {
-    return locked([&] { return xpic().isBarred ? 1U : 0U; });
+    return read([&] { return xpic().isBarred ? 1U : 0U; });
 }
 
 ETIResult SimulatedCcdpController::forceXpic(LinkType linkType)
@@ -35,7 +35,7 @@ ETIResult SimulatedCcdpController::xpicMute(bool mute)
 
 ETIResult SimulatedCcdpController::getLinkType(LinkType& linkType) const
 {
-    return perform<ETIResult>("getLinkType", [&] { linkType = xpic().linkType; });
+    return ask<ETIResult>("getLinkType", [&] { linkType = xpic().linkType; });
 }
 
 ETIResult SimulatedCcdpController::setPreamble(XpicMimoPreamble preamble)
@@ -45,7 +45,7 @@ ETIResult SimulatedCcdpController::setPreamble(XpicMimoPreamble preamble)
 
 ETIResult SimulatedCcdpController::getPreamble(XpicMimoPreamble& preamble)
 {
-    return perform<ETIResult>("getPreamble", [&] { preamble = xpic().preamble; });
+    return ask<ETIResult>("getPreamble", [&] { preamble = xpic().preamble; });
 }
 
 ETIResult SimulatedCcdpController::xpicAcquireStart(zyr_top_api::XpicAcquireMode /*mode*/,
@@ -57,7 +57,7 @@ ETIResult SimulatedCcdpController::xpicAcquireStart(zyr_top_api::XpicAcquireMode
 
 ETIResult SimulatedCcdpController::getXpicStatusStruct(XpicStatusStruct& status)
 {
-    return perform<ETIResult>("getXpicStatusStruct", [&] {
+    return ask<ETIResult>("getXpicStatusStruct", [&] {
         const bool isLocked = xpicLock(node(), channel()) == MimoLockStatus::Locked;
         status.xpdDbTenths = isLocked ? crossPolarDiscrimination_dBTenths(node(), channel()) : 0;
         status.slaveCarrierOffsetHz = isLocked ? carrierOffset_Hz(node(), channel()) : 0;
@@ -86,12 +86,12 @@ ETIResult SimulatedCcdpController::stop()
 
 bool SimulatedCcdpController::isStarted()
 {
-    return locked([&] { return xpic().isStarted(); });
+    return read([&] { return xpic().isStarted(); });
 }
 
 ETIResult SimulatedCcdpController::getXpi(int& xpi)
 {
-    return perform<ETIResult>("getXpi", [&] {
+    return ask<ETIResult>("getXpi", [&] {
         const bool isLocked = xpicLock(node(), channel()) == MimoLockStatus::Locked;
         xpi = isLocked ? crossPolarDiscrimination_dBTenths(node(), channel()) : 0;
     });

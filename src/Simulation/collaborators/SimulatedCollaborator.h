@@ -75,6 +75,48 @@ class SimulatedCollaborator : public Interface
     template <class Result, class Work>
     Result perform(Operation operation, Work&& work) const
     {
+        return unlessFaulty<Result>(operation, [&] { return locked(work); });
+    }
+
+    /// As `perform`, for work that changes nothing from which anything else follows.
+    template <class Result, class Work>
+    Result ask(Operation operation, Work&& work) const
+    {
+        return unlessFaulty<Result>(operation, [&] { return read(work); });
+    }
+
+    /// Does work that can't fail in the same way as `perform`.
+    template <class Work>
+    auto locked(Work&& work) const
+    {
+        const std::scoped_lock lock(m_node.mutex);
+        m_node.settle();
+        if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
+            std::forward<Work>(work)();
+            m_node.settleAnew();
+        } else {
+            auto answer = std::forward<Work>(work)();
+            m_node.settleAnew();
+            return answer;
+        }
+    }
+
+    /// Does work that can't fail in the same way as `ask`.
+    template <class Work>
+    auto read(Work&& work) const
+    {
+        const std::scoped_lock lock(m_node.mutex);
+        m_node.settle();
+        return std::forward<Work>(work)();
+    }
+
+    NodeState& node() const { return m_node; }
+    ChannelState& channel() const { return m_node.channel(m_channel); }
+
+  private:
+    template <class Result, class Work>
+    Result unlessFaulty(Operation operation, const Work& work) const
+    {
         if (const auto code = fault(operation)) {
             if constexpr (std::is_same_v<Result, bool>) {
                 return false;
@@ -83,33 +125,13 @@ class SimulatedCollaborator : public Interface
             }
         }
         if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
-            locked(std::forward<Work>(work));
+            work();
             return std::is_same_v<Result, bool> ? static_cast<Result>(true) : Result{};
         } else {
-            return locked(std::forward<Work>(work));
+            return work();
         }
     }
 
-    /// Does work that can't fail in the same way.
-    template <class Work>
-    auto locked(Work&& work) const
-    {
-        const std::scoped_lock lock(m_node.mutex);
-        m_node.settle();
-        if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
-            std::forward<Work>(work)();
-            m_node.settle();
-        } else {
-            auto answer = std::forward<Work>(work)();
-            m_node.settle();
-            return answer;
-        }
-    }
-
-    NodeState& node() const { return m_node; }
-    ChannelState& channel() const { return m_node.channel(m_channel); }
-
-  private:
     NodeState& m_node;
     const unsigned m_channel;
 };

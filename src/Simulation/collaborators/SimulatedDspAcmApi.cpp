@@ -26,7 +26,7 @@ ETIResult SimulatedDspAcmApi::setAcmMode(AcmMode mode, AcmModePosition position)
 
 ETIResult SimulatedDspAcmApi::getAcmMode(AcmMode& mode, AcmModePosition& position)
 {
-    return perform<ETIResult>("getAcmMode", [&] {
+    return ask<ETIResult>("getAcmMode", [&] {
         mode = channel().dsp.acmMode;
         position = channel().dsp.acmModePosition;
     });
@@ -34,7 +34,7 @@ ETIResult SimulatedDspAcmApi::getAcmMode(AcmMode& mode, AcmModePosition& positio
 
 std::vector<AcmThreshold> SimulatedDspAcmApi::getAcmThresholds()
 {
-    return locked([&] { return acmThresholds(channel()); });
+    return read([&] { return acmThresholds(channel()); });
 }
 
 void SimulatedDspAcmApi::injectEnableFailure(unsigned counter)

@@ -35,19 +35,19 @@ void exchange(Action action, Value& value, Value& argument)
 
 bool SimulatedDspChannelApi::isConfigured()
 {
-    return locked([&] { return channel().isConfigured(); });
+    return read([&] { return channel().isConfigured(); });
 }
 
 EDspChannelState SimulatedDspChannelApi::getChannelState()
 {
-    return locked(
+    return read(
         [&] { return node().dsp.isRecovering ? EDspChannelState::Blocked : channel().configuration(); });
 }
 
 ETIResult SimulatedDspChannelApi::getDspTxMode(ModemChain chain, EDspATxMode& mode, int& sweepTime,
                                                int& toneFrequency)
 {
-    return perform<ETIResult>("getDspTxMode", [&] {
+    return ask<ETIResult>("getDspTxMode", [&] {
         const auto& signal = dsp().txSignals[chain];
         mode = signal.mode;
         sweepTime = signal.sweepTime;
@@ -65,7 +65,7 @@ ETIResult SimulatedDspChannelApi::setDspTxMode(ModemChain chain, EDspATxMode mod
 
 ETIResult SimulatedDspChannelApi::getPpfLockStatus(bool& locked)
 {
-    return perform<ETIResult>("getPpfLockStatus", [&] { locked = channel().receiver.isLinkUp; });
+    return ask<ETIResult>("getPpfLockStatus", [&] { locked = channel().receiver.isLinkUp; });
 }
 
 ETIResult SimulatedDspChannelApi::ppsRtcCalibrationStart(PpsRtcCalibrationMode mode,
@@ -80,7 +80,7 @@ ETIResult SimulatedDspChannelApi::ppsRtcCalibrationStart(PpsRtcCalibrationMode m
 
 ETIResult SimulatedDspChannelApi::ppsStatusGet(PpsCalibStatus& status, PpsCalibReasonOfFailure& reason)
 {
-    return perform<ETIResult>("ppsStatusGet", [&] {
+    return ask<ETIResult>("ppsStatusGet", [&] {
         status = pps().calibration;
         reason = pps().reasonOfFailure;
     });
@@ -88,7 +88,7 @@ ETIResult SimulatedDspChannelApi::ppsStatusGet(PpsCalibStatus& status, PpsCalibR
 
 ETIResult SimulatedDspChannelApi::ppsHopLengthTimeGet(std::uint32_t& nanoSec)
 {
-    return perform<ETIResult>("ppsHopLengthTimeGet", [&] {
+    return ask<ETIResult>("ppsHopLengthTimeGet", [&] {
         if (!channel().receiver.isLinkUp) {
             return zyr_top_api::eTI_E_FAILED;
         }
@@ -151,8 +151,8 @@ ETIResult SimulatedDspChannelApi::mimoCrossConnectDelayCalibrationStart()
 
 ETIResult SimulatedDspChannelApi::mimoCrossConnectDelayCalibrationStatusGet(MimoCalibrationStatus& status)
 {
-    return perform<ETIResult>("mimoCrossConnectDelayCalibrationStatusGet",
-                              [&] { status = channel().mimo.calibration; });
+    return ask<ETIResult>("mimoCrossConnectDelayCalibrationStatusGet",
+                          [&] { status = channel().mimo.calibration; });
 }
 
 void SimulatedDspChannelApi::injectI2cError(unsigned counter)
@@ -184,7 +184,7 @@ ETIResult SimulatedDspChannelApi::setNarrowWideFilters(std::int32_t filter)
 
 ETIResult SimulatedDspChannelApi::getNarrowWideFilters(std::int32_t& filter)
 {
-    return perform<ETIResult>("getNarrowWideFilters", [&] { filter = dsp().filters; });
+    return ask<ETIResult>("getNarrowWideFilters", [&] { filter = dsp().filters; });
 }
 
 } // namespace zyr_simulation

@@ -51,13 +51,13 @@ Recover recoveryFor(FFConfigType from, FFConfigType to)
 
 bool SimulatedDspControlApi::isCarrierAggregationActive()
 {
-    return locked([&] { return node().settings.carrierAggregation; });
+    return read([&] { return node().settings.carrierAggregation; });
 }
 
 ETIResult SimulatedDspControlApi::getRequiredRecovery(FFConfigType type, Recover& needed,
                                                       bool& dueToCarrierAggregation)
 {
-    return perform<ETIResult>("getRequiredRecovery", [&] {
+    return ask<ETIResult>("getRequiredRecovery", [&] {
         return failure().orElse<ETIResult>([&] {
             needed = recoveryFor(node().dsp.type, type);
             dueToCarrierAggregation = aggregates(node().dsp.type) != aggregates(type);
@@ -81,12 +81,12 @@ ETIResult SimulatedDspControlApi::checkDspReconfiguration(FFConfigType required,
 
 bool SimulatedDspControlApi::isAccessible()
 {
-    return locked([&] { return !node().dsp.isRecovering; });
+    return read([&] { return !node().dsp.isRecovering; });
 }
 
 ETIResult SimulatedDspControlApi::getMimoMode(int& mode)
 {
-    return perform<ETIResult>("getMimoMode", [&] {
+    return ask<ETIResult>("getMimoMode", [&] {
         return failure().orElse<ETIResult>([&] { mode = mimoMode(node(), channel()); });
     });
 }

@@ -43,7 +43,7 @@ int secondsUntil(std::chrono::nanoseconds now, std::chrono::nanoseconds moment)
 
 bool SimulatedDspStatusApi::isLinkUp()
 {
-    return locked([&] { return receiver().isLinkUp; });
+    return read([&] { return receiver().isLinkUp; });
 }
 
 ETIResult SimulatedDspStatusApi::getErrorBlocks(DspErrorBlocks& blocks, bool reset)
@@ -63,28 +63,29 @@ ETIResult SimulatedDspStatusApi::getErrorBlocks(DspErrorBlocks& blocks, bool res
 
 std::int32_t SimulatedDspStatusApi::getSnir()
 {
-    return locked([&] { return -receiver().snir; });
+    return read([&] { return -receiver().snir; });
 }
 
 std::int32_t SimulatedDspStatusApi::getLowestSnir(bool reset)
 {
-    return locked([&] {
+    const auto get = [&] {
         const auto lowest = receiver().lowestSnir.value_or(0);
         if (reset) {
             receiver().lowestSnir.reset();
         }
         return -lowest;
-    });
+    };
+    return reset ? locked(get) : read(get);
 }
 
 std::int32_t SimulatedDspStatusApi::getEbSinceLastRxLock()
 {
-    return locked([&] { return counted(receiver().received.erroredSinceLock); });
+    return read([&] { return counted(receiver().received.erroredSinceLock); });
 }
 
 std::int32_t SimulatedDspStatusApi::getRxLockedCounter()
 {
-    return locked([&] { return receiver().lockedCounter; });
+    return read([&] { return receiver().lockedCounter; });
 }
 
 ETIResult SimulatedDspStatusApi::getSlaveAgc(std::int16_t& internalAgc, std::int16_t& externalAgc)
@@ -124,7 +125,7 @@ void SimulatedDspStatusApi::injectErrorBlocks(bool inject, int cycles, unsigned 
 
 bool SimulatedDspStatusApi::getInjectErrorBlocksData(int& cycles)
 {
-    return locked([&] {
+    return read([&] {
         cycles = receiver().injectsErrors ? secondsUntil(node().now(), receiver().injectsUntil) : 0;
         return cycles > 0;
     });

@@ -48,11 +48,11 @@ class SimulatedDspStatusApi final : public SimulatedCollaborator<IDspStatusApi, 
   private:
     ReceiverState& receiver() const { return channel().receiver; }
 
-    /// Does the work of an operation that accesses the DSP, and so fails as often as it was told to.
+    /// Reads what an operation that accesses the DSP tells, which so fails as often as it was told to.
     template <class Work>
     zyr_top_api::ETIResult access(Operation operation, Work&& work) const
     {
-        return perform<zyr_top_api::ETIResult>(operation, [&] {
+        return ask<zyr_top_api::ETIResult>(operation, [&] {
             return channel().dsp.statusFailure.orElse<zyr_top_api::ETIResult>(std::forward<Work>(work));
         });
     }

@@ -41,12 +41,12 @@ EFCResult SimulatedFrequencyController::setRxFrequency(unsigned frequency_kHz, i
 
 std::int32_t SimulatedFrequencyController::getTxFrequency()
 {
-    return locked([&] { return static_cast<std::int32_t>(channel().txFrequency_kHz); });
+    return read([&] { return static_cast<std::int32_t>(channel().txFrequency_kHz); });
 }
 
 std::int32_t SimulatedFrequencyController::getRxFrequency()
 {
-    return locked([&] { return static_cast<std::int32_t>(channel().rxFrequency_kHz); });
+    return read([&] { return static_cast<std::int32_t>(channel().rxFrequency_kHz); });
 }
 
 } // namespace zyr_simulation

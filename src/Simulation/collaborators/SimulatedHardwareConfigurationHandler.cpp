@@ -46,14 +46,14 @@ EHCHResult SimulatedHardwareConfigurationHandler::setRadioFrameId(RadioChannel c
 
 bool SimulatedHardwareConfigurationHandler::isChannelInUse(RadioChannel channel)
 {
-    return locked([&] {
+    return read([&] {
         return channel >= 1 && channel <= node().channels.size() && node().channel(channel).closingPhasesRun;
     });
 }
 
 EHCHResult SimulatedHardwareConfigurationHandler::getFrameUpdateMode(unsigned& mode)
 {
-    return perform<EHCHResult>("getFrameUpdateMode", [&] { mode = node().frameUpdateMode; });
+    return ask<EHCHResult>("getFrameUpdateMode", [&] { mode = node().frameUpdateMode; });
 }
 
 EHCHResult SimulatedHardwareConfigurationHandler::setFrameUpdateMode(unsigned mode)
@@ -63,7 +63,7 @@ EHCHResult SimulatedHardwareConfigurationHandler::setFrameUpdateMode(unsigned mo
 
 EHCHResult SimulatedHardwareConfigurationHandler::isXpicCapable(unsigned radioFrameId, bool& capable)
 {
-    return perform<EHCHResult>("isXpicCapable", [&] {
+    return ask<EHCHResult>("isXpicCapable", [&] {
         const auto* frame = findRadioFrame(radioFrameId);
         if (frame == nullptr) {
             return eHCH_E_FAILED;
@@ -76,7 +76,7 @@ EHCHResult SimulatedHardwareConfigurationHandler::isXpicCapable(unsigned radioFr
 EHCHResult SimulatedHardwareConfigurationHandler::getConfigType(RadioChannel /*channel*/,
                                                                 unsigned radioFrameId, FFConfigType& type)
 {
-    return perform<EHCHResult>("getConfigType", [&] {
+    return ask<EHCHResult>("getConfigType", [&] {
         const auto* frame = findRadioFrame(radioFrameId);
         if (frame == nullptr) {
             return eHCH_E_FAILED;
@@ -100,7 +100,7 @@ std::vector<RadioFrameRecord> SimulatedHardwareConfigurationHandler::getRadioFra
 ETIResult SimulatedHardwareConfigurationHandler::getPerformanceProfileArray(
     unsigned /*radioChannel*/, unsigned radioFrameId, std::vector<std::int16_t>& profile)
 {
-    return perform<ETIResult>("getPerformanceProfileArray", [&] {
+    return ask<ETIResult>("getPerformanceProfileArray", [&] {
         const auto* frame = findRadioFrame(radioFrameId);
         if (frame == nullptr) {
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;

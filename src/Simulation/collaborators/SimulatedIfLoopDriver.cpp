@@ -5,7 +5,7 @@ namespace zyr_simulation
 
 int SimulatedIfLoopDriver::getIfLoop(unsigned char& ifLoop)
 {
-    return perform<int>("getIfLoop", [&] { ifLoop = channel().loops.isIfLoopClosed ? 1 : 0; });
+    return ask<int>("getIfLoop", [&] { ifLoop = channel().loops.isIfLoopClosed ? 1 : 0; });
 }
 
 int SimulatedIfLoopDriver::setIfLoop(bool on)

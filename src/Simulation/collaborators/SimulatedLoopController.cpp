@@ -30,7 +30,7 @@ std::vector<SimulatedLoopController::Loop> SimulatedLoopController::loopsOfNode(
 
 ResultCode SimulatedLoopController::getLoops(std::vector<LoopStatePair>& loops)
 {
-    return perform<ResultCode>("getLoops", [&] {
+    return ask<ResultCode>("getLoops", [&] {
         loops.clear();
         for (const auto& loop : loopsOfNode()) {
             loops.push_back({loop.name, loop.isClosed});

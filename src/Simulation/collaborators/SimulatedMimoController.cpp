@@ -18,7 +18,7 @@ ETIResult SimulatedMimoController::setLinkType(LinkType linkType)
 
 bool SimulatedMimoController::isStarted()
 {
-    return locked([&] { return channel().mimo.isStarted(); });
+    return read([&] { return channel().mimo.isStarted(); });
 }
 
 ETIResult SimulatedMimoController::stop()
@@ -28,7 +28,7 @@ ETIResult SimulatedMimoController::stop()
 
 Optional<std::int32_t> SimulatedMimoController::getEta()
 {
-    return locked([&] {
+    return read([&] {
         const bool isLocked = channel().mimo.lock == MimoLockStatus::Locked;
         return isLocked ? Optional(eta_tenThousandths(node(), channel())) : Optional<std::int32_t>();
     });
@@ -36,12 +36,12 @@ Optional<std::int32_t> SimulatedMimoController::getEta()
 
 MimoLockStatus SimulatedMimoController::getStatus()
 {
-    return locked([&] { return channel().mimo.lock; });
+    return read([&] { return channel().mimo.lock; });
 }
 
 Optional<std::int32_t> SimulatedMimoController::getXpi()
 {
-    return locked([&] {
+    return read([&] {
         const bool isLocked = channel().mimo.lock == MimoLockStatus::Locked;
         return isLocked ? Optional(crossPolarDiscrimination_dBTenths(node(), channel()))
                         : Optional<std::int32_t>();
@@ -50,7 +50,7 @@ Optional<std::int32_t> SimulatedMimoController::getXpi()
 
 Optional<MimoLockStatus> SimulatedMimoController::getXpicStatus()
 {
-    return locked([&] {
+    return read([&] {
         constexpr int fourByFour = 9;
         return mimoMode(node(), channel()) == fourByFour ? Optional(xpicLock(node(), channel()))
                                                          : Optional<MimoLockStatus>();

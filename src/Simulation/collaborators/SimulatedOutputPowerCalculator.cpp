@@ -56,7 +56,7 @@ ETIResult SimulatedOutputPowerCalculator::getMaxOutputPower(int radioFrameId, Mo
                                                             int& minPower,
                                                             std::map<ModulationAndCoding, int>& maxPower)
 {
-    return perform<ETIResult>("getMaxOutputPower", [&] {
+    return ask<ETIResult>("getMaxOutputPower", [&] {
         if (findRadioFrame(static_cast<unsigned>(radioFrameId)) == nullptr) {
             return kUnknownFrame;
         }

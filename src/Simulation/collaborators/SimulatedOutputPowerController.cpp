@@ -5,7 +5,7 @@ namespace zyr_simulation
 
 zyr_top_api::ETxPowerActualStatus SimulatedOutputPowerController::getTxStatus()
 {
-    return locked([&] { return channel().transmitter.status; });
+    return read([&] { return channel().transmitter.status; });
 }
 
 void SimulatedOutputPowerController::setGain(unsigned loop, unsigned kind, double value)
@@ -15,7 +15,7 @@ void SimulatedOutputPowerController::setGain(unsigned loop, unsigned kind, doubl
 
 double SimulatedOutputPowerController::getGain(unsigned loop, unsigned kind)
 {
-    return locked([&] { return channel().transmitter.gains[{loop, kind}]; });
+    return read([&] { return channel().transmitter.gains[{loop, kind}]; });
 }
 
 } // namespace zyr_simulation

@@ -22,7 +22,7 @@ constexpr std::int32_t kDacGreatest = 4095;
 
 ETIResult SimulatedOutputPowerHandler::getReducedGain(unsigned amplifier, std::int32_t& gain)
 {
-    return perform<ETIResult>("getReducedGain", [&] {
+    return ask<ETIResult>("getReducedGain", [&] {
         if (amplifier < 1 || amplifier > kAmplifiers) {
             return zyr_top_api::eTI_E_INVALID_ARGUMENT;
         }
@@ -33,7 +33,7 @@ ETIResult SimulatedOutputPowerHandler::getReducedGain(unsigned amplifier, std::i
 
 ETIResult SimulatedOutputPowerHandler::getTxRfGain(std::int32_t& gain)
 {
-    return perform<ETIResult>("getTxRfGain", [&] { gain = chain().rfGain; });
+    return ask<ETIResult>("getTxRfGain", [&] { gain = chain().rfGain; });
 }
 
 ETIResult SimulatedOutputPowerHandler::setTxRfGain(std::int32_t gain)
@@ -54,12 +54,12 @@ ETIResult SimulatedOutputPowerHandler::setBarOn(bool on)
 
 bool SimulatedOutputPowerHandler::isBarOn()
 {
-    return locked([&] { return chain().isRfGainBarred; });
+    return read([&] { return chain().isRfGainBarred; });
 }
 
 ETIResult SimulatedOutputPowerHandler::getTxIfOutputPower(std::int32_t& power)
 {
-    return perform<ETIResult>("getTxIfOutputPower", [&] { power = chain().ifPower; });
+    return ask<ETIResult>("getTxIfOutputPower", [&] { power = chain().ifPower; });
 }
 
 ETIResult SimulatedOutputPowerHandler::setTxIfOutputPower(std::int32_t power)
@@ -74,12 +74,12 @@ ETIResult SimulatedOutputPowerHandler::setTxIfBarOn(bool on)
 
 bool SimulatedOutputPowerHandler::isTxIfBarOn()
 {
-    return locked([&] { return chain().isIfPowerBarred; });
+    return read([&] { return chain().isIfPowerBarred; });
 }
 
 ETIResult SimulatedOutputPowerHandler::getDacValue(std::int32_t& value)
 {
-    return perform<ETIResult>("getDacValue", [&] {
+    return ask<ETIResult>("getDacValue", [&] {
         const auto power = std::clamp(chain().ifPower, -kDacGreatest, kDacGreatest);
         value = std::clamp(kDacMiddle + power, 0, kDacGreatest);
     });
@@ -87,13 +87,13 @@ ETIResult SimulatedOutputPowerHandler::getDacValue(std::int32_t& value)
 
 ETIResult SimulatedOutputPowerHandler::testGetDetectedPower(std::int32_t& power)
 {
-    return perform<ETIResult>("testGetDetectedPower", [&] { power = channel().transmitter.power; });
+    return ask<ETIResult>("testGetDetectedPower", [&] { power = channel().transmitter.power; });
 }
 
 ETIResult SimulatedOutputPowerHandler::testGetDetectorInUse(bool& usingHigh, std::int32_t& switchToHighLevel,
                                                             std::int32_t& switchToLowLevel)
 {
-    return perform<ETIResult>("testGetDetectorInUse", [&] {
+    return ask<ETIResult>("testGetDetectorInUse", [&] {
         usingHigh = chain().usesHighDetector;
         switchToHighLevel = kHighDetectorFrom_dBmTenths;
         switchToLowLevel = kLowDetectorBelow_dBmTenths;
@@ -102,7 +102,7 @@ ETIResult SimulatedOutputPowerHandler::testGetDetectorInUse(bool& usingHigh, std
 
 ETIResult SimulatedOutputPowerHandler::testGetDetectorData(TxDetectorData& data)
 {
-    return perform<ETIResult>("testGetDetectorData", [&] {
+    return ask<ETIResult>("testGetDetectorData", [&] {
         const auto power = channel().transmitter.power;
         const auto adcMiddle = data.highDetector != 0 ? kDacMiddle : kDacMiddle / 2;
         data.adcValue = std::clamp(adcMiddle + power, 0, kDacGreatest);

@@ -19,8 +19,8 @@ ETIResult SimulatedPpsController::configureRole(bool ppsSlave, zyr_top_api::PpsO
 
 ETIResult SimulatedPpsController::getHopLengthLatency(unsigned& nanoSec)
 {
-    return perform<ETIResult>("getHopLengthLatency",
-                              [&] { nanoSec = channel().receiver.isLinkUp ? hopLatency_ns(node()) : 0; });
+    return ask<ETIResult>("getHopLengthLatency",
+                          [&] { nanoSec = channel().receiver.isLinkUp ? hopLatency_ns(node()) : 0; });
 }
 
 } // namespace zyr_simulation

@@ -7,7 +7,7 @@ namespace zyr_simulation
 
 zyr_top_api::FrequencyCapability SimulatedRadioCapability::getFrequencyCapability()
 {
-    return locked([&] {
+    return read([&] {
         auto capability = frequenciesOf(radioType(node().settings.radioType), channel().radio.subBand);
         capability.DuplexType = node().settings.duplexType;
         return capability;
@@ -16,7 +16,7 @@ zyr_top_api::FrequencyCapability SimulatedRadioCapability::getFrequencyCapabilit
 
 zyr_top_api::FeatureCapability SimulatedRadioCapability::getFeatureCapability()
 {
-    return locked([&] {
+    return read([&] {
         auto capability = radioType(node().settings.radioType).features;
         capability.Is2T2R = node().settings.twoTransmitters;
         return capability;

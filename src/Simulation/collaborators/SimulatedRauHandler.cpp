@@ -41,7 +41,7 @@ unsigned bitsOf(unsigned transmitter)
 
 bool SimulatedRauHandler::isAvailable()
 {
-    return locked([&] { return radio().isUp(); });
+    return read([&] { return radio().isUp(); });
 }
 
 ERAUHResult SimulatedRauHandler::triggerRestart(unsigned /*restartType*/)
@@ -66,7 +66,7 @@ ERAUHResult SimulatedRauHandler::triggerRestart(unsigned /*restartType*/)
 
 RadioRestartStatus SimulatedRauHandler::getRestartStatus()
 {
-    return locked([&] { return radio().restart; });
+    return read([&] { return radio().restart; });
 }
 
 ERAUHResult SimulatedRauHandler::endRestart()
@@ -82,7 +82,7 @@ ERAUHResult SimulatedRauHandler::endRestart()
 
 bool SimulatedRauHandler::isPowerSupplied()
 {
-    return locked([&] { return radio().isPowerSupplied; });
+    return read([&] { return radio().isPowerSupplied; });
 }
 
 ERAUHResult SimulatedRauHandler::setPowerSupplied(std::uint32_t value)
@@ -142,7 +142,7 @@ ERAUHResult SimulatedRauHandler::setPowerMode(RauPowerMode mode)
 
 ERAUHResult SimulatedRauHandler::getPowerMode(unsigned char trxId, unsigned char& powerMode)
 {
-    return perform<ERAUHResult>("getPowerMode", [&] {
+    return ask<ERAUHResult>("getPowerMode", [&] {
         const auto bits = bitsOf(trxId);
         if (bits == 0) {
             return zyr_top_api::eRAUH_E_OUT_OF_RANGE;
@@ -157,7 +157,7 @@ ERAUHResult SimulatedRauHandler::getPowerMode(unsigned char trxId, unsigned char
 
 bool SimulatedRauHandler::isRau2T2R()
 {
-    return locked([&] { return node().settings.twoTransmitters; });
+    return read([&] { return node().settings.twoTransmitters; });
 }
 
 } // namespace zyr_simulation

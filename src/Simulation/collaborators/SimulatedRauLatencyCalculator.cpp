@@ -55,7 +55,7 @@ void programDelays(DspChannelState& dsp, const LatencyState& latency)
 ETIResult SimulatedRauLatencyCalculator::getCurrentLatency(bool& first, bool& isValid, std::uint32_t& third,
                                                            std::uint32_t& latency)
 {
-    return perform<ETIResult>("getCurrentLatency", [&] {
+    return ask<ETIResult>("getCurrentLatency", [&] {
         third = channel().latency.greatest();
         first = third != 0;
         isValid = channel().receiver.isLinkUp;

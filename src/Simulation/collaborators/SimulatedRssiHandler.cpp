@@ -26,19 +26,20 @@ ERSSIResult SimulatedRssiHandler::setRssiThreshold(int threshold)
 
 ETIResult SimulatedRssiHandler::getRssi(int& value)
 {
-    return perform<ETIResult>("getRssi", [&] { value = channel().receiver.level; });
+    return ask<ETIResult>("getRssi", [&] { value = channel().receiver.level; });
 }
 
 std::int32_t SimulatedRssiHandler::getRssiMin(bool reset)
 {
-    return locked([&] {
+    const auto get = [&] {
         auto& receiver = channel().receiver;
         const auto lowest = receiver.lowestLevel.value_or(kNoLevel_dBmTenths);
         if (reset) {
             receiver.lowestLevel.reset();
         }
         return lowest;
-    });
+    };
+    return reset ? locked(get) : read(get);
 }
 
 } // namespace zyr_simulation

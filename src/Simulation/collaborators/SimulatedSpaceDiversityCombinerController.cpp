@@ -38,7 +38,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setSdcEnable(bool enable)
 
 SdcStatus SimulatedSpaceDiversityCombinerController::getSdcOperStatus()
 {
-    return locked([&] { return isThere() ? sdc().operation : SdcStatus::NoAnswer; });
+    return read([&] { return isThere() ? sdc().operation : SdcStatus::NoAnswer; });
 }
 
 ETIResult SimulatedSpaceDiversityCombinerController::setDadeCalibration(bool start)
@@ -53,7 +53,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setDadeCalibration(bool sta
 
 SdcStatus SimulatedSpaceDiversityCombinerController::getSdcDadeStatus()
 {
-    return locked([&] { return isThere() ? sdc().dade : SdcStatus::NoAnswer; });
+    return read([&] { return isThere() ? sdc().dade : SdcStatus::NoAnswer; });
 }
 
 ETIResult SimulatedSpaceDiversityCombinerController::setSdcPath(SdcPath path)
@@ -69,7 +69,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setSdcPath(SdcPath path)
 
 SdcPath SimulatedSpaceDiversityCombinerController::getSdcActualPath()
 {
-    return locked([&] { return isThere() ? channel().receiver.diversity.path : SdcPath::Invalid; });
+    return read([&] { return isThere() ? channel().receiver.diversity.path : SdcPath::Invalid; });
 }
 
 void SimulatedSpaceDiversityCombinerController::getSdcSignalStatus(char& hwErrorSdcMain,
@@ -101,7 +101,7 @@ ETIResult SimulatedSpaceDiversityCombinerController::setRlConfiguration(zyr_top_
 
 std::int32_t SimulatedSpaceDiversityCombinerController::getSdcDadeDelay()
 {
-    return locked([&] { return sdc().isCalibrated ? kCalibratedDelay : 0; });
+    return read([&] { return sdc().isCalibrated ? kCalibratedDelay : 0; });
 }
 
 } // namespace zyr_simulation

@@ -23,12 +23,12 @@ ESPCResult SimulatedSpcSimulator::simulate(unsigned mode, int min, int max, doub
 
 bool SimulatedSpcSimulator::isSimulating()
 {
-    return locked([&] { return channel().spcSimulation.isObjectSimulated; });
+    return read([&] { return channel().spcSimulation.isObjectSimulated; });
 }
 
 ISpcSimulatedObject* SimulatedSpcSimulator::getSimulatedObject()
 {
-    return locked([&] { return m_object; });
+    return read([&] { return m_object; });
 }
 
 void SimulatedSpcSimulator::setSimulated(ISpcSimulatedObject* object, bool simulated)

@@ -44,7 +44,7 @@ ETIResult SimulatedSpectrumDiagnosticsController::scanControl(unsigned mode, uns
 
 ETIResult SimulatedSpectrumDiagnosticsController::getResult(int& count, SpectrumDiagnosticsResult* buffer)
 {
-    return perform<ETIResult>("getResult", [&] {
+    return ask<ETIResult>("getResult", [&] {
         const auto& results = channel().scan.results;
         const auto found = std::min(results.size(), static_cast<std::size_t>(std::max(count, 0)));
         std::copy_n(results.begin(), found, buffer);
@@ -59,7 +59,7 @@ std::int32_t SimulatedSpectrumDiagnosticsController::getStatus()
     constexpr std::int32_t channelOngoing = 2;
     constexpr std::int32_t subBandFinished = 3;
     constexpr std::int32_t channelFinished = 4;
-    return locked([&] {
+    return read([&] {
         const auto& scan = channel().scan;
         if (!scan.isStarted) {
             return notStarted;
@@ -73,7 +73,7 @@ std::int32_t SimulatedSpectrumDiagnosticsController::getStatus()
 
 std::int32_t SimulatedSpectrumDiagnosticsController::getProgress()
 {
-    return locked([&] {
+    return read([&] {
         const auto& scan = channel().scan;
         return scan.points == 0 ? 0 : static_cast<std::int32_t>(scan.results.size() * 100 / scan.points);
     });
@@ -81,7 +81,7 @@ std::int32_t SimulatedSpectrumDiagnosticsController::getProgress()
 
 SpectrumDiagnosticsProperties SimulatedSpectrumDiagnosticsController::getProperties()
 {
-    return locked([&] {
+    return read([&] {
         const auto& features = radioType(node().settings.radioType).features;
         SpectrumDiagnosticsProperties properties;
         properties.isLongHaul = node().settings.longHaul;

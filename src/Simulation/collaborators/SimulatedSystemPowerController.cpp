@@ -41,7 +41,7 @@ void hold(bool isBarred, Value value, bool& bar, Value& inForce, std::optional<V
 
 bool SimulatedSystemPowerController::isConfigurationBypassed()
 {
-    return locked([&] { return node().settings.configurationBypassed; });
+    return read([&] { return node().settings.configurationBypassed; });
 }
 
 ESPCResult SimulatedSystemPowerController::setReferenceSec(ReferenceSec referenceSec)
@@ -117,47 +117,47 @@ ESPCResult SimulatedSystemPowerController::prepareRadioRestart()
 
 std::int32_t SimulatedSystemPowerController::getReportedOutputPower()
 {
-    return locked([&] { return transmitter().power; });
+    return read([&] { return transmitter().power; });
 }
 
 bool SimulatedSystemPowerController::getTxBarOn()
 {
-    return locked([&] { return transmitter().requestedBarred; });
+    return read([&] { return transmitter().requestedBarred; });
 }
 
 TxRequestedStatus SimulatedSystemPowerController::getTxRequestedStatus()
 {
-    return locked([&] { return transmitter().requested; });
+    return read([&] { return transmitter().requested; });
 }
 
 bool SimulatedSystemPowerController::getTargetInputPowerBarOn()
 {
-    return locked([&] { return transmitter().targetBarred; });
+    return read([&] { return transmitter().targetBarred; });
 }
 
 bool SimulatedSystemPowerController::getOutputPowerBarOn()
 {
-    return locked([&] { return transmitter().windowBarred; });
+    return read([&] { return transmitter().windowBarred; });
 }
 
 std::int32_t SimulatedSystemPowerController::getMinOutputPower()
 {
-    return locked([&] { return transmitter().minPower; });
+    return read([&] { return transmitter().minPower; });
 }
 
 std::int32_t SimulatedSystemPowerController::getMaxOutputPower()
 {
-    return locked([&] { return transmitter().maxPower; });
+    return read([&] { return transmitter().maxPower; });
 }
 
 bool SimulatedSystemPowerController::getIgnorePowerLimits()
 {
-    return locked([&] { return transmitter().ignoresLimits; });
+    return read([&] { return transmitter().ignoresLimits; });
 }
 
 ForceLoopMode SimulatedSystemPowerController::getForceLoopMode()
 {
-    return locked([&] { return transmitter().loopMode; });
+    return read([&] { return transmitter().loopMode; });
 }
 
 ESPCResult SimulatedSystemPowerController::overridePowerSettings(

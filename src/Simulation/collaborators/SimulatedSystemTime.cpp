@@ -23,7 +23,7 @@ int SimulatedSystemTime::access(const char* path, int /*mode*/)
 
 std::time_t SimulatedSystemTime::time()
 {
-    return locked([&] { return std::chrono::floor<std::chrono::seconds>(node().systemTime()).count(); });
+    return read([&] { return std::chrono::floor<std::chrono::seconds>(node().systemTime()).count(); });
 }
 
 int SimulatedSystemTime::stime(const std::time_t* seconds)

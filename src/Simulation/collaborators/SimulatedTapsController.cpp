@@ -10,7 +10,7 @@ ESPCResult SimulatedTapsController::setTapsEnable(bool enable)
 
 bool SimulatedTapsController::getTapsEnable()
 {
-    return locked([&] { return channel().taps.enabled; });
+    return read([&] { return channel().taps.enabled; });
 }
 
 ESPCResult SimulatedTapsController::setIdleRateOffset(std::int32_t value, int)
@@ -36,22 +36,22 @@ ESPCResult SimulatedTapsController::setHrlbEnabled(bool enabled)
 
 std::int32_t SimulatedTapsController::getIdleRateOffset()
 {
-    return locked([&] { return channel().taps.idleRateOffset; });
+    return read([&] { return channel().taps.idleRateOffset; });
 }
 
 double SimulatedTapsController::getIdleRateThresholdFactor()
 {
-    return locked([&] { return channel().taps.idleRateThresholdFactor; });
+    return read([&] { return channel().taps.idleRateThresholdFactor; });
 }
 
 std::int32_t SimulatedTapsController::getKvalue()
 {
-    return locked([&] { return channel().taps.kValue; });
+    return read([&] { return channel().taps.kValue; });
 }
 
 bool SimulatedTapsController::getHrlbEnabled()
 {
-    return locked([&] { return channel().taps.hrlbEnabled; });
+    return read([&] { return channel().taps.hrlbEnabled; });
 }
 
 } // namespace zyr_simulation

@@ -88,12 +88,12 @@ ESPCResult SimulatedTapsControllerLog::readSample(zyr_top_api::TapsLogData& samp
 
 bool SimulatedTapsControllerLog::isLogActive()
 {
-    return locked([&] { return log().isActive; });
+    return read([&] { return log().isActive; });
 }
 
 ESPCResult SimulatedTapsControllerLog::getLogPeriod(unsigned& seconds)
 {
-    return perform<ESPCResult>("getLogPeriod", [&] { seconds = log().period_s; });
+    return ask<ESPCResult>("getLogPeriod", [&] { seconds = log().period_s; });
 }
 
 } // namespace zyr_simulation

@@ -14,7 +14,7 @@ constexpr std::int32_t kEncryptedWithoutLink = 2;
 
 std::int32_t SimulatedZyrRleHandler::getRleStatus()
 {
-    return locked([&] {
+    return read([&] {
         if (!channel().encryption.isEnabled) {
             return kNotEncrypted;
         }

@@ -58,20 +58,28 @@ bool isUsedInFrames(ModulationAndCoding modulation)
 
 std::span<const LadderRung> rungsBetween(ModulationAndCoding min, ModulationAndCoding max)
 {
+    struct Used
+    {
+        std::vector<LadderRung> rungs;
+        std::vector<std::ptrdiff_t> before{0}; ///< for each step of the ladder, and behind the last one
+    };
     static const auto used = [] {
-        auto rungs = modulationLadder();
-        std::erase_if(rungs, [](const LadderRung& rung) { return !isUsedInFrames(rung.modulation); });
-        return rungs;
+        Used result;
+        for (const auto& rung : modulationLadder()) {
+            if (isUsedInFrames(rung.modulation)) {
+                result.rungs.push_back(rung);
+            }
+            result.before.push_back(std::ssize(result.rungs));
+        }
+        return result;
     }();
     const auto lowest = ladderStep(min);
     const auto highest = ladderStep(max);
-    if (!lowest || !highest) {
+    if (!lowest || !highest || *lowest > *highest) {
         return {};
     }
-    const auto first = std::ranges::partition_point(
-        used, [&](const LadderRung& rung) { return ladderStep(rung.modulation) < lowest; });
-    const auto last = std::partition_point(
-        first, used.end(), [&](const LadderRung& rung) { return ladderStep(rung.modulation) <= highest; });
+    const auto first = used.rungs.begin() + used.before[*lowest];
+    const auto last = used.rungs.begin() + used.before[*highest + 1];
     return {first, last};
 }
 

@@ -25,6 +25,7 @@ using zyr_top_api::ETxPowerActualStatus;
 using zyr_top_api::ForceLoopMode;
 using zyr_top_api::ModulationAndCoding;
 using Seconds = std::chrono::duration<double>;
+using namespace std::chrono_literals;
 
 constexpr double kNoiseDensity_dBmTenths = -1740.0 + 60.0; ///< In 1 Hz, with the receiver's own noise.
 constexpr std::int32_t kSnirCeiling_dBTenths = 450;
@@ -201,13 +202,11 @@ std::int32_t txThreshold(const ChannelState& /*channel*/, ModulationAndCoding mo
 ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir,
                                  std::int32_t (*threshold)(const ChannelState&, ModulationAndCoding))
 {
-    auto chosen = channel.minModulation;
-    for (const auto& rung : rungsBetween(channel.minModulation, channel.maxModulation)) {
-        if (threshold(channel, rung.modulation) <= snir) {
-            chosen = rung.modulation;
-        }
-    }
-    return chosen;
+    const auto rungs = rungsBetween(channel.minModulation, channel.maxModulation);
+    const auto best = std::find_if(rungs.rbegin(), rungs.rend(), [&](const LadderRung& rung) {
+        return threshold(channel, rung.modulation) <= snir;
+    });
+    return best == rungs.rend() ? channel.minModulation : best->modulation;
 }
 
 ModulationAndCoding withinRange(const ChannelState& channel, ModulationAndCoding modulation)
@@ -263,32 +262,41 @@ std::int32_t receivedSnir(std::int32_t level, double interference_mW, const Chan
     return level > kNoLevel_dBmTenths ? std::max(snirOf(level, interference_mW, channel), 0) : 0;
 }
 
-double errorShare(const NodeState& node, const ChannelState& channel)
+/// The share of errored blocks that comes of the signal itself.
+double errorShare(const ChannelState& channel)
 {
     if (!channel.encryption.keysAgree()) {
         return 1.0;
     }
     const auto& receiver = channel.receiver;
     const auto margin = receiver.snir - rxThreshold(channel, receiver.rxModulation);
-    const auto scarcity = std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0);
-    const bool injects = receiver.injectsErrors && node.now() <= receiver.injectsUntil;
-    return std::min(1.0,
-                    scarcity * kGreatestErrorShare + (injects ? receiver.injectedPercentage / 100.0 : 0.0));
+    return std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0) * kGreatestErrorShare;
+}
+
+/// The share of the time since the last count in which errors have been injected, times what they strike.
+double injectedShare(const ReceiverState& receiver, std::chrono::nanoseconds now)
+{
+    const auto elapsed = now - receiver.settledAt;
+    const auto injected = std::clamp(receiver.injectsUntil - receiver.settledAt, 0ns, elapsed);
+    return receiver.injectsErrors && elapsed > 0ns
+               ? receiver.injectedPercentage / 100.0 * (Seconds(injected) / Seconds(elapsed))
+               : 0.0;
 }
 
 /// Counts what has been received since the last time, under the conditions of the last time.
 void countBlocks(const NodeState& node, ChannelState& channel)
 {
     auto& receiver = channel.receiver;
-    const auto elapsed = Seconds(node.now() - receiver.settledAt).count();
+    const auto now = node.now();
     if (receiver.isLinkUp) {
-        const auto blocks = elapsed * kBlocksPerSecond * capacityShare(channel);
-        const auto errored = blocks * errorShare(node, channel);
+        const auto blocks =
+            Seconds(now - receiver.settledAt).count() * kBlocksPerSecond * capacityShare(channel);
+        const auto errored = blocks * std::min(1.0, errorShare(channel) + injectedShare(receiver, now));
         receiver.received.blocks += blocks;
         receiver.received.erroredBlocks += errored;
         receiver.received.erroredSinceLock += errored;
     }
-    receiver.settledAt = node.now();
+    receiver.settledAt = now;
 }
 
 void setLink(NodeState& node, ChannelState& channel, bool isUp)

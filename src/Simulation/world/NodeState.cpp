@@ -7,6 +7,8 @@
 #include "RadioType.h"
 #include "WarmRestart.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -22,6 +24,12 @@ using namespace std::chrono_literals;
 
 /// The longest time for which a change of the hop can go unnoticed.
 constexpr std::chrono::nanoseconds kTickPeriod = 100ms;
+/// In so many steps, at the most, a longer time is gone through in which nobody has looked.
+constexpr std::int64_t kMostSteps = 600;
+/// A state that was brought up to date so shortly ago still is.
+constexpr std::chrono::nanoseconds kFresh = 1ms;
+/// What one channel does can show on the other one only in the next round.
+constexpr unsigned kRounds = 2;
 
 } // namespace
 
@@ -38,6 +46,8 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
     radioType(options.radioType); // refuses an unknown type
     clocks.system = std::chrono::system_clock::now().time_since_epoch() - now();
     clocks.hardware = clocks.system;
+    m_settledAt = now();
+    m_roundsLeft = kRounds;
     for (unsigned number = 1; number <= options.channels; ++number) {
         auto& channel = channels.emplace_back();
         channel.number = number;
@@ -50,17 +60,43 @@ NodeState::NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSour
     }
 }
 
-void NodeState::start()
-{
-    after(kTickPeriod, &NodeState::tick);
-}
-
 std::chrono::nanoseconds NodeState::systemTime() const
 {
-    return settings.hostClock ? std::chrono::system_clock::now().time_since_epoch() : clocks.system + now();
+    return settings.hostClock ? std::chrono::system_clock::now().time_since_epoch() + (now() - m_time.now())
+                              : clocks.system + now();
 }
 
 void NodeState::settle()
+{
+    const auto present = m_time.now();
+    if (present - m_settledAt >= kFresh) {
+        catchUp(present);
+        m_settledAt = present;
+        m_roundsLeft = kRounds;
+    }
+    if (m_roundsLeft > 0) {
+        --m_roundsLeft;
+        settleOnce();
+    }
+}
+
+void NodeState::settleAnew()
+{
+    m_roundsLeft = kRounds;
+    settle();
+}
+
+void NodeState::catchUp(std::chrono::nanoseconds present)
+{
+    const auto step = std::max(kTickPeriod, (present - m_settledAt) / kMostSteps);
+    for (auto moment = m_settledAt + step; moment < present; moment += step) {
+        m_caughtUpTo = moment;
+        settleOnce();
+    }
+    m_caughtUpTo.reset();
+}
+
+void NodeState::settleOnce()
 {
     settleDspRecovery(*this);
     for (auto& channel : channels) {
@@ -73,7 +109,7 @@ void NodeState::settle()
 
 std::chrono::nanoseconds NodeState::settleAfter(std::chrono::nanoseconds delay)
 {
-    after(delay, &NodeState::settle);
+    after(delay, &NodeState::settleAnew);
     return now() + delay;
 }
 
@@ -87,10 +123,22 @@ void NodeState::after(std::chrono::nanoseconds delay, std::function<void(NodeSta
     });
 }
 
+void NodeState::settleWhileAwaited()
+{
+    settle();
+    if (!m_isTicking) {
+        m_isTicking = true;
+        after(kTickPeriod, &NodeState::tick);
+    }
+}
+
 void NodeState::tick()
 {
     settle();
-    after(kTickPeriod, &NodeState::tick);
+    m_isTicking = alarms.waiting() > 0;
+    if (m_isTicking) {
+        after(kTickPeriod, &NodeState::tick);
+    }
 }
 
 } // namespace zyr_simulation

@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -54,14 +55,11 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     /// @throws std::invalid_argument if the options can't be
     NodeState(const SimulatedNodeOptions& options, zyr_platform::TimeSource& time);
 
-    /// Starts the node's life: from now on its state is brought up to date regularly.
-    void start();
-
     /// The channel with this number, 1 up to the number of channels.
     ChannelState& channel(unsigned number) { return channels.at(number - 1); }
 
-    /// The time of the node's clock.
-    std::chrono::nanoseconds now() const { return m_time.now(); }
+    /// The time of the node's clock; an earlier one while the state catches up.
+    std::chrono::nanoseconds now() const { return m_caughtUpTo ? *m_caughtUpTo : m_time.now(); }
 
     /// The node's wall clock, counted from 1970.
     std::chrono::nanoseconds systemTime() const;
@@ -70,13 +68,22 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     std::chrono::nanoseconds hardwareTime() const { return clocks.hardware + now(); }
 
     /// Brings everything that changes by itself up to the present: transmitters, restarts, calibrations, the
-    /// hop, and the alarms that follow from them. Called with the mutex held.
+    /// hop, and the alarms that follow from them. What has passed since the last time is gone through in
+    /// steps, as if somebody had looked all the time. Does next to nothing if that is less than a
+    /// millisecond ago. Called with the mutex held.
     void settle();
+
+    /// The same behind a change of the state, from which something else may follow.
+    void settleAnew();
 
     /// Takes care that the state is brought up to date when so much time has passed, however quiet the node
     /// is.
     /// @return the moment at which that will be
     std::chrono::nanoseconds settleAfter(std::chrono::nanoseconds delay);
+
+    /// Brings the state up to date regularly, beginning now, as long as somebody waits for a change of the
+    /// alarms. At other times a node that nobody asks, and in which nothing is due, does nothing.
+    void settleWhileAwaited();
 
     std::mutex mutex;
     FaultInjector faults;
@@ -92,8 +99,14 @@ class NodeState : public std::enable_shared_from_this<NodeState>
   private:
     void after(std::chrono::nanoseconds delay, std::function<void(NodeState&)> action);
     void tick();
+    void catchUp(std::chrono::nanoseconds present);
+    void settleOnce();
 
     zyr_platform::TimeSource& m_time;
+    std::chrono::nanoseconds m_settledAt{0};
+    std::optional<std::chrono::nanoseconds> m_caughtUpTo;
+    unsigned m_roundsLeft = 0; ///< until nothing more follows from what has changed
+    bool m_isTicking = false;
 };
 
 } // namespace zyr_simulation
