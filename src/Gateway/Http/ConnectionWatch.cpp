@@ -338,8 +338,16 @@ void ConnectionWatch::makeRoom(Connection& newcomer)
     }
     newcomer.excess = true;
     if (counted > m_limits.maxConnections + m_limits.maxExcess) {
-        cut(newcomer);
+        cut(longestExcess(newcomer));
     }
+}
+
+/// The one that has been in excess longest, so that the newcomer can be told why it is refused.
+ConnectionWatch::Connection& ConnectionWatch::longestExcess(Connection& newcomer)
+{
+    const auto found = std::ranges::find_if(
+        m_connections, [](const Connection& each) { return each.excess && each.phase != Phase::Cut; });
+    return found == m_connections.end() ? newcomer : *found;
 }
 
 bool ConnectionWatch::isOverdue(Connection& connection, Clock::time_point now) const

@@ -34,7 +34,7 @@ class ConnectionWatch
     {
         /// More are `excess`. Those that wait for an answer while their other side has ended don't count.
         std::size_t maxConnections;
-        std::size_t maxExcess; ///< more are cut at once
+        std::size_t maxExcess; ///< for one more, the one goes that has been here longest
         std::chrono::milliseconds requestDeadline;
         std::chrono::milliseconds idleTimeout;
         bool encrypted; ///< bytes on the wire are then not those of the requests
@@ -106,6 +106,7 @@ class ConnectionWatch
     [[nodiscard]] std::size_t count() const;
     [[nodiscard]] std::size_t countAfresh() const;
     void makeRoom(Connection& newcomer);
+    [[nodiscard]] Connection& longestExcess(Connection& newcomer);
     static void cut(Connection& connection);
     void drain(Clock::time_point now);
     [[nodiscard]] int waitTime();
