@@ -1,6 +1,7 @@
 #include "Conversion.h"
 
 #include "RecordError.h"
+#include "ValueBuilder.h"
 
 #include <nlohmann/json.hpp>
 
@@ -324,33 +325,31 @@ bool beginsWithWholeNumber(const std::string& text)
     }
 }
 
-Value written(const ValueType& type, const void* object)
+void write(const ValueType& type, const void* object, ValueSink& sink)
 {
-    Value value;
     switch (type.kind) {
     case Kind::Boolean:
-        return *static_cast<const bool*>(object);
+        return sink.boolean(*static_cast<const bool*>(object));
     case Kind::Integer:
-        return type.number.get(object);
+        return sink.integer(type.number.get(object));
     case Kind::Double:
-        return *static_cast<const double*>(object);
+        return sink.real(*static_cast<const double*>(object));
     case Kind::String:
-        return type.text.get(object);
+        return sink.text(type.text.get(object));
     case Kind::Array:
-        value = Value::array();
+        sink.beginArray();
         for (std::size_t index = 0; index < type.sequence.size(object); ++index) {
-            value.push_back(written(*type.element, type.sequence.at(object, index)));
+            write(*type.element, type.sequence.at(object, index), sink);
         }
-        return value;
+        return sink.endArray();
     case Kind::Struct:
-        value = Value::object();
-        writeRecord(type.fields, object, value);
-        return value;
+        sink.beginStruct();
+        writeRecord(type.fields, object, sink);
+        return sink.endStruct();
     case Kind::Optional:
-        return type.sequence.size(object) == 0 ? Value()
-                                               : written(*type.element, type.sequence.at(object, 0));
+        return type.sequence.size(object) == 0 ? sink.nil()
+                                               : write(*type.element, type.sequence.at(object, 0), sink);
     }
-    return value;
 }
 
 } // namespace
@@ -429,15 +428,40 @@ void checkWholeNumbers(std::string_view method, std::span<const Field> fields, c
     }
 }
 
-void writeRecord(std::span<const Field> fields, const void* record, Value& members)
+void refuseMissingOption(std::string_view method, std::span<const Field> fields, const Value& members)
+{
+    for (const Field& field : fields) {
+        const auto member = members.find(field.name);
+        const bool isLeftOut = member == members.end() || member->is_null();
+        if (isLeftOut && !field.notes.neededFor.empty()) {
+            throw RecordError(zyr_top_api::eTI_E_REQUIRED_INPUT_MISSING,
+                              std::string(method) + ": " + std::string(field.name) +
+                                  " is missing, it is needed for " + std::string(field.notes.neededFor) +
+                                  " and takes " + acceptedText(*field.type, field.notes, 0));
+        }
+    }
+}
+
+void writeRecord(std::span<const Field> fields, const void* record, ValueSink& sink)
 {
     for (const Field& field : fields) {
         // The address is only read here; the one accessor serves both ways.
         const void* const object = field.address(const_cast<void*>(record));
         if (field.type->kind != Kind::Optional || field.type->sequence.size(object) != 0) {
-            members[std::string(field.name)] = written(*field.type, object);
+            sink.beginMember(field.name);
+            write(*field.type, object, sink);
+            sink.endMember();
         }
     }
+}
+
+Value valueOf(std::span<const Field> fields, const void* record)
+{
+    ValueBuilder builder;
+    builder.beginStruct();
+    writeRecord(fields, record, builder);
+    builder.endStruct();
+    return builder.take();
 }
 
 } // namespace zyr_registration

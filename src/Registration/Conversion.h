@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ValueSink.h"
 #include "ValueType.h"
 
 #include <cstdint>
@@ -26,8 +27,19 @@ void readRecord(std::string_view method, std::span<const Field> fields, const Va
 /// fits
 void checkWholeNumbers(std::string_view method, std::span<const Field> fields, const Value& members);
 
-/// Adds the fields of a record to an object, in their order. Absent optionals add nothing.
-void writeRecord(std::span<const Field> fields, const void* record, Value& members);
+/// Refuses a request that leaves out an option that the command needs for what is asked
+/// (`FieldNotes::neededFor`). For the time behind a command that has given up on one of them, since others do
+/// without it.
+/// @param members  an object that `readRecord` has taken
+/// @throws RecordError (`eTI_E_REQUIRED_INPUT_MISSING`) for the first one that is left out
+void refuseMissingOption(std::string_view method, std::span<const Field> fields, const Value& members);
+
+/// Writes the fields of a record as members of the struct that the sink has open, in their order. Absent
+/// optionals write nothing.
+void writeRecord(std::span<const Field> fields, const void* record, ValueSink& sink);
+
+/// The same as an object.
+Value valueOf(std::span<const Field> fields, const void* record);
 
 /// What a field takes, for people: "an integer from 1 to 2", "a boolean", "one of \"Off\", \"On\"".
 /// @param numberOfChannels  the range of channels; 0: not known, told in words

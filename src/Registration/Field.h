@@ -268,6 +268,9 @@ constexpr void checkNotes(const ValueType& fieldType, std::string_view help, con
     if (notes.isWholeNumber && fieldType.kind != Kind::String) {
         throw "a whole number in what is no string";
     }
+    if (!notes.neededFor.empty() && fieldType.kind != Kind::Optional) {
+        throw "what is no optional is needed anyway, or never";
+    }
     if (notes.hasDefault && (fieldType.kind == Kind::Optional || fieldType.kind == Kind::Array)) {
         throw "an optional or an array may be left out anyway";
     }

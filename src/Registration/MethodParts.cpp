@@ -142,9 +142,7 @@ std::string_view unitOf(const Field& field, std::string_view holdersUnit)
 
 Value defaultOf(const Field& field, const void* defaults)
 {
-    Value members = Value::object();
-    // The address is only read; the one accessor serves both ways.
-    writeRecord({&field, 1}, defaults, members);
+    Value members = valueOf({&field, 1}, defaults);
     return members.contains(field.name) ? members[std::string(field.name)] : Value();
 }
 
@@ -168,6 +166,9 @@ std::string fullHelp(const Field& field)
     std::string text(field.help);
     for (const EnumText& row : field.notes.noValues) {
         text += "; " + std::to_string(row.number) + ": " + std::string(row.text);
+    }
+    if (!field.notes.neededFor.empty()) {
+        text += "; needed for " + std::string(field.notes.neededFor);
     }
     return text + (field.notes.isSecret ? "; secret" : "");
 }

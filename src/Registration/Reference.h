@@ -2,12 +2,24 @@
 
 #include "Description.h"
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace zyr_registration
 {
+
+/// A method that takes plain parameters instead of a struct, such as the introspection methods of a server.
+struct PlainMethodNotes
+{
+    std::string_view name;
+    std::string_view help;
+    /// The ways to call it, each the types of the result and of the parameters as XML-RPC calls them, with
+    /// blanks between them: "array string". The empty ones don't count.
+    std::array<std::string_view, 2> signatures;
+};
 
 /// A method as data, for programs that write help, complete input, convert values, draw or cache: `name`,
 /// `help`, `group`, `test` (refused while the test family is closed), `longPoll`, `readOnly`,
@@ -41,6 +53,7 @@ std::string hashOf(const Value& descriptions);
 std::string helpText(const MethodNotes& method, std::uint32_t numberOfChannels);
 
 /// The reference of all commands and of other methods, in Markdown.
-std::string referenceMarkdown(std::span<const MethodNotes> otherMethods = {});
+std::string referenceMarkdown(std::span<const MethodNotes> otherMethods = {},
+                              std::span<const PlainMethodNotes> plainMethods = {});
 
 } // namespace zyr_registration

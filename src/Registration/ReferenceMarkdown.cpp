@@ -60,6 +60,14 @@ std::string presenceText(const Field& field, const void* defaults)
     return "no, else " + defaultOf(field, defaults).dump();
 }
 
+// "array string" as a sentence.
+std::string signatureText(std::string_view signature)
+{
+    const std::size_t blank = signature.find(' ');
+    const std::string parameters(blank == std::string_view::npos ? "nothing" : signature.substr(blank + 1));
+    return "Takes " + parameters + ", gives " + std::string(signature.substr(0, blank)) + ".";
+}
+
 // The reference as it is written. Vocabularies with a name have a section of their own behind the methods, to
 // which the fields are linked.
 class Page
@@ -75,6 +83,15 @@ class Page
             {.fields = method.request, .isRequest = true, .numberOfChannels = 0, .defaults = defaults.get()});
         writeFields("Response", {.fields = method.response, .isRequest = false, .numberOfChannels = 0});
         writeFaults(faultsOf(method));
+    }
+
+    void writeMethod(const PlainMethodNotes& method)
+    {
+        m_text += "## " + std::string(method.name) + "\n\n" + escaped(method.help) + "\n\n";
+        for (const std::string_view signature : method.signatures) {
+            m_text += signature.empty() ? "" : signatureText(signature) + "\n";
+        }
+        m_text += '\n';
     }
 
     void writeVocabularies()
@@ -184,7 +201,10 @@ constexpr std::string_view kIntroduction =
     "fields takes no parameter or an empty struct. The answer is a struct of `tiResult` and the response's "
     "fields, or a fault. An enumeration travels as its number; a request may give the text instead, as it "
     "stands in the [vocabularies](#vocabularies). The time within which a command answers counts from its "
-    "start: dispatched commands run one at a time.\n\n";
+    "start: dispatched commands run one at a time.\n\n"
+    "The server checks a request before the command sees it: members that are missing or unknown, types, and "
+    "ranges. A radio channel that the node doesn't have is refused there, with `eTI_E_PARAMETER_INVALID` and "
+    "code 3; the fault that a command has for it shows where a program calls the library itself.\n\n";
 
 constexpr std::string_view kFaultCodes =
     "## Fault codes\n\n"
@@ -216,7 +236,7 @@ std::string failureRows()
 }
 
 // The groups with their methods.
-std::string groupTable(std::span<const MethodNotes> methods)
+std::string groupTable(std::span<const MethodNotes> methods, std::span<const PlainMethodNotes> plainMethods)
 {
     std::map<Group, std::string> rows;
     for (const MethodNotes& method : methods) {
@@ -227,12 +247,17 @@ std::string groupTable(std::span<const MethodNotes> methods)
     for (const auto& [group, links] : rows) {
         table += "| " + std::string(groupName(group)) + " | " + links + " |\n";
     }
-    return table;
+    std::string links;
+    for (const PlainMethodNotes& method : plainMethods) {
+        links += (links.empty() ? "" : ", ") + linkTo(method.name);
+    }
+    return table + (links.empty() ? "" : "| server | " + links + " |\n");
 }
 
 } // namespace
 
-std::string referenceMarkdown(std::span<const MethodNotes> otherMethods)
+std::string referenceMarkdown(std::span<const MethodNotes> otherMethods,
+                              std::span<const PlainMethodNotes> plainMethods)
 {
     std::vector<MethodNotes> methods;
     std::ranges::transform(allCommands(), std::back_inserter(methods), &CommandEntry::notes);
@@ -240,10 +265,13 @@ std::string referenceMarkdown(std::span<const MethodNotes> otherMethods)
 
     Page page;
     page.write(kIntroduction);
-    page.write(groupTable(methods) + "\n");
+    page.write(groupTable(methods, plainMethods) + "\n");
     page.write(kFaultCodes);
     page.write(failureRows() + "\n");
     for (const MethodNotes& method : methods) {
+        page.writeMethod(method);
+    }
+    for (const PlainMethodNotes& method : plainMethods) {
         page.writeMethod(method);
     }
     page.writeVocabularies();

@@ -1,8 +1,10 @@
 #include "RegisteringModule.h"
 
 #include "Conversion.h"
+#include "Optional.h"
 #include "ResultLaw.h"
 #include "TiGetAllCommandsDataImpl.h"
+#include "ValueBuilder.h"
 #include "ZyrApiHandler.h"
 
 #include <algorithm>
@@ -53,25 +55,18 @@ std::string joinedLines(const std::vector<std::string>& lines)
     return text;
 }
 
-Answer answerOf(const BaseResponse& outcome)
+Outcome outcomeOf(const BaseResponse& response)
 {
-    Answer answer;
-    if (outcome.faultCode > 0) {
-        answer.faultCode = outcome.faultCode;
-        answer.faultText = outcome.faultString;
-    } else {
-        answer.value = Value::object();
-        answer.value["tiResult"] = static_cast<std::uint32_t>(outcome.tiResult);
-    }
-    return answer;
+    return response.faultCode > 0 ? Outcome{response.faultCode, response.faultString} : Outcome{};
 }
 
-// A call from and to values.
-class ValueExchange : public Exchange
+// A call from a value into a sink.
+class SinkExchange : public Exchange
 {
   public:
-    ValueExchange(const CommandEntry& entry, const Value& members, std::uint32_t numberOfChannels)
-        : m_entry(entry), m_members(members), m_numberOfChannels(numberOfChannels)
+    SinkExchange(const CommandEntry& entry, const Value& members, std::uint32_t numberOfChannels,
+                 ValueSink& sink)
+        : m_entry(entry), m_members(members), m_numberOfChannels(numberOfChannels), m_sink(sink)
     {}
 
     void fill(void* command) const override
@@ -81,18 +76,24 @@ class ValueExchange : public Exchange
 
     void take(const BaseResponse& outcome, const void* response) override
     {
-        answer = answerOf(outcome);
-        if (answer.faultCode == 0) {
-            writeRecord(m_entry.notes.response, response, answer.value);
+        result = outcomeOf(outcome);
+        if (result.faultCode == 0) {
+            m_sink.beginStruct();
+            m_sink.beginMember("tiResult");
+            m_sink.integer(static_cast<std::uint32_t>(outcome.tiResult));
+            m_sink.endMember();
+            writeRecord(m_entry.notes.response, response, m_sink);
+            m_sink.endStruct();
         }
     }
 
-    Answer answer;
+    Outcome result;
 
   private:
     const CommandEntry& m_entry;
     const Value& m_members;
     std::uint32_t m_numberOfChannels;
+    ValueSink& m_sink;
 };
 
 bool isOpen(const CommandEntry& command)
@@ -154,19 +155,29 @@ RegisteringModule::~RegisteringModule()
     emptyTables();
 }
 
-Answer RegisteringModule::call(const CommandEntry& command, const Value& members)
+Outcome RegisteringModule::call(const CommandEntry& command, const Value& members, ValueSink& sink)
 {
     if (!isOpen(command)) {
-        return answerOf({zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available"});
+        return outcomeOf({zyr_top_api::eTI_E_OPERATION_NOT_ALLOWED, "Error: Command not available"});
     }
-    ValueExchange exchange(command, members, m_options.numberOfChannels);
+    SinkExchange exchange(command, members, m_options.numberOfChannels, sink);
     try {
         command.run(registered(command).implementation.get(), exchange);
+    } catch (const general_classes::BadOptional&) {
+        refuseMissingOption(command.name(), command.notes.request, members);
+        throw;
     } catch (const std::logic_error&) { // maybe of a text that the command couldn't read: then say which
         checkWholeNumbers(command.name(), command.notes.request, members);
         throw;
     }
-    return std::move(exchange.answer);
+    return std::move(exchange.result);
+}
+
+Answer RegisteringModule::call(const CommandEntry& command, const Value& members)
+{
+    ValueBuilder builder;
+    Outcome outcome = call(command, members, builder);
+    return {builder.take(), outcome.faultCode, std::move(outcome.faultText)};
 }
 
 LiveCommand& RegisteringModule::registered(const CommandEntry& command)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandEntry.h"
+#include "ValueSink.h"
 
 #include <nlohmann/json.hpp>
 
@@ -32,6 +33,13 @@ class RegistrationError : public std::runtime_error
 /// What is wrong with a table of commands: a line for each null entry, for each dispatched command that is
 /// not there exactly once, and for each other name. Empty if all is well.
 std::vector<std::string> tableDefects(std::span<const std::shared_ptr<zyr_top_api::CmdWrapperBase>> table);
+
+/// How a call has ended: with a value, or with a fault in its place.
+struct Outcome
+{
+    std::int32_t faultCode = 0; ///< 1 to 4 with a fault, else 0
+    std::string faultText;
+};
 
 /// What a call brought: a struct of `tiResult` and the response's fields, or a fault.
 struct Answer // NOLINT(bugprone-exception-escape): moving a value throws nothing
@@ -69,9 +77,13 @@ class RegisteringModule
     /// "TI.ManageDsp" holds for up to 100 s holds nobody else up.
     /// @param command  one of `allCommands()`
     /// @param members  the request's members, an object
+    /// @param sink     takes the answer's value, unless there is a fault
     /// @throws RecordError  if the members don't make the command's record, or if the command gave up on one
-    /// of its texts
-    /// @throws anything else that leaves the command
+    /// of its texts, or on an option that is left out
+    /// @throws anything else that leaves the command, or the sink
+    Outcome call(const CommandEntry& command, const Value& members, ValueSink& sink);
+
+    /// The same with the answer as a value.
     Answer call(const CommandEntry& command, const Value& members);
 
   private:

@@ -144,6 +144,9 @@ struct FieldNotes
     bool isSecret = false;   ///< its value is shown nowhere
     /// Of a string: the command reads the whole number that it begins with. See `checkWholeNumbers`.
     bool isWholeNumber = false;
+    /// Of an optional: what the command needs it for, and gives up without it: "the stop". See
+    /// `refuseMissingOption`.
+    std::string_view neededFor = {};
 };
 
 /// One field of a record.

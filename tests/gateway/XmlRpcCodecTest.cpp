@@ -207,22 +207,61 @@ TEST(XmlRpcCodecTest, AnswerThatIsTooLongIsNotWritten)
     EXPECT_THROW((void)writeResponse(Value::array({value, value, value}), 150), DocumentTooLong);
 }
 
-TEST(XmlRpcCodecTest, ArrayThatIsWrittenPieceByPieceIsTheSameDocument)
+TEST(XmlRpcCodecTest, ValueThatIsWrittenPieceByPieceIsTheSameDocument)
 {
-    ArrayResponse response(1000);
-    response.add(1);
-    response.add({{"a", "b"}});
-    EXPECT_EQ(response.finish(), writeResponse(Value::array({1, {{"a", "b"}}})));
-    ArrayResponse shortOne(200);
-    shortOne.add("x");
-    EXPECT_THROW(shortOne.add(std::string(100, 'y')), DocumentTooLong);
+    ResponseDocument document;
+    ValueWriter& writer = document.writer();
+    writer.beginArray();
+    writer.value(1);
+    writer.beginStruct();
+    writer.beginMember("a<b");
+    writer.text("c&d");
+    writer.endMember();
+    writer.beginMember("numbers");
+    writer.beginArray();
+    writer.integer(std::int64_t{-2147483649});
+    writer.integer(std::uint64_t{18446744073709551615U});
+    writer.real(0.5);
+    writer.endArray();
+    writer.endMember();
+    writer.endStruct();
+    writer.boolean(true);
+    writer.nil();
+    writer.endArray();
+    EXPECT_EQ(document.finish(), writeResponse(Value::parse(R"([1, {"a<b": "c&d", "numbers": [-2147483649, )"
+                                                            R"(18446744073709551615, 0.5]}, true, null])")));
+}
+
+TEST(XmlRpcCodecTest, DocumentThatIsWrittenPieceByPieceHasItsLimits)
+{
+    ResponseDocument shortOne(200);
+    shortOne.writer().beginArray();
+    shortOne.writer().text("x");
+    shortOne.writer().text(std::string(100, 'y'));
+    EXPECT_THROW(shortOne.writer().requireShort(), DocumentTooLong);
+    EXPECT_THROW(shortOne.writer().nil(), DocumentTooLong);
+
     Value deep = 1;
     for (int depth = 2; depth < 32; ++depth) {
         deep = Value::array({deep});
     }
-    ArrayResponse deepOne(10'000);
-    EXPECT_NO_THROW(deepOne.add(deep));
-    EXPECT_THROW(deepOne.add(Value::array({deep})), std::invalid_argument);
+    ResponseDocument deepOne;
+    deepOne.writer().beginArray();
+    EXPECT_NO_THROW(deepOne.writer().value(deep));
+    EXPECT_THROW(deepOne.writer().value(Value::array({deep})), std::invalid_argument);
+}
+
+TEST(XmlRpcCodecTest, WhatHasBeenWrittenCanBeTakenBack)
+{
+    ResponseDocument document;
+    document.writer().beginArray();
+    document.writer().value("kept");
+    const ValueWriter::Mark mark = document.writer().mark();
+    document.writer().beginStruct();
+    document.writer().beginMember("taken back");
+    document.writer().goBackTo(mark);
+    document.writer().endArray();
+    EXPECT_EQ(document.finish(), writeResponse(Value::array({"kept"})));
 }
 
 TEST(XmlRpcCodecTest, ThreadThatReadsManyDocumentsReadsEachForItself)

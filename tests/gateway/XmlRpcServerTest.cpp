@@ -572,6 +572,44 @@ TEST_F(XmlRpcServerTest, LongCommandKeepsNobodyWaitingButThoseThatMustWaitForIt)
     EXPECT_EQ(transcript.lines(), enabledOneByOne);
 }
 
+TEST_F(XmlRpcServerTest, CommandThatHasWaitedForItsTurnIsNotMadeIfItsClientHasLeft)
+{
+    withdraw("RecoveryController");
+    HeldRecoveryController recovery;
+    publish("RecoveryController", recovery);
+    open(false);
+    server->start();
+    LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
+    recovery.waitUntilHeld();
+    const auto request = [](const std::string& method, const Value& members) {
+        const std::string body = zyr_gateway::writeMethodCall({method, {members}});
+        return "POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: " +
+               std::to_string(body.size()) + "\r\n\r\n" + body;
+    };
+    transcript.clear();
+    HttpTestClient staying(server->port());
+    ASSERT_TRUE(staying.send(request("CRI.EnableAcm", {{"channelId", 2}, {"enable", true}})));
+    HttpTestClient leaving(server->port());
+    ASSERT_TRUE(leaving.send(request("CRI.EnableAcm", {{"channelId", 1}, {"enable", true}})));
+    leaving.endSending();
+    // Ends are noticed one after the other: behind that of a poll, this one has been.
+    HttpTestClient polling(server->port());
+    ASSERT_TRUE(polling.send(request("CI.GetFastEvents", {{"events", Value::array()}})));
+    polling.endSending();
+    while (server->longPolls().orphans == 0) {
+        std::this_thread::yield();
+    }
+    recovery.letGo();
+    const HttpTestClient::Answer refused = leaving.answer();
+    EXPECT_EQ(refused.status, "503");
+    EXPECT_EQ(refused.body, "The client's side had ended before the command's turn came: not made.\n");
+    EXPECT_EQ(staying.answer().status, "200");
+    recovering.join();
+    EXPECT_EQ(transcript.lines(),
+              (std::vector<std::string>{"3 ZYR.TI.CriEnableAcm: RadioChannelID: 2\\nEnabled: 1\\n",
+                                        "IAcmHandler_2.enableAcm(true)"}));
+}
+
 TEST_F(XmlRpcServerTest, LongPollBeyondTheCapIsRefusedByAFault)
 {
     server->start();

@@ -154,8 +154,7 @@ TEST(ConversionTest, EachKindOfFieldIsRead)
 TEST(ConversionTest, WhatIsReadIsWrittenAgain)
 {
     const Sample sample = read(soundRequest());
-    Value written = Value::object();
-    writeRecord(kFields, &sample, written);
+    const Value written = valueOf(kFields, &sample);
     EXPECT_EQ(written.dump(), soundRequest().dump());
 }
 
@@ -171,8 +170,7 @@ TEST(ConversionTest, ByteIsANumberFrom0To255)
     constexpr std::array fields{field<&Bytes::low>("a byte", {.unit = kNoUnit}),
                                 field<&Bytes::high>("another", {.unit = kNoUnit})};
     const Bytes bytes{'\x01', '\xFF'};
-    Value written = Value::object();
-    writeRecord(fields, &bytes, written);
+    const Value written = valueOf(fields, &bytes);
     EXPECT_EQ(written.dump(), R"({"low":1,"high":255})");
     EXPECT_EQ(kValueType<char>.range.minimum, 0);
     EXPECT_EQ(kValueType<char>.range.maximum, 255);
@@ -184,8 +182,7 @@ TEST(ConversionTest, AbsentOptionalIsAbsentMember)
     request.erase("maybe");
     const Sample sample = read(request);
     EXPECT_FALSE(sample.maybe.hasValue());
-    Value written = Value::object();
-    writeRecord(kFields, &sample, written);
+    const Value written = valueOf(kFields, &sample);
     EXPECT_FALSE(written.contains("maybe"));
 }
 
@@ -365,8 +362,7 @@ TEST(ConversionTest, SecretIsNeverShown)
 TEST(ConversionTest, EthernetAddressIsWrittenInSmallLetters)
 {
     const Sample sample = readWith("address", "0A:1B:2C:3D:4E:5F");
-    Value written = Value::object();
-    writeRecord(kFields, &sample, written);
+    const Value written = valueOf(kFields, &sample);
     EXPECT_EQ(written["address"], "0a:1b:2c:3d:4e:5f");
 }
 

@@ -67,6 +67,8 @@ TEST(FieldTest, NotesFitTheType)
     EXPECT_EQ(defectOf<std::string>({.isWholeNumber = true}), "");
     EXPECT_EQ(defectOf<std::uint8_t>({.unit = kNoUnit, .isWholeNumber = true}),
               "a whole number in what is no string");
+    EXPECT_EQ(defectOf<general_classes::Optional<bool>>({.neededFor = "a start"}), "");
+    EXPECT_EQ(defectOf<bool>({.neededFor = "a start"}), "what is no optional is needed anyway, or never");
 }
 
 TEST(FieldTest, TextsAreCountedFromZero)

@@ -14,6 +14,7 @@ namespace
 {
 
 using zyr_registration::MethodNotes;
+using zyr_registration::PlainMethodNotes;
 using zyr_registration::Value;
 
 const MethodNotes& notesOf(std::string_view name)
@@ -214,10 +215,15 @@ TEST(ReferenceTest, MarkdownHasFaultCodesAndVocabulariesOnce)
 TEST(ReferenceTest, MarkdownHasOtherMethodsBehindTheCommands)
 {
     const std::array others{MethodNotes{.name = "SIM.Probe", .help = "Probes."}};
-    const std::string text = zyr_registration::referenceMarkdown(others);
-    const std::size_t found = text.find("## SIM.Probe\n\nProbes.\n\nGroup simulation. Changes the node. "
-                                        "Answers within 1 s.\n\nRequest: no fields.\n\n"
-                                        "Response: no fields.\n\n## Vocabularies\n");
+    const std::array plain{PlainMethodNotes{"system.first", "First.", {"array"}},
+                           PlainMethodNotes{"system.second", "Second.", {"struct", "int string double"}}};
+    const std::string text = zyr_registration::referenceMarkdown(others, plain);
+    const std::size_t found = text.find(
+        "## SIM.Probe\n\nProbes.\n\nGroup simulation. Changes the node. "
+        "Answers within 1 s.\n\nRequest: no fields.\n\n"
+        "Response: no fields.\n\n## system.first\n\nFirst.\n\nTakes nothing, gives array.\n\n"
+        "## system.second\n\nSecond.\n\nTakes nothing, gives struct.\nTakes string double, gives int.\n\n"
+        "## Vocabularies\n");
     EXPECT_NE(found, std::string::npos);
     EXPECT_GT(found, text.find("## TI.SetEvents"));
 }

@@ -133,6 +133,42 @@ TEST_F(RegisteringModuleTest, TextThatBeginsWithANumberIsRead)
     }
 }
 
+TEST_F(RegisteringModuleTest, RequestThatLacksAnOptionForWhatItAsksIsRefusedWithThatOption)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = true});
+    const auto refusal = [&](const char* name, const Value& members) {
+        try {
+            return call(module, name, members).value.dump();
+        } catch (const zyr_registration::RecordError& error) {
+            EXPECT_EQ(error.result(), 0xA102U);
+            return std::string(error.what());
+        }
+    };
+    EXPECT_EQ(
+        refusal("CRI.GetSpectrumDiagnostics", {{"RadioChannelID", 1}, {"RequestOption", "scan-stop"}}),
+        "eTI_E_REQUIRED_INPUT_MISSING: CRI.GetSpectrumDiagnostics: DmSleep is missing, it is needed for the "
+        "two starts and the stop and takes an integer from 0 to 4294967295");
+    EXPECT_EQ(refusal("TI.ManageXPIC", {{"xpicAcquireStart", true}, {"xpicAcquireMode", 1}}),
+              "eTI_E_REQUIRED_INPUT_MISSING: TI.ManageXPIC: xpicSpectralInversionMode is missing, it is "
+              "needed for xpicAcquireStart and takes an integer from 0 to 4294967295");
+    EXPECT_EQ(
+        refusal("TI.ManageXPIC",
+                {{"xpicAcquireStart", true}, {"xpicAcquireMode", nullptr}, {"xpicSpectralInversionMode", 1}}),
+        "eTI_E_REQUIRED_INPUT_MISSING: TI.ManageXPIC: xpicAcquireMode is missing, it is needed for "
+        "xpicAcquireStart and takes an integer from 0 to 4294967295");
+}
+
+TEST_F(RegisteringModuleTest, OptionThatNothingNeedsIsBlamedForNothing)
+{
+    publishNode(node);
+    RegisteringModule module({.numberOfChannels = 2, .enableTi = false});
+    node.channel2.spaceDiversityCombinerController.onSetRlConfiguration.doInstead(
+        []() -> zyr_top_api::ETIResult { throw general_classes::BadOptional(); });
+    EXPECT_THROW(call(module, "CRI.SetSdcRlConfiguration", sdcConfiguration("28000")),
+                 general_classes::BadOptional);
+}
+
 TEST_F(RegisteringModuleTest, WhatElseLeavesACommandIsBlamedOnNoMember)
 {
     publishNode(node);

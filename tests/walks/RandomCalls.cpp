@@ -275,8 +275,7 @@ class RandomExchange : public Exchange
             unknownFault = outcome.faultString;
         }
         outcome.printResponse();
-        Value value = Value::object();
-        zyr_registration::writeRecord(m_command.notes.response, response, value);
+        const Value value = zyr_registration::valueOf(m_command.notes.response, response);
         EXPECT_LE(value.size(), m_command.notes.response.size());
     }
 

@@ -132,13 +132,6 @@ constexpr std::array kTraceChannelsAnswer{
     field<&TraceChannelsAnswer::channels>("the trace channels that have been used"),
 };
 
-Value valueOf(std::span<const Field> fields, const void* record)
-{
-    Value value = Value::object();
-    zyr_registration::writeRecord(fields, record, value);
-    return value;
-}
-
 // A method, and what it does on the node.
 struct SimMethod
 {

@@ -4,6 +4,7 @@
 #include "Reference.h"
 #include "Schema.h"
 #include "SimMethods.h"
+#include "SystemMethodNotes.h"
 
 #include <nlohmann/json.hpp>
 
@@ -60,7 +61,8 @@ int main(int argc, char** argv)
         }
         const auto& options = std::get<zyr_node::Options>(read);
         if (options.printReference) {
-            std::cout << zyr_registration::referenceMarkdown(zyr_node::simMethodNotes());
+            std::cout << zyr_registration::referenceMarkdown(zyr_node::simMethodNotes(),
+                                                             zyr_gateway::systemMethodNotes());
             return zyr_node::Done;
         }
         if (options.printSchema) {

@@ -105,4 +105,10 @@ void Exchange::clientHasLeft()
     }
 }
 
+bool Exchange::hasClientLeft() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_hasLeft;
+}
+
 } // namespace zyr_gateway

@@ -45,12 +45,14 @@ class Exchange
     void whenClientLeaves(std::function<void()> function);
     /// The client has left, or at least will send nothing more. Any thread.
     void clientHasLeft();
+    /// Whether that was called. Any thread.
+    [[nodiscard]] bool hasClientLeft() const;
 
   private:
     void answerLocked(HttpResponse response);
 
     const std::shared_ptr<MemoryBudget> m_budget;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     MemoryBudget::Share m_held;
     bool m_isAnswered = false;
     bool m_hasLeft = false;

@@ -253,6 +253,11 @@ void HttpServer::Answer::whenClientLeaves(std::function<void()> function) const
     m_ticket->exchange->whenClientLeaves(std::move(function));
 }
 
+bool HttpServer::Answer::hasClientLeft() const
+{
+    return m_ticket->exchange->hasClientLeft();
+}
+
 class HttpServer::Impl
 {
   public:
@@ -391,7 +396,8 @@ MHD_Daemon* HttpServer::Impl::startDaemon(int listenSocket)
     // The library's own limits lie beyond ours, so that ours give the answer.
     const auto connections =
         static_cast<unsigned>(m_options.maxConnections + 2 * kSpareConnections + kEndedConnections);
-    const std::size_t memory = 4 * m_options.maxHeaderSize;
+    // It is cleared for each request, so there is no more of it than helps.
+    const std::size_t memory = 2 * m_options.maxHeaderSize;
     return MHD_start_daemon(flags, 0, nullptr, nullptr, &onAccess, this,       //
                             MHD_OPTION_EXTERNAL_LOGGER, &onLog, this,          //
                             MHD_OPTION_LISTEN_SOCKET, listenSocket,            //

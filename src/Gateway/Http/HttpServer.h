@@ -75,7 +75,7 @@ class Exchange;
 /// What it answers itself: 400 (not HTTP by its strict grammar, a `Host` that is not this machine's while on
 /// loopback, a doubled `Content-Length`), 401, 403 (a page of another site calls), 404, 405, 411, 413, 415,
 /// 431, 500 (the handler has thrown, or has let its answer fall), 503 (too many connections, too much in
-/// work, out of memory, or stopping). A request line longer than four times `maxHeaderSize` is answered with
+/// work, out of memory, or stopping). A request line longer than twice `maxHeaderSize` is answered with
 /// 414. With a refusal of a request's head the connection ends.
 ///
 /// It traces to "ZYR.GATEWAY": failed logins and refused requests at level 2, each request at level 5.
@@ -95,6 +95,9 @@ class HttpServer
         /// answer is sent to it all the same. The function may be called from another thread at once, and
         /// must not throw.
         void whenClientLeaves(std::function<void()> function) const;
+
+        /// Whether the client has left by now, in the same sense.
+        [[nodiscard]] bool hasClientLeft() const;
 
       private:
         struct Ticket;

@@ -20,6 +20,12 @@ Lane::~Lane()
     m_thread.join();
 }
 
+bool Lane::isFree() const
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_isTaken && m_waiting.empty();
+}
+
 bool Lane::run(Job job)
 {
     const std::lock_guard lock(m_mutex);

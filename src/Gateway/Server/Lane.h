@@ -38,6 +38,9 @@ class Lane
         return true;
     }
 
+    /// Whether nobody is in the lane and nobody waits, at this moment.
+    [[nodiscard]] bool isFree() const;
+
     /// Does the job when its turn comes. False, with nothing done, when too many wait already.
     [[nodiscard]] bool run(Job job);
 
@@ -63,7 +66,7 @@ class Lane
     void work();
 
     const std::size_t m_maxWaiting;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Job> m_waiting;
     bool m_isTaken = false;

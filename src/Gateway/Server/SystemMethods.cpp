@@ -1,12 +1,17 @@
 #include "RecordError.h"
 #include "Reference.h"
 #include "ServerParts.h"
+#include "SystemMethodNotes.h"
 #include "XmlRpcServer.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <exception>
+#include <iterator>
 #include <new>
 #include <optional>
+#include <sstream>
 #include <utility>
 
 // The introspection methods of `XmlRpcServer`.
@@ -17,9 +22,50 @@ namespace zyr_gateway
 namespace
 {
 
+using zyr_registration::PlainMethodNotes;
 using zyr_registration::RecordError;
+using zyr_registration::ValueSink;
 
 constexpr std::size_t kMostCalls = 100;
+
+constexpr std::array kNotes{
+    PlainMethodNotes{"system.getCapabilities", "The extensions of XML-RPC that this server has.", {"struct"}},
+    PlainMethodNotes{"system.listMethods", "The names of all methods, sorted.", {"array"}},
+    PlainMethodNotes{
+        "system.methodHelp", "What a method does, takes and gives, for people.", {"string string"}},
+    PlainMethodNotes{"system.methodSignature",
+                     "The signatures of a method: arrays of type names, that of the result first.",
+                     {"array string"}},
+    PlainMethodNotes{
+        kMulticall,
+        "Makes up to 100 calls in order. Each is a struct of methodName and params; each answer is an "
+        "array of the one value, or a struct of faultCode and faultString. Neither this method nor a "
+        "long poll can be called so. All answers together have 8 MiB at the most.",
+        {"array array"}},
+    PlainMethodNotes{
+        "zyr.describe",
+        "Describes a method by its name, for programs: a struct of name, help, fields of request and "
+        "response, faults and more. Without a name it describes all methods that take a struct: a struct "
+        "of methods, an array of such structs, and hash.",
+        {"struct", "struct string"}},
+    PlainMethodNotes{"zyr.describeHash",
+                     "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
+                     {"string"}},
+};
+
+// The signatures as arrays of type names.
+Value signaturesOf(const PlainMethodNotes& notes)
+{
+    Value signatures = Value::array();
+    for (const std::string_view signature : notes.signatures) {
+        std::istringstream words{std::string(signature)};
+        const std::vector<std::string> types{std::istream_iterator<std::string>(words), {}};
+        if (!types.empty()) {
+            signatures.push_back(types);
+        }
+    }
+    return signatures;
+}
 
 // The one string parameter of a method.
 const std::string& onlyString(const std::string& method, const std::vector<Value>& params)
@@ -65,63 +111,50 @@ MethodCall callOf(const Value& call)
 
 } // namespace
 
-void XmlRpcServer::addSystemMethod(std::string name, std::string help, Value signatures,
-                                   std::function<Value(const Params&)> call, Effort effort)
+std::span<const PlainMethodNotes> systemMethodNotes()
 {
-    add(std::move(name), {std::move(help), std::move(signatures), Value(), effort, false,
-                          [call = std::move(call)](const Params& params) {
-                              return Answer{call(params), 0, {}};
-                          }});
+    return kNotes;
+}
+
+void XmlRpcServer::addSystemMethod(std::string_view name, std::function<Value(const Params&)> call,
+                                   Effort effort)
+{
+    const PlainMethodNotes& notes = *std::ranges::find(kNotes, name, &PlainMethodNotes::name);
+    add(std::string(name), {std::string(notes.help), signaturesOf(notes), Value(), effort, false,
+                            [call = std::move(call)](const Params& params, ValueSink& sink) {
+                                sink.value(call(params));
+                                return Outcome{};
+                            }});
 }
 
 void XmlRpcServer::addSystemMethods()
 {
-    const auto signature = [](std::initializer_list<const char*> types) {
-        return Value::array({Value(std::vector<std::string>(types.begin(), types.end()))});
-    };
-    addSystemMethod("system.listMethods", "The names of all methods, sorted.", signature({"array"}),
-                    [this](const Params& params) {
-                        takeNothing("system.listMethods", params);
-                        Value names = Value::array();
-                        for (const auto& [name, entry] : m_methods) {
-                            names.push_back(name);
-                        }
-                        return names;
-                    });
-    addSystemMethod("system.methodSignature",
-                    "The signatures of a method: arrays of type names, that of the result first.",
-                    signature({"array", "string"}), [this](const Params& params) {
-                        return method(onlyString("system.methodSignature", params)).signatures;
-                    });
-    addSystemMethod("system.methodHelp", "What a method does, takes and gives, for people.",
-                    signature({"string", "string"}), [this](const Params& params) {
-                        return Value(method(onlyString("system.methodHelp", params)).help);
-                    });
-    addSystemMethod("system.getCapabilities", "The extensions of XML-RPC that this server has.",
-                    signature({"struct"}), [](const Params& params) {
-                        takeNothing("system.getCapabilities", params);
-                        return capabilities();
-                    });
+    addSystemMethod("system.getCapabilities", [](const Params& params) {
+        takeNothing("system.getCapabilities", params);
+        return capabilities();
+    });
+    addSystemMethod("system.listMethods", [this](const Params& params) {
+        takeNothing("system.listMethods", params);
+        Value names = Value::array();
+        for (const auto& [name, entry] : m_methods) {
+            names.push_back(name);
+        }
+        return names;
+    });
+    addSystemMethod("system.methodHelp", [this](const Params& params) {
+        return Value(method(onlyString("system.methodHelp", params)).help);
+    });
+    addSystemMethod("system.methodSignature", [this](const Params& params) {
+        return method(onlyString("system.methodSignature", params)).signatures;
+    });
     // Taken before it gets here, see `takeMulticall`.
+    addSystemMethod(kMulticall, [](const Params&) { return Value(); });
     addSystemMethod(
-        std::string(kMulticall),
-        "Makes up to 100 calls in order. Each is a struct of methodName and params; each answer is an "
-        "array of the one value, or a struct of faultCode and faultString. Neither this method nor a "
-        "long poll can be called so. All answers together have 8 MiB at the most.",
-        signature({"array", "array"}), [](const Params&) { return Value(); });
-    addSystemMethod(
-        "zyr.describe",
-        "Describes a method by its name, for programs: a struct of name, help, fields of request and "
-        "response, faults and more. Without a name it describes all methods that take a struct: a struct "
-        "of methods, an array of such structs, and hash.",
-        Value::array({Value::array({"struct"}), Value::array({"struct", "string"})}),
-        [this](const Params& params) { return describe(params); }, Effort::Big);
-    addSystemMethod("zyr.describeHash",
-                    "The hash of all that zyr.describe tells, a string: who knows it needs not ask again.",
-                    signature({"string"}), [this](const Params& params) {
-                        takeNothing("zyr.describeHash", params);
-                        return m_described.at("hash");
-                    });
+        "zyr.describe", [this](const Params& params) { return describe(params); }, Effort::Big);
+    addSystemMethod("zyr.describeHash", [this](const Params& params) {
+        takeNothing("zyr.describeHash", params);
+        return m_described.at("hash");
+    });
 }
 
 Value XmlRpcServer::describe(const Params& params) const
@@ -160,7 +193,9 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
     Multicall(XmlRpcServer& server, Value calls, HttpServer::Answer answer, std::size_t room)
         : m_server(server), m_calls(std::move(calls)), m_answer(std::move(answer)), m_room(room),
           m_share(server.m_multicalls)
-    {}
+    {
+        m_document.writer().beginArray();
+    }
 
     // Where a call is made.
     enum class Place
@@ -189,6 +224,7 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
                 }
                 make(next);
             }
+            m_document.writer().endArray();
             m_answer({200, "text/xml", m_document.finish()});
         } catch (...) {
             endWith(std::current_exception());
@@ -196,16 +232,12 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
     }
 
   private:
-    static Value faultOf(std::int32_t code, const std::string& text)
-    {
-        return {{"faultCode", code}, {"faultString", text}};
-    }
-
     // A call that is to be made, or its refusal.
     struct Next
     {
         MethodCall call;
-        std::optional<Value> refusal;
+        const Method* called = nullptr;
+        Outcome refusal;
         Place place = Place::BigOnes;
     };
 
@@ -215,6 +247,7 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
         try {
             result.call = callOf(m_calls[m_next]);
             const Method& called = m_server.method(result.call.method);
+            result.called = &called;
             if (result.call.method == kMulticall || called.effort == Effort::LongPoll) {
                 throw RecordError(zyr_top_api::eTI_E_PARAMETER_INVALID,
                                   result.call.method + ": not to be called by system.multicall");
@@ -225,7 +258,8 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
                 result.place = Place::LongOnes;
             }
         } catch (const RecordError& error) {
-            result.refusal = faultOf(zyr_top_api::BaseResponse(error.result(), {}).faultCode, error.what());
+            const zyr_top_api::BaseResponse fault(error.result(), error.what());
+            result.refusal = {fault.faultCode, fault.faultString};
         }
         return result;
     }
@@ -251,13 +285,20 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
 
     void make(const Next& next)
     {
-        if (next.refusal) {
-            m_document.add(*next.refusal);
-        } else {
-            Answer answer = m_server.call(next.call);
-            m_document.add(answer.faultCode > 0 ? faultOf(answer.faultCode, answer.faultText)
-                                                : Value::array({std::move(answer.value)}));
+        ValueWriter& writer = m_document.writer();
+        Outcome outcome = next.refusal;
+        const ValueWriter::Mark begin = writer.mark();
+        if (outcome.faultCode == 0) {
+            writer.beginArray();
+            outcome = m_server.call(*next.called, next.call, writer);
         }
+        if (outcome.faultCode == 0) {
+            writer.endArray();
+        } else {
+            writer.goBackTo(begin);
+            writer.value({{"faultCode", outcome.faultCode}, {"faultString", outcome.faultText}});
+        }
+        writer.requireShort();
         ++m_next;
     }
 
@@ -306,7 +347,7 @@ class XmlRpcServer::Multicall : public std::enable_shared_from_this<Multicall>
     const std::size_t m_room; // of the calls
     MemoryBudget::Share m_share;
     std::size_t m_next = 0;
-    ArrayResponse m_document{kLongestAnswer};
+    ResponseDocument m_document{kLongestAnswer};
 };
 
 void XmlRpcServer::takeMulticall(const MethodCall& request, std::size_t room,

@@ -23,6 +23,7 @@ namespace
 using zyr_registration::CommandEntry;
 using zyr_registration::MethodNotes;
 using zyr_registration::RecordError;
+using zyr_registration::ValueSink;
 using zyr_top_api::BaseResponse;
 using zyr_top_api::ETIResult;
 
@@ -44,32 +45,57 @@ constexpr LongPolls::Limits kLongPollLimits;
 // What "CI.GetFastEvents" says when it has been released.
 constexpr std::string_view kReleased = "CI.GetFastEvents has been terminated";
 
-Answer faultAnswer(ETIResult result, const std::string& text)
+Outcome faultOutcome(ETIResult result, const std::string& text)
 {
     const BaseResponse response(result, text);
-    return {Value(), response.faultCode, response.faultString};
+    return {response.faultCode, response.faultString};
 }
 
 // An exception that leaves a method ends here.
 template <class Call>
-Answer guarded(const std::string& method, const Call& call)
+Outcome guarded(const std::string& method, const Call& call)
 {
     const auto internalError = [&](const std::string& what) {
-        return faultAnswer(zyr_top_api::eTI_E_FAILED,
-                           "eTI_E_FAILED: " + method + ": internal error: " + what);
+        return faultOutcome(zyr_top_api::eTI_E_FAILED,
+                            "eTI_E_FAILED: " + method + ": internal error: " + what);
     };
     try {
         return call();
     } catch (const RecordError& error) {
-        return faultAnswer(error.result(), error.what());
+        return faultOutcome(error.result(), error.what());
     } catch (const std::bad_alloc&) {
         throw; // not the call's fault
+    } catch (const DocumentTooLong&) {
+        throw; // neither
     } catch (const std::exception& error) {
         return internalError(error.what());
     } catch (...) {
         return internalError("an exception of unknown type");
     }
 }
+
+// Lets a method write its answer into a document.
+class DocumentSink final : public zyr_registration::ValueSink
+{
+  public:
+    explicit DocumentSink(ValueWriter& writer) : m_writer(writer) {}
+
+    void nil() override { m_writer.nil(); }
+    void boolean(bool value) override { m_writer.boolean(value); }
+    void integer(std::int64_t number) override { m_writer.integer(number); }
+    void real(double number) override { m_writer.real(number); }
+    void text(std::string_view text) override { m_writer.text(text); }
+    void beginArray() override { m_writer.beginArray(); }
+    void endArray() override { m_writer.endArray(); }
+    void beginStruct() override { m_writer.beginStruct(); }
+    void beginMember(std::string_view name) override { m_writer.beginMember(name); }
+    void endMember() override { m_writer.endMember(); }
+    void endStruct() override { m_writer.endStruct(); }
+    void value(const Value& value) override { m_writer.value(value); }
+
+  private:
+    ValueWriter& m_writer;
+};
 
 HttpResponse inDocument(std::string document)
 {
@@ -81,24 +107,9 @@ HttpResponse refusal(std::string_view text)
     return {.status = 503, .contentType = "text/plain; charset=utf-8", .body = std::string(text) + "\n"};
 }
 
-HttpResponse response(const std::string& method, const Answer& answer)
+HttpResponse stopping()
 {
-    if (answer.faultCode > 0) {
-        return inDocument(writeFault(answer.faultCode, answer.faultText));
-    }
-    // The answer may be too deep or too long to be written, so that is guarded too.
-    std::string document;
-    const Answer failure = guarded(method, [&] {
-        try {
-            document = writeResponse(answer.value, kLongestAnswer);
-        } catch (const DocumentTooLong&) {
-            return faultAnswer(zyr_top_api::eTI_E_FAILED,
-                               "eTI_E_FAILED: " + method + ": the answer is longer than 8 MiB");
-        }
-        return Answer{};
-    });
-    return inDocument(failure.faultCode > 0 ? writeFault(failure.faultCode, failure.faultText)
-                                            : std::move(document));
+    return refusal("The server is stopping.");
 }
 
 // Does what answers. Nothing leaves this.
@@ -169,13 +180,15 @@ XmlRpcServer::~XmlRpcServer() // NOLINT(bugprone-exception-escape)
 
 void XmlRpcServer::addMethod(const MethodNotes& notes, std::function<Value(const Value& members)> function)
 {
-    const auto call = [name = std::string(notes.name), function = std::move(function)](const Params& params) {
-        return Answer{function(onlyStruct(name, params)), 0, {}};
+    const auto call = [name = std::string(notes.name), function = std::move(function)](const Params& params,
+                                                                                       ValueSink& sink) {
+        sink.value(function(onlyStruct(name, params)));
+        return Outcome{};
     };
     add(notes, false, call);
 }
 
-void XmlRpcServer::add(const MethodNotes& notes, bool isDispatched, std::function<Answer(const Params&)> call)
+void XmlRpcServer::add(const MethodNotes& notes, bool isDispatched, MethodFunction call)
 {
     const unsigned channels = m_commands.numberOfChannels();
     const Effort effort = notes.isLongPoll                            ? Effort::LongPoll
@@ -219,8 +232,8 @@ XmlRpcServer::LongPollCount XmlRpcServer::longPolls() const
 void XmlRpcServer::addCommands()
 {
     for (const CommandEntry& command : zyr_registration::allCommands()) {
-        add(command.notes, !command.isDirect(), [this, &command](const Params& params) {
-            return m_commands.call(command, onlyStruct(command.name(), params));
+        add(command.notes, !command.isDirect(), [this, &command](const Params& params, ValueSink& sink) {
+            return m_commands.call(command, onlyStruct(command.name(), params), sink);
         });
     }
 }
@@ -262,7 +275,7 @@ void XmlRpcServer::take(HttpRequest request, const HttpServer::Answer& answer)
 void XmlRpcServer::takeDocument(const std::string& body, const HttpServer::Answer& answer)
 {
     const auto refuse = [&](ETIResult result, const std::string& text) {
-        answer(response({}, faultAnswer(result, text)));
+        answer(response({faultOutcome(result, text), {}}));
     };
     try {
         takeCall(parseMethodCall(body), body, answer);
@@ -287,11 +300,12 @@ void XmlRpcServer::takeCall(MethodCall call, const std::string& body, const Http
     } else if (called.isDispatched) {
         takeDispatched(std::move(call), body, called, answer);
     } else if (called.effort == Effort::Prompt) {
-        answer(responseTo(call));
+        answer(responseTo(called, call));
     } else {
         try {
-            const bool isTaken = called.effort == Effort::Big ? m_bigOnes.run(job(std::move(call), answer))
-                                                              : m_longOnes.run(job(std::move(call), answer));
+            const bool isTaken = called.effort == Effort::Big
+                                     ? m_bigOnes.run(job(called, std::move(call), answer))
+                                     : m_longOnes.run(job(called, std::move(call), answer));
             if (!isTaken) {
                 answer(refusal("Too many requests are waiting."));
             }
@@ -302,31 +316,42 @@ void XmlRpcServer::takeCall(MethodCall call, const std::string& body, const Http
 }
 
 // What makes the call and answers with its outcome.
-std::function<void()> XmlRpcServer::job(MethodCall call, const HttpServer::Answer& answer)
+std::function<void()> XmlRpcServer::job(const Method& called, MethodCall call,
+                                        const HttpServer::Answer& answer)
 {
-    return [this, call = std::make_shared<const MethodCall>(std::move(call)), answer] {
-        attempt(answer,
-                [&] { answer(m_isStopping ? refusal("The server is stopping.") : responseTo(*call)); });
+    return [this, &called, call = std::make_shared<const MethodCall>(std::move(call)), answer] {
+        attempt(answer, [&] { answer(m_isStopping ? stopping() : responseTo(called, *call)); });
     };
 }
 
+// A command that has to wait for its turn is not made if its client has left by then.
 void XmlRpcServer::takeDispatched(MethodCall call, const std::string& body, const Method& called,
                                   const HttpServer::Answer& answer)
 {
     const bool isMade =
-        called.effort == Effort::Prompt && m_dispatcher.tryRun([&] { answer(responseTo(call)); });
+        called.effort == Effort::Prompt && m_dispatcher.tryRun([&] { answer(responseTo(called, call)); });
     if (isMade) {
         return;
     }
-    auto waiting = job(std::move(call), answer);
+    auto make = job(called, std::move(call), answer);
     if (body.size() > kLongestSmall) {
-        waiting = [this, body, answer] {
-            attempt(answer, [&] {
-                answer(m_isStopping ? refusal("The server is stopping.") : responseTo(parseMethodCall(body)));
-            });
+        make = [this, &called, body, answer] {
+            attempt(answer,
+                    [&] { answer(m_isStopping ? stopping() : responseTo(called, parseMethodCall(body))); });
         };
     }
-    if (!m_dispatcher.run(std::move(waiting))) {
+    if (!m_dispatcher.isFree()) {
+        make = [make = std::move(make), answer] {
+            if (answer.hasClientLeft()) {
+                attempt(answer, [&] {
+                    answer(refusal("The client's side had ended before the command's turn came: not made."));
+                });
+            } else {
+                make();
+            }
+        };
+    }
+    if (!m_dispatcher.run(std::move(make))) {
         answer(refusal("Too many commands are waiting for their turn."));
     }
 }
@@ -335,27 +360,27 @@ void XmlRpcServer::takeLongPoll(MethodCall call, const Method& called, const Htt
 {
     struct Hanging
     {
-        explicit Hanging(MethodCall made) : call(std::move(made)) {}
+        explicit Hanging(MethodCall taken) : call(std::move(taken)) {}
 
         MethodCall call;
-        Answer outcome;
+        Made made;
         bool isOutOfMemory = false;
     };
     const auto hanging = std::make_shared<Hanging>(std::move(call));
     const auto poll = [this, hanging, &called] {
         try {
-            hanging->outcome = callCounted(called, hanging->call);
+            hanging->made = make(called, hanging->call);
         } catch (const std::exception&) {
             hanging->isOutOfMemory = true;
             return LongPolls::Outcome::Answered;
         }
-        return hanging->outcome.faultText == kReleased ? LongPolls::Outcome::Released
-                                                       : LongPolls::Outcome::Answered;
+        return hanging->made.outcome.faultText == kReleased ? LongPolls::Outcome::Released
+                                                            : LongPolls::Outcome::Answered;
     };
     const auto finish = [hanging, answer] {
         attempt(answer, [&] {
             answer(hanging->isOutOfMemory ? refusal("The server is out of memory.")
-                                          : response(hanging->call.method, hanging->outcome));
+                                          : response(std::move(hanging->made)));
         });
     };
     LongPolls::Handle handle = 0;
@@ -369,7 +394,7 @@ void XmlRpcServer::takeLongPoll(MethodCall call, const Method& called, const Htt
     if (isHanging) {
         answer.whenClientLeaves([this, handle] { m_longPolls.leave(handle); });
     } else if (m_isStopping) {
-        answer(refusal("The server is stopping."));
+        answer(stopping());
     } else {
         throw RecordError(zyr_top_api::eTI_E_FAILED, hanging->call.method +
                                                          ": too many long polls hang already, " +
@@ -377,27 +402,47 @@ void XmlRpcServer::takeLongPoll(MethodCall call, const Method& called, const Htt
     }
 }
 
-HttpResponse XmlRpcServer::responseTo(const MethodCall& request)
+HttpResponse XmlRpcServer::response(Made made)
 {
-    return response(request.method, call(request));
+    return inDocument(made.outcome.faultCode > 0 ? writeFault(made.outcome.faultCode, made.outcome.faultText)
+                                                 : std::move(made.document));
 }
 
-Answer XmlRpcServer::call(const MethodCall& request)
+HttpResponse XmlRpcServer::responseTo(const Method& called, const MethodCall& request)
 {
-    return guarded(request.method, [&] { return callCounted(method(request.method), request); });
+    return response(make(called, request));
+}
+
+XmlRpcServer::Made XmlRpcServer::make(const Method& called, const MethodCall& request)
+{
+    ResponseDocument document(kLongestAnswer);
+    try {
+        Made made{call(called, request, document.writer()), {}};
+        if (made.outcome.faultCode == 0) {
+            made.document = document.finish();
+        }
+        return made;
+    } catch (const DocumentTooLong&) {
+        return {faultOutcome(zyr_top_api::eTI_E_FAILED,
+                             "eTI_E_FAILED: " + request.method + ": the answer is longer than 8 MiB"),
+                {}};
+    }
 }
 
 // A release that a client asks for is made known to the long polls.
-Answer XmlRpcServer::callCounted(const Method& called, const MethodCall& request)
+Outcome XmlRpcServer::call(const Method& called, const MethodCall& request, ValueWriter& writer)
 {
-    const auto callIt = [&] { return guarded(request.method, [&] { return called.call(request.params); }); };
+    DocumentSink sink(writer);
+    const auto callIt = [&] {
+        return guarded(request.method, [&] { return called.call(request.params, sink); });
+    };
     if (request.method != zyr_top_api::CiReleaseFastEventsRequests::identity.wireName) {
         return callIt();
     }
     m_longPolls.releaseBegins();
-    Answer answer = callIt();
-    m_longPolls.releaseEnded(answer.faultCode == 0);
-    return answer;
+    Outcome outcome = callIt();
+    m_longPolls.releaseEnded(outcome.faultCode == 0);
+    return outcome;
 }
 
 void XmlRpcServer::releaseLongPolls() noexcept

@@ -8,6 +8,7 @@
 #include "MemoryBudget.h"
 #include "RegisteringModule.h"
 #include "Value.h"
+#include "ValueSink.h"
 #include "WorkerPool.h"
 
 #include <atomic>
@@ -21,8 +22,8 @@
 namespace zyr_gateway
 {
 
-/// What a method brought: a value, or a fault.
-using zyr_registration::Answer;
+/// How a method has ended: with a value, or with a fault.
+using zyr_registration::Outcome;
 
 /// The node's XML-RPC server: all commands by their wire names, the introspection methods "system.", and
 /// "zyr.describe" with its hash, which tells programs what they need to know to call the methods.
@@ -31,7 +32,8 @@ using zyr_registration::Answer;
 /// and output. Dispatched commands are made one at a time: one that finds another in its way waits for its
 /// turn without a thread, and those that may take longer are made by a thread of their own. Direct commands
 /// that may take longer have threads that come and go. So a long command keeps nobody waiting but those that
-/// must wait for it. Long polls hang on threads of their own, 64 at the most; what is big is done by one
+/// must wait for it. A command that has waited for its turn is not made if its client has left by then. Long
+/// polls hang on threads of their own, 64 at the most; what is big is done by one
 /// thread, one after the other.
 ///
 /// What a client sends and what a command throws ends in a fault, never the process. An answer has 8 MiB at
@@ -80,6 +82,8 @@ class XmlRpcServer
 
   private:
     using Params = std::vector<Value>;
+    // Writes the answer's value, or gives a fault.
+    using MethodFunction = std::function<Outcome(const Params&, zyr_registration::ValueSink&)>;
 
     // What making a method's calls takes.
     enum class Effort
@@ -97,17 +101,22 @@ class XmlRpcServer
         Value description; // for "zyr.describe"; null: not told there
         Effort effort = Effort::Prompt;
         bool isDispatched = false; // one at a time
-        std::function<Answer(const Params&)> call;
+        MethodFunction call;
+    };
+    // A call that has been made.
+    struct Made
+    {
+        Outcome outcome;
+        std::string document; // unless there is a fault
     };
     class Multicall;
 
     void addCommands();
     void addSystemMethods();
     void add(std::string name, Method method);
-    void add(const zyr_registration::MethodNotes& notes, bool isDispatched,
-             std::function<Answer(const Params&)> call);
-    void addSystemMethod(std::string name, std::string help, Value signatures,
-                         std::function<Value(const Params&)> call, Effort effort = Effort::Prompt);
+    void add(const zyr_registration::MethodNotes& notes, bool isDispatched, MethodFunction call);
+    void addSystemMethod(std::string_view name, std::function<Value(const Params&)> call,
+                         Effort effort = Effort::Prompt);
     const Method& method(std::string_view name) const;
 
     void take(HttpRequest request, const HttpServer::Answer& answer);
@@ -117,10 +126,11 @@ class XmlRpcServer
                         const HttpServer::Answer& answer);
     void takeLongPoll(MethodCall call, const Method& called, const HttpServer::Answer& answer);
     void takeMulticall(const MethodCall& request, std::size_t room, const HttpServer::Answer& answer);
-    std::function<void()> job(MethodCall call, const HttpServer::Answer& answer);
-    Answer call(const MethodCall& request);
-    Answer callCounted(const Method& called, const MethodCall& request);
-    HttpResponse responseTo(const MethodCall& request);
+    std::function<void()> job(const Method& called, MethodCall call, const HttpServer::Answer& answer);
+    Outcome call(const Method& called, const MethodCall& request, ValueWriter& writer);
+    Made make(const Method& called, const MethodCall& request);
+    HttpResponse responseTo(const Method& called, const MethodCall& request);
+    static HttpResponse response(Made made);
     void releaseLongPolls() noexcept;
 
     Value describe(const Params& params) const;

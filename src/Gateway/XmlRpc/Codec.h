@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Value.h"
+#include "ValueWriter.h"
 #include "XmlRpcError.h"
 
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -84,10 +86,6 @@ struct MethodResponse // NOLINT(bugprone-exception-escape): moving a value does 
 /// @throws std::invalid_argument when values are nested deeper than `kMaxValueDepth`
 [[nodiscard]] std::string writeMethodCall(const MethodCall& call);
 
-/// Writes a `methodResponse` document that holds a value.
-/// @throws std::invalid_argument when values are nested deeper than `kMaxValueDepth`
-[[nodiscard]] std::string writeResponse(const Value& value);
-
 /// A document would become longer than it may be.
 class DocumentTooLong : public std::length_error
 {
@@ -95,33 +93,36 @@ class DocumentTooLong : public std::length_error
     using std::length_error::length_error;
 };
 
-/// As above.
-/// @param limit in bytes; what stands round the value does not count
-/// @throws DocumentTooLong
-[[nodiscard]] std::string writeResponse(const Value& value, std::size_t limit);
-
-/// A `methodResponse` document that holds an array, written element by element.
-class ArrayResponse
+/// A `methodResponse` document that holds a value, which is written piece by piece.
+class ResponseDocument
 {
   public:
-    /// @param limit as above
-    explicit ArrayResponse(std::size_t limit);
+    /// @param limit in bytes; what stands behind the value does not count
+    explicit ResponseDocument(std::size_t limit = std::numeric_limits<std::size_t>::max());
+    ResponseDocument(const ResponseDocument&) = delete;
+    ResponseDocument& operator=(const ResponseDocument&) = delete;
 
-    /// Adds an element.
-    /// @throws std::invalid_argument as `writeResponse` does
-    /// @throws DocumentTooLong
-    void add(const Value& element);
+    /// Takes the one value.
+    [[nodiscard]] ValueWriter& writer() { return m_writer; }
 
     /// How long the document is by now.
     [[nodiscard]] std::size_t size() const noexcept { return m_document.size(); }
 
-    /// The whole document. To be called once, at the end.
+    /// The whole document. To be called once, behind the value.
+    /// @throws DocumentTooLong
     [[nodiscard]] std::string finish();
 
   private:
     std::string m_document;
-    std::size_t m_limit;
+    ValueWriter m_writer;
 };
+
+/// Writes a `methodResponse` document that holds a value.
+/// @param limit as above
+/// @throws std::invalid_argument when values are nested deeper than `kMaxValueDepth`
+/// @throws DocumentTooLong
+[[nodiscard]] std::string writeResponse(const Value& value,
+                                        std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 /// Writes a `methodResponse` document that holds a fault.
 [[nodiscard]] std::string writeFault(int code, std::string_view text);

@@ -14,6 +14,7 @@
 #include <memory>
 #include <new>
 #include <random>
+#include <span>
 #include <utility>
 
 #include <strings.h>
@@ -70,6 +71,25 @@ constexpr std::array kPlaces{
     Place{Element::AnyValue, "struct", Element::Structure, 0},
 };
 
+/// Where the places in each element begin, and behind the last one; they stand together.
+constexpr auto kFirstPlaces = [] {
+    std::array<std::size_t, 21> first{};
+    for (std::size_t element = 0; element < first.size(); ++element) {
+        const auto* const found = std::ranges::find_if(
+            kPlaces, [&](const Place& place) { return static_cast<std::size_t>(place.parent) == element; });
+        first.at(element) = static_cast<std::size_t>(found - kPlaces.begin());
+    }
+    return first;
+}();
+
+std::span<const Place> placesIn(Element parent)
+{
+    const auto first = kPlaces.begin() + kFirstPlaces.at(static_cast<std::size_t>(parent));
+    const auto last =
+        std::find_if(first, kPlaces.end(), [&](const Place& place) { return place.parent != parent; });
+    return {first, last};
+}
+
 /// What an element is called in messages, and what it must hold at its end.
 struct Trait
 {
@@ -118,17 +138,15 @@ std::string forMessage(std::string_view name)
 
 bool isBlank(std::string_view text)
 {
-    return scalars::trimmed(text).empty();
+    return std::ranges::all_of(text, [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
 }
 
 /// The tags that may stand in the parent, for a message.
 std::string acceptedIn(Element parent)
 {
     std::string text;
-    for (const Place& place : kPlaces) {
-        if (place.parent == parent) {
-            text += (text.empty() ? "<" : ", <") + std::string(place.tag) + ">";
-        }
+    for (const Place& place : placesIn(parent)) {
+        text += (text.empty() ? "<" : ", <") + std::string(place.tag) + ">";
     }
     return text;
 }
@@ -294,10 +312,9 @@ void DocumentReader::started(const char* tag)
 {
     Frame& parent = m_open.back();
     const std::string_view wantedTag = tag;
-    const auto* const place = std::find_if(kPlaces.begin(), kPlaces.end(), [&](const Place& candidate) {
-        return candidate.parent == parent.element && candidate.tag == wantedTag;
-    });
-    if (place == kPlaces.end() || (place->parent == Element::Document && place->element != m_root)) {
+    const std::span<const Place> places = placesIn(parent.element);
+    const auto place = std::ranges::find(places, wantedTag, &Place::tag);
+    if (place == places.end() || (place->parent == Element::Document && place->element != m_root)) {
         failUnexpected(parent.element, wantedTag);
     }
     if (place->position != kAnywhere && place->position != parent.children) {
@@ -345,9 +362,8 @@ void DocumentReader::characters(std::string_view text)
 
 void DocumentReader::ended()
 {
-    Frame frame = std::move(m_open.back());
-    m_open.pop_back();
-    Frame& parent = m_open.back();
+    Frame& frame = m_open.back();
+    Frame& parent = m_open[m_open.size() - 2];
     const Trait& trait = traitOf(frame.element);
     if (frame.children < trait.minChildren) {
         fail(Kind::Malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
@@ -387,9 +403,10 @@ void DocumentReader::ended()
     case Element::Param:
         break;
     default:
-        endedScalar(frame, parent);
+        parent.value = scalarOf(frame);
         break;
     }
+    m_open.pop_back();
 }
 
 void DocumentReader::endedValue(Frame& frame, Frame& parent)
@@ -442,12 +459,7 @@ bool DocumentReader::isNew(const std::string& name, Frame& structure)
     return structure.memberNames->insert(name).second;
 }
 
-void DocumentReader::endedScalar(const Frame& frame, Frame& parent)
-{
-    parent.value = scalarOf(frame);
-}
-
-Value DocumentReader::scalarOf(const Frame& frame) const
+Value DocumentReader::scalarOf(Frame& frame) const
 {
     const std::string_view text = scalars::trimmed(frame.text);
     const auto badValue = [&](const std::string& wanted) {
@@ -493,7 +505,7 @@ Value DocumentReader::scalarOf(const Frame& frame) const
     case Element::Date:
         return Value::binary({text.begin(), text.end()}, kDateSubtype);
     default:
-        return frame.text;
+        return std::move(frame.text);
     }
 }
 

@@ -86,9 +86,8 @@ class DocumentReader
     void deliverValue(Frame& frame, Frame& parent);
     void endedMember(Frame& frame, Frame& parent);
     [[nodiscard]] static bool isNew(const std::string& name, Frame& structure);
-    void endedScalar(const Frame& frame, Frame& parent);
     void endedFault(const Frame& frame);
-    [[nodiscard]] Value scalarOf(const Frame& frame) const;
+    [[nodiscard]] Value scalarOf(Frame& frame) const;
 
     [[nodiscard]] std::size_t line() const;
     [[noreturn]] void fail(XmlRpcError::Kind kind, const std::string& text) const;

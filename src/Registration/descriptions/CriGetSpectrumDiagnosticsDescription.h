@@ -44,8 +44,8 @@ struct Description<zyr_top_api::CriGetSpectrumDiagnosticsImpl> : DescriptionDefa
         field<&Command::RequestOption>(
             "what to do", {.texts = oneOf<"channel-scan-start", "sub-band-scan-start", "scan-stop",
                                           "get-status", "get-result", "get-scan-properties">}),
-        field<&Command::DmSleep>("pause at each point of a scan; needed by the two starts and the stop",
-                                 {.unit = "ms", .example = "1"}),
+        field<&Command::DmSleep>("pause at each point of a scan",
+                                 {.unit = "ms", .example = "1", .neededFor = "the two starts and the stop"}),
     };
     static constexpr std::array response{
         field<&Response::Status>(
