@@ -45,7 +45,7 @@ void addSettings(CLI::App& app, Session& session, ConnectionSettings& ignored)
 void run(CLI::App& app, const std::vector<std::string>& given, Session& session)
 {
     const std::vector<std::string> words =
-        withWholeLists(app, withCallSubcommand(app, withJoinedNumbers(given)));
+        withWholeLists(app, withCallSubcommand(app, withJoinedNumbers(app, given)));
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     } catch (const CLI::Success&) { // help
