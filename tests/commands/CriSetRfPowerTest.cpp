@@ -640,6 +640,24 @@ TEST_F(CriSetRfPowerTest, ChannelWithoutTapsSucceedsThoughBothOptionsAreAskedFor
     EXPECT_EQ(transcript.lines().back(), "IAcmHandler_1.restoreAcm()");
 }
 
+TEST_F(CriSetRfPowerTest, ChannelWithoutTapsSucceedsThoughHrlbAloneIsAskedFor)
+{
+    ASSERT_EQ(impl.initialize(2), 0);
+    tapsControllerOf(impl) = {};
+    showFailuresOnly();
+    CriSetRfPower::Command request = command(1);
+    request.hrlbEnabled = true;
+    EXPECT_EQ(outcome(impl.execute(request)), "result 0x0 0 \"\"");
+    EXPECT_EQ(transcript.text(), R"text(
+IDspChannelApi_1.isConfigured()
+IOutputPowerCalculator_1.setPowerCutBack(5)
+IAcmHandler_1.muteAcm()
+ISystemPowerController_1.configurePowerSettings(1, -47, 3, 20, 0, 1)
+ISystemPowerController_1.setAdminRequestedTxPowerState(1, 0)
+IAcmHandler_1.restoreAcm()
+)text");
+}
+
 TEST_F(CriSetRfPowerTest, InitialiseTellsTheFirstMissingInterfaceOfAChannelAndCanBeRepeated)
 {
     for (const char* name : {"IAcmHandler_1", "ITapsController_1", "IDspApi_1", "IOutputPowerCalculator_1",
