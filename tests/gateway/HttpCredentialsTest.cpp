@@ -157,6 +157,16 @@ TEST(HttpCredentialsTest, FileWithoutUsersIsRefused)
               "the credentials file " + file.path() + " names no user; add a line user:hash");
 }
 
+TEST(HttpCredentialsTest, FileOfMoreThanAMebibyteIsRefused)
+{
+    const std::size_t most = 1024UL * 1024UL;
+    const std::string users = both() + "\n#";
+    const TemporaryFile longest(users + std::string(most - users.size(), 'x'));
+    EXPECT_TRUE(Credentials::fromFile(longest.path()).accepts("bert", "offen"));
+    const TemporaryFile longer(users + std::string(most - users.size() + 1, 'x'));
+    EXPECT_EQ(errorOf(longer.path()), "the credentials file " + longer.path() + " is longer than 1 MiB");
+}
+
 TEST(HttpCredentialsServerTest, MissingOrWrongLoginIs401)
 {
     HttpServer server(guarded(), &tellUser);

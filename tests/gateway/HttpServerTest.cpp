@@ -198,14 +198,15 @@ TEST_F(HttpServerTest, MissingOrOtherContentTypeIs415)
     EXPECT_EQ(ask(head("POST /RPC2 HTTP/1.1", "Content-Length: 0\r\n")).status, "415");
     for (const std::string type :
          {"text/plain", "application/json", "application/x-www-form-urlencoded", "text/xmlx",
-          "text/xml; charset=iso-8859-1", "text/xml;a=b; Charset=\"UTF-16\""}) {
+          "text/xml; charset=iso-8859-1", "text/xml;a=b; Charset=\"UTF-16\"", "text/xml; charset=\"utf-8",
+          "text/xml; charset=x"}) {
         EXPECT_EQ(
             ask(head("POST /RPC2 HTTP/1.1", "Content-Type: " + type + "\r\nContent-Length: 0\r\n")).status,
             "415")
             << type;
     }
-    for (const std::string type :
-         {"text/xml;charset=utf-8", "TEXT/XML ; charset=US-ASCII", "text/xml; a=b"}) {
+    for (const std::string type : {"text/xml;charset=utf-8", "TEXT/XML ; charset=US-ASCII", "text/xml; a=b",
+                                   "text/xml; a", "text/xml;", "text/xml; charset="}) {
         EXPECT_EQ(
             ask(head("POST /RPC2 HTTP/1.1", "Content-Type: " + type + "\r\nContent-Length: 0\r\n")).status,
             "200")

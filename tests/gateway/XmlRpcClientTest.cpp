@@ -203,6 +203,18 @@ TEST(XmlRpcClientTest, OtherStatusIsAStatusErrorWithTheStatus)
     }
 }
 
+TEST(XmlRpcClientTest, StatusThatPeopleMeetIsExplained)
+{
+    const auto errorFor = [](unsigned status) {
+        const FixedServer server({status, "text/plain", "no"});
+        return errorOf<HttpStatusError>(clientOf(server.url())).substr(server.url().size());
+    };
+    EXPECT_EQ(errorFor(401), " answers with HTTP status 401 (user or password missing or wrong)");
+    EXPECT_EQ(errorFor(404), " answers with HTTP status 404 (nothing is served under this path; try /RPC2)");
+    EXPECT_EQ(errorFor(413), " answers with HTTP status 413 (the request is too long)");
+    EXPECT_EQ(errorFor(500), " answers with HTTP status 500");
+}
+
 TEST(XmlRpcClientTest, AnswerThatIsNotXmlRpcIsAProtocolError)
 {
     const FixedServer server({200, "text/html", "<html/>"});

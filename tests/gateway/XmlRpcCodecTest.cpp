@@ -499,6 +499,11 @@ TEST(XmlRpcCodecTest, WhatXmlCannotCarryIsReplaced)
     EXPECT_EQ(text("\xEF\xBF\xBE"), r) << "U+FFFE";
     EXPECT_EQ(text("\xF4\x90\x80\x80"), r) << "beyond U+10FFFF";
     EXPECT_EQ(text("\xE2\x82"), r + r) << "cut short";
+    EXPECT_EQ(text("\xC3(\xE2\x82("), r + "(" + r + r + "(") << "broken off";
+    EXPECT_EQ(text("\xED\x9F\xBF\xEE\x80\x80"), "\xED\x9F\xBF\xEE\x80\x80") << "round the surrogates";
+    EXPECT_EQ(text("\xEF\xBF\xBD\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
+              "\xEF\xBF\xBD\xF0\x90\x80\x80\xF4\x8F\xBF\xBF")
+        << "the last ones";
     EXPECT_EQ(text("\x7F"), "\x7F");
     EXPECT_EQ(written(std::string("\0", 1)), "<value><string>\xEF\xBF\xBD</string></value>");
 }
@@ -561,7 +566,15 @@ TEST(XmlRpcCodecTest, ResponseOfAnotherShapeIsRefused)
           "<fault><value><struct><member><name>faultCode</name><value>1</value></member>"
           "<member><name>faultString</name><value>x</value></member></struct></value></fault>",
           "<fault><value><struct><member><name>faultCode</name><value><int>1</int></value></member>"
-          "</struct></value></fault>"}) {
+          "</struct></value></fault>",
+          "<fault><value><struct><member><name>faultCode</name><value><int>1</int></value></member>"
+          "<member><name>why</name><value>x</value></member></struct></value></fault>",
+          "<fault><value><struct><member><name>code</name><value><int>1</int></value></member>"
+          "<member><name>faultString</name><value>x</value></member></struct></value></fault>",
+          "<fault><value><struct><member><name>faultCode</name><value><int>1</int></value></member>"
+          "<member><name>faultString</name><value><int>1</int></value></member></struct></value></fault>",
+          "<fault><value><struct><member><name>faultCode</name><value><i8>-2147483649</i8></value></member>"
+          "<member><name>faultString</name><value>x</value></member></struct></value></fault>"}) {
         EXPECT_THROW((void)parseMethodResponse("<methodResponse>" + inside + "</methodResponse>"),
                      XmlRpcError)
             << inside;

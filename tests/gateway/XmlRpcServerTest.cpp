@@ -405,6 +405,40 @@ TEST_F(XmlRpcServerTest, MulticallAnswersInOrder)
               (std::vector<std::string>{"IAcmHandler_1.enableAcm(true)", "IAcmHandler_2.enableAcm(false)"}));
 }
 
+TEST_F(XmlRpcServerTest, MulticallRefusesEachCallOfAnotherShape)
+{
+    server->start();
+    const Value calls = Value::parse(R"([
+        "CRI.EnableAcm",
+        {"methodName": 1, "params": []},
+        {"methodName": "CRI.EnableAcm", "params": 1},
+        {"method": "CRI.EnableAcm", "params": []},
+        {"methodName": "CRI.EnableAcm", "param": []},
+        {"methodName": "CRI.EnableAcm", "params": [], "more": 1}])");
+    const Value answers = call("system.multicall", {calls}).value;
+    ASSERT_EQ(answers.size(), 6U);
+    for (const Value& one : answers) {
+        EXPECT_EQ(one.dump(), R"({"faultCode":3,"faultString":"eTI_E_PARAMETER_TYPE_INVALID: )"
+                              R"(system.multicall: a call is no struct of methodName, a string, and params, )"
+                              R"(an array"})");
+    }
+    EXPECT_EQ(fault("system.multicall", {}),
+              "3 eTI_E_PARAMETER_TYPE_INVALID: system.multicall: it takes one array, of calls");
+}
+
+TEST_F(XmlRpcServerTest, HelpIsGivenForOneMethodNamedByAString)
+{
+    server->start();
+    const std::string text =
+        "3 eTI_E_PARAMETER_TYPE_INVALID: system.methodHelp: it takes one string, the name of a "
+        "method";
+    EXPECT_EQ(fault("system.methodHelp", {}), text);
+    EXPECT_EQ(fault("system.methodHelp", {1}), text);
+    EXPECT_EQ(fault("system.methodHelp", {std::string(65, 'x')}),
+              "1 eTI_E_METHOD_UNKNOWN: " + std::string(64, 'x') +
+                  "...: no such method, system.listMethods tells all of them");
+}
+
 TEST_F(XmlRpcServerTest, MulticallTakesAHundredCalls)
 {
     server->start();
