@@ -1,13 +1,11 @@
 // Makes a number of calls of one kind and ends: what callgrind counts. See dispatch_instructions.py.
 
+#include "CountedKinds.h"
 #include "DispatchTable.h"
 #include "StatusCalls.h"
 #include "TraceService.h"
 
-#include <cstdlib>
-#include <functional>
 #include <iostream>
-#include <map>
 #include <mutex>
 #include <string>
 
@@ -71,32 +69,28 @@ int main(int argc, char** argv)
         std::cout << listedLength() << "\n";
         return 0;
     }
-    const std::map<std::string, std::function<void(long)>> kinds{
-        {"lock", lock},
-        {"response", response},
-        {"collaborator", collaboratorCall},
-        {"quiet-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
-        {"quiet-middle", [](long calls) { dispatchFrom(Place::Middle, kBarLength, calls); }},
-        {"quiet-last", [](long calls) { dispatchFrom(Place::Last, kBarLength, calls); }},
-        {"listed-first", [](long calls) { dispatchFrom(Place::First, listedLength(), calls); }},
-        {"listed-middle", [](long calls) { dispatchFrom(Place::Middle, listedLength(), calls); }},
-        {"listed-last", [](long calls) { dispatchFrom(Place::Last, listedLength(), calls); }},
-        {"status-collaborators", benchmark_status::collaboratorsAlone},
-        {"status-dispatched", benchmark_status::dispatched},
-        {"traced-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
-        {"traced-all-levels-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
+    const auto traced = [](TylTraceLevel level, Place place) {
+        return [level, place](long calls) {
+            zyr_platform::TraceService::get().setLevelForAll(level);
+            dispatchFrom(place, kBarLength, calls);
+        };
     };
-    if (argc != 3 || !kinds.contains(argv[1])) {
-        std::cerr << "usage: DispatchCalls KIND CALLS | DispatchCalls listed-length, KIND being one of";
-        for (const auto& kind : kinds) {
-            std::cerr << " " << kind.first;
-        }
-        std::cerr << "\n";
-        return 2;
-    }
-    const std::string kind = argv[1];
-    const TylTraceLevel level = kind == "traced-first" ? 3 : kind == "traced-all-levels-first" ? 7 : 2;
-    zyr_platform::TraceService::get().setLevelForAll(level);
-    kinds.at(kind)(std::atol(argv[2]));
-    return 0;
+    zyr_platform::TraceService::get().setLevelForAll(2);
+    return benchmark_kinds::run(
+        {
+            {"lock", lock},
+            {"response", response},
+            {"collaborator", collaboratorCall},
+            {"quiet-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
+            {"quiet-middle", [](long calls) { dispatchFrom(Place::Middle, kBarLength, calls); }},
+            {"quiet-last", [](long calls) { dispatchFrom(Place::Last, kBarLength, calls); }},
+            {"listed-first", [](long calls) { dispatchFrom(Place::First, listedLength(), calls); }},
+            {"listed-middle", [](long calls) { dispatchFrom(Place::Middle, listedLength(), calls); }},
+            {"listed-last", [](long calls) { dispatchFrom(Place::Last, listedLength(), calls); }},
+            {"status-collaborators", benchmark_status::collaboratorsAlone},
+            {"status-dispatched", benchmark_status::dispatched},
+            {"traced-first", traced(3, Place::First)},
+            {"traced-all-levels-first", traced(7, Place::First)},
+        },
+        argc, argv);
 }
