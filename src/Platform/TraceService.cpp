@@ -74,14 +74,16 @@ std::string acceptance(std::string_view pattern, TylTraceLevel level, std::size_
     return text + std::to_string(channels) + (channels == 1 ? " channel" : " channels") + " in use";
 }
 
-pid_t threadId()
+/// What is kept of a thread.
+struct ThisThread
 {
-    static thread_local const pid_t id = ::gettid();
-    return id;
-}
+    pid_t id = 0;           ///< 0 while it has not been asked for
+    bool isInSinks = false; ///< what a sink traces would lead back to it
+};
 
-/// Set while this thread is in the sinks: what a sink traces would lead back to it.
-thread_local bool isInSinks = false;
+/// It is small, so there is always room for it where it is reached without a call, even if this library is
+/// loaded late.
+[[gnu::tls_model("initial-exec")]] constinit thread_local ThisThread thisThread;
 
 void writeTo(TraceSink& sink, const TraceRecord& record) noexcept
 {
@@ -204,19 +206,27 @@ TylTraceLevel TraceService::attach(const TylTrace& channel)
 void TraceService::write(const TylTrace& channel, TylTraceLevel level, const TylTraceHeader& header,
                          std::string_view text)
 {
-    if (!m_hasSinks.load(std::memory_order_relaxed) || isInSinks) {
+    if (!m_hasSinks.load(std::memory_order_relaxed)) {
+        return;
+    }
+    ThisThread& self = thisThread;
+    if (self.isInSinks) {
         return;
     }
     // Callers may report errno behind a trace.
-    const int error = errno;
-    isInSinks = true;
-    const TraceRecord record{channel.name(), level, header, text, threadId(), traceTime()};
+    int& lastError = errno;
+    const int error = lastError;
+    if (self.id == 0) {
+        self.id = ::gettid();
+    }
+    self.isInSinks = true;
+    const TraceRecord record{channel.name(), level, header, text, self.id, traceTime()};
     const std::shared_ptr<const Sinks> current = sinks();
     for (const auto& sink : *current) {
         writeTo(*sink, record);
     }
-    isInSinks = false;
-    errno = error;
+    self.isInSinks = false;
+    lastError = error;
 }
 
 TylTraceLevel TraceService::levelOf(const TylTrace& channel, const Settings& settings)

@@ -131,10 +131,7 @@ TEST(BaseResponseTest, FaultlessMeansAFaultCodeBelow1)
 
 std::string resultLine(const BaseResponse& response)
 {
-    std::string text;
-    TextWriter writer(text);
-    printResultLine(response, writer);
-    return text;
+    return written([&](TextWriter& text) { printResultLine(response, text); });
 }
 
 TEST(BaseResponseTest, ResultLineNamesTheResult)

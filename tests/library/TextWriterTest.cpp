@@ -20,20 +20,37 @@ namespace zyr_top_api
 namespace
 {
 
-template <class Write>
-std::string written(Write write)
+TEST(TextWriterTest, WhatIsWrittenSoFarCanBeSeenAtAnyTime)
 {
-    std::string text;
-    TextWriter writer(text);
-    write(writer);
-    return text;
+    TextWriter writer;
+    EXPECT_EQ(writer.view(), "");
+    EXPECT_EQ(writer.string(), "");
+    writer << "before";
+    EXPECT_EQ(writer.view(), "before");
+    writer << " after";
+    EXPECT_EQ(writer.view(), "before after");
+    EXPECT_EQ(writer.string(), "before after");
 }
 
-TEST(TextWriterTest, AppendsToWhatTheTargetHolds)
+// Pieces of all kinds, of all lengths round the ends of what the writer has room for.
+TEST(TextWriterTest, TextIsWholeHoweverLongItIs)
 {
-    std::string text = "before ";
-    TextWriter(text) << "after";
-    EXPECT_EQ(text, "before after");
+    for (std::size_t length = 1900; length < 4200; ++length) {
+        const std::string front(length, 'x');
+        const std::string text = written([&](TextWriter& writer) {
+            writer << front << std::numeric_limits<std::int64_t>::min() << "|" << 1.5 << "|";
+            writer.raw('r').hex(0xABC).word(true) << false << std::int16_t{-7} << std::string(60, 'y')
+                                                  << std::numeric_limits<std::uint64_t>::max();
+        });
+        ASSERT_EQ(text, front + "-9223372036854775808|1.5|rabctrue0-7" + std::string(60, 'y') +
+                            "18446744073709551615");
+    }
+}
+
+TEST(TextWriterTest, OnePieceMayBeLongerThanAnyUsualText)
+{
+    const std::string piece(100'000, 'x');
+    EXPECT_EQ(written([&](TextWriter& writer) { writer << piece << piece << "end"; }), piece + piece + "end");
 }
 
 TEST(TextWriterTest, TextsOfAllKindsAreWrittenAsTheyAre)

@@ -44,25 +44,16 @@ CmdWrapperBase* castTo(const DispatchTypes& types, CmdWrapperBase& entry)
 
 // A record of the frame. All of them are steps of `executeCommand`.
 template <class Text>
-void logStep(const TylTrace& trace, TylTraceLevel level, const Text& text, int line = __builtin_LINE())
+[[gnu::always_inline]] inline void logStep(const TylTrace& trace, TylTraceLevel level, const Text& text,
+                                           int line = __builtin_LINE())
 {
     log(trace, level, text, within("executeCommand", __FILE__, line));
 }
 
 } // namespace
 
-DispatchScope::DispatchScope(const DispatchTypes& types) : m_types(types)
-{
-    logEnter(ZyrApiHandler::m_trace, within("executeCommand"));
-    if (types.identity.route != Route::DispatchedUnlocked) {
-        m_lock = std::unique_lock(ZyrApiHandler::m_cmdMutex);
-    }
-}
-
-// Out of line, so that no command carries a copy.
-DispatchScope::~DispatchScope() = default;
-
-CmdWrapperBase* DispatchScope::find()
+// Always inlined, like the log above: both are part of every call.
+[[gnu::always_inline]] inline void DispatchScope::find()
 {
     const CommandIdentity& identity = m_types.identity;
     if (identity.isGated() && !ZyrApiHandler::m_tiEnabled.load(std::memory_order_relaxed)) {
@@ -71,7 +62,7 @@ CmdWrapperBase* DispatchScope::find()
         logStep(ZyrApiHandler::m_trace, 1, [&](TextWriter& text) {
             text << "Error: Command " << identity.wireName << " not available";
         });
-        return nullptr;
+        return;
     }
 
     logStep(ZyrApiHandler::m_trace, 6,
@@ -79,7 +70,7 @@ CmdWrapperBase* DispatchScope::find()
 
     const std::shared_ptr<CmdWrapperBase>* const found = firstEntry(identity.wireName);
     if (found == nullptr) {
-        return nullptr;
+        return;
     }
     CmdWrapperBase* const entry = castTo(m_types, **found);
     if (entry == nullptr) {
@@ -88,19 +79,37 @@ CmdWrapperBase* DispatchScope::find()
         logStep(ZyrApiHandler::m_trace, 1, [&](TextWriter& text) {
             text << "Error: Cast of CmdWrapper failed for " << identity.wireName;
         });
-        return nullptr;
+        return;
     }
-    m_entry = *found;
-    return entry;
+    m_entry = std::shared_ptr<CmdWrapperBase>(*found, entry);
 }
 
-void DispatchScope::logRequest(const void* command) const
+[[gnu::always_inline]] inline void DispatchScope::logRequest(const void* command) const
 {
     logStep(ZyrApiHandler::m_comTrace, 5, [&](TextWriter& text) {
         text << m_types.identity.wireName << " Request: ";
         m_types.printCommand(command, text);
     });
 }
+
+DispatchScope::DispatchScope(const DispatchTypes& types, const void* command)
+    : m_types(types), m_lock(ZyrApiHandler::m_cmdMutex, std::defer_lock)
+{
+    logEnter(ZyrApiHandler::m_trace, within("executeCommand"));
+    const bool isLocked = types.identity.route != Route::DispatchedUnlocked;
+    if (isLocked) {
+        m_lock.lock();
+    } else {
+        logRequest(command);
+    }
+    find();
+    if (isLocked && m_entry != nullptr) {
+        logRequest(command);
+    }
+}
+
+// Out of line, so that no command carries a copy.
+DispatchScope::~DispatchScope() = default;
 
 void DispatchScope::finish(BaseResponse& response) const
 {

@@ -7,18 +7,34 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace zyr_top_api
 {
+
+namespace detail
+{
+
+/// What a piece of a text goes as, so that texts of the same kinds of pieces share their code.
+template <class Piece>
+using PassedPiece =
+    std::conditional_t<std::is_convertible_v<const Piece&, std::string_view>, std::string_view, Piece>;
+
+template <class... Pieces>
+[[gnu::noinline]] std::string joined(Pieces... pieces)
+{
+    TextWriter text;
+    (text << ... << pieces);
+    return text.string();
+}
+
+} // namespace detail
 
 /// The text of a failure, built from its pieces.
 template <class... Pieces>
 std::string failureText(const Pieces&... pieces)
 {
-    std::string text;
-    TextWriter writer(text);
-    (writer << ... << pieces);
-    return text;
+    return detail::joined<detail::PassedPiece<Pieces>...>(pieces...);
 }
 
 // The texts are parameters and nothing else, so that a temporary outlives every use of it.

@@ -1,6 +1,7 @@
 #include "Initialise.h"
 
 #include "CStorageManager.h"
+#include "InterfaceBroker.h"
 #include "Log.h"
 #include "ResultLaw.h"
 
@@ -133,13 +134,19 @@ bool takeAll(const Run& run, std::span<const Collaborator> collaborators)
 
 } // namespace
 
+IInterface* detail::published(const std::string& name)
+{
+    return InterfaceBroker::getInstance().getInterface<IInterface>(name);
+}
+
 std::string LookupName::of(std::uint32_t channel) const
 {
-    std::string text(front);
-    if (hasChannel) {
-        TextWriter(text) << separator << channel << behind;
-    }
-    return text;
+    return written([&](TextWriter& text) {
+        text << front;
+        if (hasChannel) {
+            text << separator << channel << behind;
+        }
+    });
 }
 
 Collaborator driver(std::string_view front, std::string_view behind, DriverPerChannel& slot,

@@ -2,7 +2,7 @@
 
 #include "CallSite.h"
 #include "ETIResult.h"
-#include "InterfaceBroker.h"
+#include "IInterface.h"
 #include "NodeWide.h"
 #include "PerChannel.h"
 #include "StorageVariable.h"
@@ -195,10 +195,13 @@ struct NodeWideCollaborator : Collaborator
 namespace detail
 {
 
+/// What is published under this name, of whatever type; null if nothing is.
+IInterface* published(const std::string& name);
+
 template <class Interface>
 bool takePerChannel(const Lookup& lookup)
 {
-    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(lookup.name);
+    auto* const found = dynamic_cast<Interface*>(published(lookup.name));
     static_cast<PerChannel<Interface>*>(lookup.collaborator.slot)->set(lookup.channel, found);
     return found != nullptr;
 }
@@ -206,7 +209,7 @@ bool takePerChannel(const Lookup& lookup)
 template <class Interface>
 bool takeNodeWide(const Lookup& lookup)
 {
-    auto* const found = InterfaceBroker::getInstance().getInterface<Interface>(lookup.name);
+    auto* const found = dynamic_cast<Interface*>(published(lookup.name));
     static_cast<NodeWide<Interface>*>(lookup.collaborator.slot)->set(found);
     return found != nullptr;
 }

@@ -15,23 +15,9 @@ namespace zyr_top_api
 namespace detail
 {
 
-/// A callable that writes a text, without its type, so that what happens to the text is compiled once.
-struct TextSource
-{
-    const void* callable;
-    void (*write)(const void* callable, TextWriter& text);
-};
-
-template <std::invocable<TextWriter&> Text>
-TextSource textSource(const Text& text)
-{
-    return {std::addressof(text),
-            [](const void* callable, TextWriter& writer) { (*static_cast<const Text*>(callable))(writer); }};
-}
-
-/// Builds the text in the thread's reused buffer and hands it to the trace.
-void logBuilt(const TylTrace& trace, TylTraceLevel level, const TylTraceHeader& header, TextSource text);
-void logEnterBuilt(const TylTrace& trace, const TylTraceHeader& header, TextSource text);
+/// Builds the text and hands it to the trace.
+void logBuilt(const TylTrace& trace, TylTraceLevel level, const TylTraceHeader& header, TextSource source);
+void logEnterBuilt(const TylTrace& trace, const TylTraceHeader& header, TextSource source);
 
 } // namespace detail
 

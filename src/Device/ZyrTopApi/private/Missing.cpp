@@ -10,9 +10,8 @@ namespace zyr_top_api
 
 void throwMissing(std::string_view what, std::uint32_t channel)
 {
-    std::string text;
-    TextWriter(text) << what << " of radio channel " << channel;
-    throw std::out_of_range(text);
+    throw std::out_of_range(
+        written([&](TextWriter& text) { text << what << " of radio channel " << channel; }));
 }
 
 void throwMissing(std::string_view what)

@@ -1,8 +1,7 @@
 #include "TextWriter.h"
 
-#include <array>
+#include <algorithm>
 #include <charconv>
-#include <concepts>
 
 namespace zyr_top_api
 {
@@ -10,90 +9,101 @@ namespace zyr_top_api
 namespace
 {
 
-template <std::integral Number>
-void append(std::string& target, Number number, int base = 10)
-{
-    std::array<char, 24> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, base);
-    target.append(digits.data(), end.ptr);
-}
+constexpr std::size_t kLongestNumber =
+    24; // "-9223372036854775808"; "-1.23457e-308" among those with a fraction
 
 } // namespace
 
+std::string TextWriter::string() const
+{
+    return std::string(view());
+}
+
+void TextWriter::grow(std::size_t size)
+{
+    const std::string_view text = view();
+    const std::size_t used = text.size();
+    if (m_longer.empty()) {
+        m_longer = text;
+    }
+    m_longer.resize(2 * used + size);
+    m_begin = m_longer.data();
+    m_next = m_begin + used;
+    m_end = m_begin + m_longer.size();
+}
+
 TextWriter& TextWriter::operator<<(std::string_view text)
 {
-    m_target.append(text);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(const char* text)
-{
-    m_target.append(text);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(const std::string& text)
-{
-    m_target.append(text);
-    return *this;
-}
-
-TextWriter& TextWriter::digit(bool flag)
-{
-    m_target.push_back(flag ? '1' : '0');
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(double number)
-{
-    constexpr int kSignificantDigits = 6;
-    std::array<char, 24> digits; // "-1.23457e-308" is the longest
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                   std::chars_format::general, kSignificantDigits);
-    m_target.append(digits.data(), end.ptr);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(std::int32_t number)
-{
-    append(m_target, number);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(std::uint32_t number)
-{
-    append(m_target, number);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(std::int64_t number)
-{
-    append(m_target, number);
-    return *this;
-}
-
-TextWriter& TextWriter::operator<<(std::uint64_t number)
-{
-    append(m_target, number);
+    reserve(text.size());
+    m_next = std::copy(text.begin(), text.end(), m_next);
     return *this;
 }
 
 TextWriter& TextWriter::raw(unsigned char byte)
 {
-    m_target.push_back(static_cast<char>(byte));
+    reserve(1);
+    *m_next++ = static_cast<char>(byte);
+    return *this;
+}
+
+TextWriter& TextWriter::digit(bool flag)
+{
+    return raw(flag ? '1' : '0');
+}
+
+TextWriter& TextWriter::operator<<(double number)
+{
+    constexpr int kSignificantDigits = 6;
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number, std::chars_format::general, kSignificantDigits).ptr;
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::int32_t number)
+{
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number).ptr;
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::uint32_t number)
+{
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number).ptr;
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::int64_t number)
+{
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number).ptr;
+    return *this;
+}
+
+TextWriter& TextWriter::operator<<(std::uint64_t number)
+{
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number).ptr;
     return *this;
 }
 
 TextWriter& TextWriter::hex(std::uint32_t number)
 {
-    append(m_target, number, 16);
+    reserve(kLongestNumber);
+    m_next = std::to_chars(m_next, m_end, number, 16).ptr;
     return *this;
 }
 
 TextWriter& TextWriter::word(bool flag)
 {
-    m_target.append(flag ? "true" : "false");
-    return *this;
+    return *this << (flag ? std::string_view("true") : std::string_view("false"));
+}
+
+std::string detail::written(TextSource source)
+{
+    TextWriter text;
+    source.write(source.callable, text);
+    return text.string();
 }
 
 } // namespace zyr_top_api

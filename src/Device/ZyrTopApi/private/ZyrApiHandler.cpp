@@ -49,9 +49,8 @@ void ZyrApiHandler::setTiEnabled(bool tiEnabled)
 CiGetFastEvents::Response ZyrApiHandler::executeCommand(const CiGetFastEventsImpl&,
                                                         const CiGetFastEvents::Command& command)
 {
-    DispatchScope scope(kDispatchTypes<CiGetFastEventsImpl>);
-    scope.logRequest(&command);
-    CmdWrapperBase* const entry = scope.find();
+    DispatchScope scope(kDispatchTypes<CiGetFastEventsImpl>, &command);
+    CmdWrapperBase* const entry = scope.entry();
     CiGetFastEvents::Response response =
         entry != nullptr ? static_cast<CmdWrapper<CiGetFastEventsImpl>*>(entry)->impl().execute(command)
                          : CiGetFastEvents::Response();

@@ -25,24 +25,22 @@ struct DispatchTypes
 };
 
 /// One call on its way through the dispatcher: entry, lock, gate, lookup and logs, compiled once for all
-/// commands. The steps stand in the order in which they are to be called; the lock is released at the end of
-/// the scope, on every way out.
+/// commands. The lock is released at the end of the scope, on every way out.
 class ZYR_EXPORT DispatchScope
 {
   public:
-    /// Logs the entry and takes the command mutex, unless the command runs outside it.
-    explicit DispatchScope(const DispatchTypes& types);
+    /// Logs the entry, takes the command mutex, tests the gate, finds the command's entry, tests its type,
+    /// and logs the request. A command that runs outside the mutex has its request logged before all else.
+    explicit DispatchScope(const DispatchTypes& types, const void* command);
     ~DispatchScope();
     DispatchScope(const DispatchScope&) = delete;
     DispatchScope& operator=(const DispatchScope&) = delete;
 
-    /// Tests the gate, finds the command's entry and tests its type. Null if the call ends here. A command
-    /// that nobody registered is no failure: the caller gets the default response.
-    CmdWrapperBase* find();
+    /// The command's entry. Null if the call ends here. A command that nobody registered is no failure: the
+    /// caller gets the default response.
+    CmdWrapperBase* entry() const { return m_entry.get(); }
 
-    void logRequest(const void* command) const;
-
-    /// Sets the failure that `find` met, if any, and logs the response.
+    /// Sets the failure that was met on the way to the entry, if any, and logs the response.
     void finish(BaseResponse& response) const;
 
   private:
@@ -52,6 +50,9 @@ class ZYR_EXPORT DispatchScope
         Refused,    // by the gate
         CastFailed, // an entry of another command's type bears the name
     };
+
+    void find();
+    void logRequest(const void* command) const;
 
     const DispatchTypes& m_types;
     std::unique_lock<std::mutex> m_lock;

@@ -10,7 +10,7 @@ namespace zyr_top_api
 
 /// The name of a type without its namespaces, as the compiler spells it.
 template <class Type>
-constexpr std::string_view typeName()
+consteval std::string_view typeName()
 {
     // "... typeName() [with Type = nord::zyr::pps::IPpsController; ...]"
     std::string_view text = __PRETTY_FUNCTION__;

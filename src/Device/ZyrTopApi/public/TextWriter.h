@@ -2,9 +2,11 @@
 
 #include "Export.h"
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -13,18 +15,28 @@ namespace zyr_top_api
 
 /// Append-only writer of the library's texts: labels, numbers, flags as digits, raw bytes.
 ///
-/// It knows no locale and keeps no format from one value to the next. Numbers are decimal. Bytes can't be
-/// streamed by accident: say `raw` or convert to a wider type. The bodies are out of line: a print form is a
-/// row of calls, and the library has many of them.
+/// It holds its text itself, allocating nothing as long as that isn't longer than any usual one. It knows no
+/// locale and keeps no format from one value to the next. Numbers are decimal. Bytes can't be streamed by
+/// accident: say `raw` or convert to a wider type. What writes is out of line: a print form is a row of
+/// calls, and the library has many of them.
 class ZYR_EXPORT TextWriter
 {
   public:
-    /// The target must outlive the writer. What it already holds stays.
-    explicit TextWriter(std::string& target) : m_target(target) {}
+    TextWriter() = default;
+    TextWriter(const TextWriter&) = delete;
+    TextWriter& operator=(const TextWriter&) = delete;
+
+    /// What has been written, until more is written.
+    std::string_view view() const { return {m_begin, m_next}; }
+    std::string string() const;
 
     TextWriter& operator<<(std::string_view text);
-    TextWriter& operator<<(const char* text);
-    TextWriter& operator<<(const std::string& text);
+    // So the compiler measures literals, even where it saves space.
+    [[gnu::always_inline]] TextWriter& operator<<(const char* text)
+    {
+        return *this << std::string_view(text, __builtin_strlen(text));
+    }
+    TextWriter& operator<<(const std::string& text) { return *this << std::string_view(text); }
 
     /// A flag as the digit 0 or 1. Takes nothing that merely converts to a flag, such as a pointer.
     template <std::same_as<bool> Flag>
@@ -58,19 +70,57 @@ class ZYR_EXPORT TextWriter
     TextWriter& word(bool flag);
 
   private:
-    TextWriter& digit(bool flag);
+    static constexpr std::size_t kUsual = 2000; // the status of a radio channel takes some 1200
 
-    std::string& m_target;
+    TextWriter& digit(bool flag);
+    void reserve(std::size_t size)
+    {
+        if (static_cast<std::size_t>(m_end - m_next) < size) [[unlikely]] {
+            grow(size);
+        }
+    }
+    void grow(std::size_t size);
+
+    std::array<char, kUsual> m_usual; // not initialised: only what has been written is ever read
+    std::string m_longer;             // takes the place of the other when that is full
+    char* m_begin = m_usual.data();
+    char* m_next = m_begin;
+    char* m_end = m_begin + kUsual;
 };
+
+namespace detail
+{
+
+/// A callable that writes a text, without its type, so that what happens to the text is compiled once.
+struct TextSource
+{
+    const void* callable;
+    void (*write)(const void* callable, TextWriter& text);
+};
+
+template <std::invocable<TextWriter&> Text>
+TextSource textSource(const Text& text)
+{
+    return {std::addressof(text),
+            [](const void* callable, TextWriter& writer) { (*static_cast<const Text*>(callable))(writer); }};
+}
+
+ZYR_EXPORT std::string written(TextSource source);
+
+} // namespace detail
+
+/// The text that a callable writes.
+template <std::invocable<TextWriter&> Text>
+std::string written(const Text& text)
+{
+    return detail::written(detail::textSource(text));
+}
 
 /// The text that a record prints of itself with `print(TextWriter&)`.
 template <class Record>
 std::string printed(const Record& record)
 {
-    std::string text;
-    TextWriter writer(text);
-    record.print(writer);
-    return text;
+    return written([&](TextWriter& text) { record.print(text); });
 }
 
 } // namespace zyr_top_api

@@ -41,11 +41,8 @@ class ZYR_EXPORT ZyrApiHandler
     template <class XImpl>
     static typename XImpl::Response executeCommand(const XImpl&, const typename XImpl::Command& command)
     {
-        DispatchScope scope(kDispatchTypes<XImpl>);
-        CmdWrapperBase* const entry = scope.find();
-        if (entry != nullptr) {
-            scope.logRequest(&command);
-        }
+        DispatchScope scope(kDispatchTypes<XImpl>, &command);
+        CmdWrapperBase* const entry = scope.entry();
         // Built in place, whichever way it comes about.
         typename XImpl::Response response =
             entry != nullptr ? static_cast<CmdWrapper<XImpl>*>(entry)->impl().execute(command)

@@ -7,17 +7,16 @@ namespace zyr_top_api
 
 std::string TapsLogData::toString() const
 {
-    std::string text;
-    TextWriter(text) << "TapsLogData: samplesRemaining: " << samplesRemaining << ", timeStamp: " << timeStamp
-                     << ", minPowerIn: " << minPowerIn << ", maxPowerIn: " << maxPowerIn
-                     << ", dspRateMebit: " << dspRateMebit << ", dspRateMbit: " << dspRateMbit
-                     << ", dspMinRateMbit: " << dspMinRateMbit << ", dspMaxRateMbit: " << dspMaxRateMbit
-                     << ", currentModValue: " << currentModValue << ", idleRate: " << idleRate
-                     << ", idleRateThreshold: " << idleRateThreshold << ", rateNeeded: " << rateNeeded
-                     << ", rateMin: " << rateMin << ", deltaPower: " << deltaPower
-                     << ", minPowerOut: " << minPowerOut << ", maxPowerOut: " << maxPowerOut
-                     << ", atpcEnabled: " << atpcEnabled;
-    return text;
+    TextWriter text;
+    text << "TapsLogData: samplesRemaining: " << samplesRemaining << ", timeStamp: " << timeStamp
+         << ", minPowerIn: " << minPowerIn << ", maxPowerIn: " << maxPowerIn
+         << ", dspRateMebit: " << dspRateMebit << ", dspRateMbit: " << dspRateMbit
+         << ", dspMinRateMbit: " << dspMinRateMbit << ", dspMaxRateMbit: " << dspMaxRateMbit
+         << ", currentModValue: " << currentModValue << ", idleRate: " << idleRate
+         << ", idleRateThreshold: " << idleRateThreshold << ", rateNeeded: " << rateNeeded
+         << ", rateMin: " << rateMin << ", deltaPower: " << deltaPower << ", minPowerOut: " << minPowerOut
+         << ", maxPowerOut: " << maxPowerOut << ", atpcEnabled: " << atpcEnabled;
+    return text.string();
 }
 
 } // namespace zyr_top_api

@@ -42,7 +42,7 @@ class ZYR_EXPORT TylTrace
     TylTrace& operator=(const TylTrace&) = delete;
 
     /// True if messages of this level are wanted now. To be asked before a message is built.
-    bool isEnabled(TylTraceLevel level) const noexcept
+    [[gnu::always_inline]] bool isEnabled(TylTraceLevel level) const noexcept
     {
         const TylTraceLevel current = m_level.load(std::memory_order_relaxed);
         return level <= current && (current != kUnattached || level <= attach());

@@ -116,9 +116,8 @@ CriGetRadioChannelStatus::Response CriGetRadioChannelStatusImpl::execute(const C
         return response;
     }
     Readings readings;
-    const Failure failure = read(command, readings);
-    if (failure.hasValue()) {
-        fail(response, s_trace, failure.value());
+    if (!read(command, readings)) {
+        fail(response, s_trace, readings.failure);
         return response;
     }
     fillCommon(command.RadioChannelID, readings, response);
@@ -133,22 +132,22 @@ CriGetRadioChannelStatus::Response CriGetRadioChannelStatusImpl::execute(const C
 
 // The readings that log: all records of the command name its source.
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command,
-                                                                                    Readings& readings)
+bool CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command, Readings& readings)
 {
     IDspStatusApi* const statusApi = m_dspApi[command.RadioChannelID].getDspStatusApi();
     if (statusApi == nullptr) {
-        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
+        return readings.failsWith(failureText("CRI.GetRadioChannelStatus failed to get DSP API interface"));
     }
     if (failed(statusApi->getErrorBlocks(readings.blocks, command.ResetErrorBlocks))) {
-        return failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
+        return readings.failsWith(
+            failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP")); // sic: no code
     }
     if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
         log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!",
             within("execute"));
     }
     readings.snir = statusApi->getSnir();
-    return {};
+    return true;
 }
 
 void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readings& readings)
@@ -174,11 +173,12 @@ void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readin
 void CriGetRadioChannelStatusImpl::fillCommon(std::uint32_t channel, const Readings& readings,
                                               Response& response)
 {
-    response.TXActualStatus = readings.txStatus;
-    response.RadioChannelStatus = readings.isLinkUp ? "Up" : "Down";
-    response.ActualTxModulation = readings.txModulation;
-    response.ActualModulation = readings.txModulation;
-    response.ActualRxModulation = readings.rxModulation;
+    // The texts are empty so far, and to append is half the work of an assignment.
+    response.TXActualStatus.append(readings.txStatus);
+    response.RadioChannelStatus.append(readings.isLinkUp ? "Up" : "Down");
+    response.ActualTxModulation.append(readings.txModulation);
+    response.ActualModulation.append(readings.txModulation);
+    response.ActualRxModulation.append(readings.rxModulation);
     response.ActualRFInputPower = readings.rssi;
     response.ReportedRFOutputPower = m_systemPowerController[channel].getReportedOutputPower();
     response.ActualSNIR = negated(readings.snir);
@@ -194,7 +194,7 @@ void CriGetRadioChannelStatusImpl::fillCommon(std::uint32_t channel, const Readi
     response.IsMimo4x4 = readings.isMimo4x4;
     response.MimoIsStarted = readings.mimoIsStarted;
     response.ActualEta = readings.eta;
-    response.MimoStatus = readings.mimoStatus;
+    response.MimoStatus.append(readings.mimoStatus);
     response.BasebandSdcIsStarted = readings.basebandSdcIsStarted;
     response.HopLengthLatency = readings.hopLengthLatency;
     response.PpfLocked = readings.ppfLocked;

@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zyr_top_api
 {
@@ -35,9 +36,6 @@ class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
     ETIResult initialize(unsigned numberOfChannels);
 
   private:
-    /// The failure text of a reading; empty on success.
-    using Failure = general_classes::Optional<std::string>;
-
     /// What is read before the response is filled.
     struct Readings
     {
@@ -64,19 +62,27 @@ class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
         std::int32_t txFrequency = 0;
         std::int32_t rxFrequency = 0;
         unsigned hopLengthLatency = 0;
+        std::string failure; ///< why a reading has failed
+
+        bool failsWith(std::string text)
+        {
+            failure = std::move(text);
+            return false;
+        }
     };
 
-    Failure read(const Command& command, Readings& readings);
-    Failure readModulations(std::uint32_t channel, Readings& readings);
-    Failure readRssi(std::uint32_t channel, Readings& readings);
-    Failure readErrorBlocks(const Command& command, Readings& readings);
-    Failure readXpic(std::uint32_t channel, Readings& readings);
+    // False if a reading has failed.
+    bool read(const Command& command, Readings& readings);
+    bool readModulations(std::uint32_t channel, Readings& readings);
+    bool readRssi(std::uint32_t channel, Readings& readings);
+    bool readErrorBlocks(const Command& command, Readings& readings);
+    bool readXpic(std::uint32_t channel, Readings& readings);
     void readMimo(std::uint32_t channel, Readings& readings);
     void readMimo4x4(IMimoController& mimoController, Readings& readings);
     void readBasebandSdc(std::uint32_t channel, Readings& readings);
-    Failure readPpfLock(std::uint32_t channel, Readings& readings);
+    bool readPpfLock(std::uint32_t channel, Readings& readings);
     void readFrequencies(std::uint32_t channel, Readings& readings);
-    Failure readHopLengthLatency(std::uint32_t channel, Readings& readings);
+    bool readHopLengthLatency(std::uint32_t channel, Readings& readings);
 
     void fillCommon(std::uint32_t channel, const Readings& readings, Response& response);
     void fillOptional(std::uint32_t channel, const Readings& readings, Response& response);

@@ -29,77 +29,68 @@ bool isLinkUp(IDspApi& dspApi)
 
 } // namespace
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::read(const Command& command,
-                                                                         Readings& readings)
+bool CriGetRadioChannelStatusImpl::read(const Command& command, Readings& readings)
 {
     const std::uint32_t channel = command.RadioChannelID;
-    Failure failure;
-    const auto succeeds = [&](Failure outcome) {
-        failure = std::move(outcome);
-        return !failure.hasValue();
-    };
-
     readings.txStatus = txPowerActualStatusToString(m_outputPowerController[channel].getTxStatus());
     readings.isLinkUp = isLinkUp(m_dspApi[channel]);
-    if (!succeeds(readModulations(channel, readings)) || !succeeds(readRssi(channel, readings)) ||
-        !succeeds(readErrorBlocks(command, readings)) || !succeeds(readXpic(channel, readings))) {
-        return failure;
+    if (!readModulations(channel, readings) || !readRssi(channel, readings) ||
+        !readErrorBlocks(command, readings) || !readXpic(channel, readings)) {
+        return false;
     }
     readMimo(channel, readings);
     readBasebandSdc(channel, readings);
-    if (!succeeds(readPpfLock(channel, readings))) {
-        return failure;
+    if (!readPpfLock(channel, readings)) {
+        return false;
     }
     readFrequencies(channel, readings);
     return readHopLengthLatency(channel, readings);
 }
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readModulations(std::uint32_t channel,
-                                                                                    Readings& readings)
+bool CriGetRadioChannelStatusImpl::readModulations(std::uint32_t channel, Readings& readings)
 {
     ModulationAndCoding rx = ModulationAndCoding::UNDEFINED;
     ModulationAndCoding tx = ModulationAndCoding::UNDEFINED;
     const ETIResult result = m_acmHandler[channel].getLowestModulationAndCode(rx, tx, true);
     if (failed(result)) {
-        return failureText("CRI.GetRadioChannelStatus failed to get lowest rx and tx modulationAndCode ",
-                           result);
+        return readings.failsWith(failureText(
+            "CRI.GetRadioChannelStatus failed to get lowest rx and tx modulationAndCode ", result));
     }
     readings.rxModulation = convertCodeAndModulationEnumToString(rx);
     readings.txModulation = convertCodeAndModulationEnumToString(tx);
-    return {};
+    return true;
 }
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readRssi(std::uint32_t channel,
-                                                                             Readings& readings)
+bool CriGetRadioChannelStatusImpl::readRssi(std::uint32_t channel, Readings& readings)
 {
     const ETIResult result = m_rssiHandler[channel].getRssi(readings.rssi);
     if (failed(result)) {
-        return failureText("CRI.GetRadioChannelStatus failed to get rssi value ", result);
+        return readings.failsWith(failureText("CRI.GetRadioChannelStatus failed to get rssi value ", result));
     }
-    return {};
+    return true;
 }
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readXpic(std::uint32_t channel,
-                                                                             Readings& readings)
+bool CriGetRadioChannelStatusImpl::readXpic(std::uint32_t channel, Readings& readings)
 {
     ICcdpController* const ccdpController = m_ccdpController.find(channel);
     if (ccdpController == nullptr) {
-        return {};
+        return true;
     }
     readings.xpicIsStarted = ccdpController->isStarted();
     if (!readings.xpicIsStarted) {
-        return {};
+        return true;
     }
     const ETIResult xpiResult = ccdpController->getXpi(readings.xpi);
     if (failed(xpiResult)) {
-        return failureText("CRI.GetRadioChannelStatus failed to get XPI from CCDP controller ", xpiResult);
+        return readings.failsWith(
+            failureText("CRI.GetRadioChannelStatus failed to get XPI from CCDP controller ", xpiResult));
     }
     const ETIResult stateResult = ccdpController->getState(readings.xpicStatus);
     if (failed(stateResult)) {
-        return failureText("CRI.GetRadioChannelStatus failed to get state from CCDP controller ",
-                           stateResult);
+        return readings.failsWith(
+            failureText("CRI.GetRadioChannelStatus failed to get state from CCDP controller ", stateResult));
     }
-    return {};
+    return true;
 }
 
 void CriGetRadioChannelStatusImpl::readMimo(std::uint32_t channel, Readings& readings)
@@ -126,22 +117,22 @@ void CriGetRadioChannelStatusImpl::readMimo4x4(IMimoController& mimoController, 
         mimoLockStatusToString(mimoController.getXpicStatus().valueOr(MimoLockStatus::Unlocked));
 }
 
-CriGetRadioChannelStatusImpl::Failure CriGetRadioChannelStatusImpl::readPpfLock(std::uint32_t channel,
-                                                                                Readings& readings)
+bool CriGetRadioChannelStatusImpl::readPpfLock(std::uint32_t channel, Readings& readings)
 {
     IDspChannelApi* const channelApi = m_dspApi[channel].getDspChannelApi();
     if (channelApi == nullptr) {
-        return failureText("CRI.GetRadioChannelStatus failed to get DSP API interface");
+        return readings.failsWith(failureText("CRI.GetRadioChannelStatus failed to get DSP API interface"));
     }
     bool locked = false;
     const ETIResult result = channelApi->getPpfLockStatus(locked);
     if (failed(result)) {
-        return failureText("CRI.GetRadioChannelStatus failed to get PPF locked status from DSP");
+        return readings.failsWith(
+            failureText("CRI.GetRadioChannelStatus failed to get PPF locked status from DSP"));
     }
     if (result != kNotSupported) {
         readings.ppfLocked = locked ? PpfLockedStatus::locked : PpfLockedStatus::unlocked;
     }
-    return {};
+    return true;
 }
 
 void CriGetRadioChannelStatusImpl::readFrequencies(std::uint32_t channel, Readings& readings)
@@ -152,14 +143,14 @@ void CriGetRadioChannelStatusImpl::readFrequencies(std::uint32_t channel, Readin
     }
 }
 
-CriGetRadioChannelStatusImpl::Failure
-CriGetRadioChannelStatusImpl::readHopLengthLatency(std::uint32_t channel, Readings& readings)
+bool CriGetRadioChannelStatusImpl::readHopLengthLatency(std::uint32_t channel, Readings& readings)
 {
     nord::zyr::pps::IPpsController* const ppsController = m_ppsController.find(channel);
     if (ppsController != nullptr && failed(ppsController->getHopLengthLatency(readings.hopLengthLatency))) {
-        return failureText("CRI.GetRadioChannelStatus failed to get hopLengthLatency from PPS");
+        return readings.failsWith(
+            failureText("CRI.GetRadioChannelStatus failed to get hopLengthLatency from PPS"));
     }
-    return {};
+    return true;
 }
 
 } // namespace zyr_top_api

@@ -29,6 +29,8 @@ void printAddress(TextWriter& text, const ether_addr& address)
 constinit TylTrace CriSetRadioChannelNearEndImpl::s_trace{CriSetRadioChannelNearEnd::identity.traceChannel, 3,
                                                           TylTraceHdrOption_Default};
 
+CriSetRadioChannelNearEndImpl::~CriSetRadioChannelNearEndImpl() = default;
+
 std::string CriSetRadioChannelNearEnd::Command::toString() const
 {
     return printed(*this);

@@ -36,6 +36,10 @@ namespace zyr_top_api
 class ZYR_EXPORT CriSetRadioChannelNearEndImpl : public CriSetRadioChannelNearEnd
 {
   public:
+    CriSetRadioChannelNearEndImpl() = default;
+    // Its only virtual operation: where it stands, the type information does too.
+    ~CriSetRadioChannelNearEndImpl() override;
+
     StandardResponse execute(const Command& command);
 
     /// Takes the collaborators of each channel. To be called once, before commands arrive.

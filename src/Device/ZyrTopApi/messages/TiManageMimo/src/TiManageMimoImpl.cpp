@@ -27,11 +27,11 @@ void judge(ETIResult result, TiManageMimo::Response& response, RadioChannel chan
     if (!failedFromWarning(result)) {
         return;
     }
-    std::string failure = channel.logString();
-    TextWriter text(failure);
+    TextWriter text;
+    text << channel.logString();
     writeOperation(text);
     text << " failed: " << result;
-    response = TiManageMimo::Response(eTI_E_FAILED, failure);
+    response = TiManageMimo::Response(eTI_E_FAILED, text.string());
 }
 
 } // namespace

@@ -24,12 +24,11 @@ constinit TylTrace trace{TiManagePathLatencyCompensation::identity.traceChannel,
 std::string setFailureText(RadioChannel channel, std::string_view operation, ModemChain chain,
                            unsigned char samples)
 {
-    std::string text;
-    // sic: the delay goes out as the byte that it is
-    (TextWriter(text) << channel.logString() << operation << "(" << modemChainToString(chain) << ", ")
-            .raw(samples)
-        << ") failed";
-    return text;
+    TextWriter text;
+    text << channel.logString() << operation << "(" << modemChainToString(chain) << ", ";
+    text.raw(samples); // sic: the delay goes out as the byte that it is
+    text << ") failed";
+    return text.string();
 }
 
 // One delay of a chain as it is read: where it goes, and how its failure is told.
