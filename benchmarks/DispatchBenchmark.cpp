@@ -1,75 +1,104 @@
-// The dispatch of a quiet command beside a bare virtual call and a lock, in one run: look at the ratios.
+// Times of the dispatch beside the least that a command can take, from one thread and from several, also
+// while long polls hang. To be read as ratios within one run; table.py does that.
 
-#include "AllocationReport.h"
 #include "DispatchTable.h"
+#include "HangingPolls.h"
+#include "HashDispatch.h"
+#include "Least.h"
 #include "TraceService.h"
 
 #include <benchmark/benchmark.h>
 
-#include <mutex>
+#include <memory>
+#include <optional>
+#include <string>
 
 namespace
 {
 
 using namespace zyr_top_api;
-using benchmark_table::AllocationReport;
+
+constexpr std::size_t kLongPolls = 64;
+constexpr std::size_t kMiddle = benchmark_table::kBarLength / 2;
 
 benchmark_table::QuietAcmHandler handler;
-std::mutex mutex;
+benchmark_table::Least least(handler);
+std::optional<benchmark_table::HangingPolls> polls;
+std::optional<benchmark_hash::Dispatcher> hashDispatcher;
 
-void bareCollaboratorCall(benchmark::State& state)
+CriEnableAcm::Command enabling()
 {
-    IAcmHandler* collaborator = &handler;
-    benchmark::DoNotOptimize(collaborator);
-    const AllocationReport report(state);
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(collaborator->enableAcm(true));
-    }
-}
-BENCHMARK(bareCollaboratorCall);
-
-void collaboratorCallUnderLock(benchmark::State& state)
-{
-    IAcmHandler* collaborator = &handler;
-    benchmark::DoNotOptimize(collaborator);
-    const AllocationReport report(state);
-    for (auto _ : state) {
-        const std::lock_guard guard(mutex);
-        benchmark::DoNotOptimize(collaborator->enableAcm(true));
-    }
-}
-BENCHMARK(collaboratorCallUnderLock);
-
-void dispatch(benchmark::State& state, TylTraceLevel level)
-{
-    zyr_platform::TraceService::get().setLevelForAll(level);
-    benchmark_table::fill(static_cast<std::size_t>(state.range(0)), benchmark_table::kBarLength, handler);
     CriEnableAcm::Command command;
     command.enable = true;
-    criEnableAcm(command); // the first traced call makes its thread's buffer
-    const AllocationReport report(state);
+    return command;
+}
+
+// What stands before each benchmark, once for all of its threads.
+
+void fillTable(const benchmark::State& state)
+{
+    zyr_platform::TraceService::get().setLevelForAll(2);
+    benchmark_table::fill(static_cast<std::size_t>(state.range(0)), benchmark_table::kBarLength, handler);
+}
+
+void letPollsHang(const benchmark::State& state)
+{
+    fillTable(state);
+    polls.emplace(kLongPolls);
+}
+
+void releasePolls(const benchmark::State& /*state*/)
+{
+    polls.reset();
+}
+
+void fillHashMap(const benchmark::State& state)
+{
+    fillTable(state);
+    hashDispatcher.emplace();
+    for (const std::string& name : benchmark_table::otherNames()) {
+        hashDispatcher->add(name, std::make_shared<CriEnableAcmImpl>());
+    }
+    const auto impl = std::make_shared<CriEnableAcmImpl>();
+    impl->initialize(1);
+    hashDispatcher->add("CRI.EnableAcm", impl);
+}
+
+void leastOf(benchmark::State& state)
+{
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(least.call(true));
+    }
+}
+BENCHMARK(leastOf)->Name("least")->ThreadRange(1, 4)->UseRealTime();
+
+void dispatch(benchmark::State& state)
+{
+    const CriEnableAcm::Command command = enabling();
     for (auto _ : state) {
         benchmark::DoNotOptimize(criEnableAcm(command));
     }
 }
+BENCHMARK(dispatch)->Name("first")->Arg(0)->Setup(fillTable)->UseRealTime();
+BENCHMARK(dispatch)->Name("middle")->Arg(kMiddle)->Setup(fillTable)->ThreadRange(1, 4)->UseRealTime();
+BENCHMARK(dispatch)->Name("last")->Arg(benchmark_table::kBarLength - 1)->Setup(fillTable)->UseRealTime();
+BENCHMARK(dispatch)
+    ->Name("polls")
+    ->Arg(kMiddle)
+    ->Setup(letPollsHang)
+    ->Teardown(releasePolls)
+    ->ThreadRange(1, 4)
+    ->UseRealTime();
 
-void quietDispatchFromEntry(benchmark::State& state)
+void hashed(benchmark::State& state)
 {
-    dispatch(state, 2);
+    const std::string name = "CRI.EnableAcm";
+    const CriEnableAcm::Command command = enabling();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(hashDispatcher->call<CriEnableAcmImpl>(name, command));
+    }
 }
-BENCHMARK(quietDispatchFromEntry)->Arg(0)->Arg(26)->Arg(51);
-
-void dispatchTracedAtLevel3(benchmark::State& state)
-{
-    dispatch(state, 3);
-}
-BENCHMARK(dispatchTracedAtLevel3)->Arg(0);
-
-void dispatchTracedAtAllLevels(benchmark::State& state)
-{
-    dispatch(state, 7);
-}
-BENCHMARK(dispatchTracedAtAllLevels)->Arg(0);
+BENCHMARK(hashed)->Name("hash")->Arg(kMiddle)->Setup(fillHashMap)->ThreadRange(1, 4)->UseRealTime();
 
 } // namespace
 

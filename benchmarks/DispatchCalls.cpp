@@ -1,12 +1,14 @@
-// Makes a number of calls of one kind and ends: what callgrind counts. See dispatch_instructions.py.
+// Makes a number of calls of one kind and ends: what callgrind counts. See table.py.
 
+#include "CommandCalls.h"
 #include "CountedKinds.h"
 #include "DispatchTable.h"
-#include "StatusCalls.h"
+#include "HashDispatch.h"
+#include "Least.h"
 #include "TraceService.h"
 
-#include <iostream>
-#include <mutex>
+#include <cstddef>
+#include <memory>
 #include <string>
 
 namespace
@@ -15,47 +17,76 @@ namespace
 using namespace zyr_top_api;
 
 benchmark_table::QuietAcmHandler handler;
-std::mutex mutex;
 
-enum class Place
+// Where the command stands in the table: behind so many others.
+constexpr std::size_t kFirst = 0;
+constexpr std::size_t kMiddle = benchmark_table::kBarLength / 2;
+constexpr std::size_t kLast = benchmark_table::kBarLength - 1;
+
+// Takes records and drops them.
+class DroppingSink final : public zyr_platform::TraceSink
 {
-    First,
-    Middle,
-    Last,
+  public:
+    void write(const zyr_platform::TraceRecord& /*record*/) override {}
 };
 
-void dispatchFrom(Place place, std::size_t length, long calls)
+// `CRI.EnableAcm` from its place in the table.
+auto dispatchedFrom(std::size_t place)
 {
-    const std::size_t others = place == Place::First ? 0 : place == Place::Middle ? length / 2 : length - 1;
-    benchmark_table::fill(others, length, handler);
-    CriEnableAcm::Command command;
-    command.enable = true;
-    for (long call = 0; call < calls; ++call) {
-        criEnableAcm(command);
-    }
+    return [place](long calls) {
+        benchmark_table::fill(place, benchmark_table::kBarLength, handler);
+        CriEnableAcm::Command command;
+        command.enable = true;
+        for (long call = 0; call < calls; ++call) {
+            criEnableAcm(command);
+        }
+    };
 }
 
-void collaboratorCall(long calls)
+// The same from the middle, with all channels at the level.
+auto tracedAt(TylTraceLevel level)
 {
-    IAcmHandler* volatile collaborator = &handler;
-    for (long call = 0; call < calls; ++call) {
-        collaborator->enableAcm(true);
-    }
+    return [level](long calls) {
+        zyr_platform::TraceService::get().setLevelForAll(level);
+        dispatchedFrom(kMiddle)(calls);
+    };
 }
 
-void lock(long calls)
+auto tracedToSinkAt(TylTraceLevel level)
 {
-    for (long call = 0; call < calls; ++call) {
-        const std::lock_guard guard(mutex);
-    }
+    return [level](long calls) {
+        const auto registration = zyr_platform::TraceService::get().addSink(std::make_shared<DroppingSink>());
+        tracedAt(level)(calls);
+    };
 }
 
-void response(long calls)
+// The peer's way, the other names in its table too.
+auto hashed(TylTraceLevel level)
 {
+    return [level](long calls) {
+        zyr_platform::TraceService::get().setLevelForAll(level);
+        benchmark_table::fill(kMiddle, benchmark_table::kBarLength, handler);
+        benchmark_hash::Dispatcher dispatcher;
+        for (const std::string& other : benchmark_table::otherNames()) {
+            dispatcher.add(other, std::make_shared<CriEnableAcmImpl>());
+        }
+        const auto impl = std::make_shared<CriEnableAcmImpl>();
+        impl->initialize(1);
+        const std::string name = "CRI.EnableAcm";
+        dispatcher.add(name, impl);
+        CriEnableAcm::Command command;
+        command.enable = true;
+        for (long call = 0; call < calls; ++call) {
+            dispatcher.call<CriEnableAcmImpl>(name, command);
+        }
+    };
+}
+
+void least(long calls)
+{
+    benchmark_table::Least least(handler);
     for (long call = 0; call < calls; ++call) {
-        StandardResponse built;
-        // Keeps the response from being optimised away.
-        asm volatile("" : : "g"(&built) : "memory");
+        least.call(true);
     }
 }
 
@@ -63,34 +94,26 @@ void response(long calls)
 
 int main(int argc, char** argv)
 {
-    using benchmark_table::kBarLength;
-    using benchmark_table::listedLength;
-    if (argc == 2 && std::string(argv[1]) == "listed-length") {
-        std::cout << listedLength() << "\n";
-        return 0;
-    }
-    const auto traced = [](TylTraceLevel level, Place place) {
-        return [level, place](long calls) {
-            zyr_platform::TraceService::get().setLevelForAll(level);
-            dispatchFrom(place, kBarLength, calls);
-        };
-    };
     zyr_platform::TraceService::get().setLevelForAll(2);
     return benchmark_kinds::run(
         {
-            {"lock", lock},
-            {"response", response},
-            {"collaborator", collaboratorCall},
-            {"quiet-first", [](long calls) { dispatchFrom(Place::First, kBarLength, calls); }},
-            {"quiet-middle", [](long calls) { dispatchFrom(Place::Middle, kBarLength, calls); }},
-            {"quiet-last", [](long calls) { dispatchFrom(Place::Last, kBarLength, calls); }},
-            {"listed-first", [](long calls) { dispatchFrom(Place::First, listedLength(), calls); }},
-            {"listed-middle", [](long calls) { dispatchFrom(Place::Middle, listedLength(), calls); }},
-            {"listed-last", [](long calls) { dispatchFrom(Place::Last, listedLength(), calls); }},
-            {"status-collaborators", benchmark_status::collaboratorsAlone},
-            {"status-dispatched", benchmark_status::dispatched},
-            {"traced-first", traced(3, Place::First)},
-            {"traced-all-levels-first", traced(7, Place::First)},
+            {"nothing", [](long) {}},
+            {"least", least},
+            {"quiet-first", dispatchedFrom(kFirst)},
+            {"quiet-middle", dispatchedFrom(kMiddle)},
+            {"quiet-last", dispatchedFrom(kLast)},
+            {"hash-quiet", hashed(2)},
+            {"hash-level-7", hashed(7)},
+            {"level-3", tracedAt(3)},
+            {"level-5", tracedAt(5)},
+            {"level-7", tracedAt(7)},
+            {"level-3-sink", tracedToSinkAt(3)},
+            {"level-5-sink", tracedToSinkAt(5)},
+            {"level-7-sink", tracedToSinkAt(7)},
+            {"near-end", benchmark_commands::nearEnd},
+            {"rf-power", benchmark_commands::rfPower},
+            {"status", benchmark_commands::status},
+            {"spectrum", benchmark_commands::spectrumOf500Points},
         },
         argc, argv);
 }

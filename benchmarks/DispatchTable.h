@@ -32,12 +32,6 @@ inline std::vector<std::string> otherNames()
     return names;
 }
 
-/// Length of the table as the list of commands stands.
-inline std::size_t listedLength()
-{
-    return otherNames().size() + 1;
-}
-
 /// The collaborator that the measured command calls: it does next to nothing.
 class QuietAcmHandler final : public IAcmHandler
 {
