@@ -1,11 +1,15 @@
 #include "Credentials.h"
 #include "HttpServer.h"
 #include "HttpTestClient.h"
+#include "MemorySink.h"
+#include "TraceService.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
+#include <memory>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -191,6 +195,22 @@ TEST(HttpCredentialsServerTest, RightLoginReachesTheHandlerWithTheUser)
     EXPECT_EQ(client.ask(request(kAnnaHeader)).body, "hello anna");
     EXPECT_EQ(client.ask(request(kAnnaHeader)).body, "hello anna") << "remembered";
     EXPECT_EQ(client.ask(request(kBertHeader)).body, "hello bert");
+}
+
+TEST(HttpCredentialsServerTest, TheTraceNamesTheUser)
+{
+    HttpServer server(guarded(), &tellUser);
+    server.start();
+    const auto sink = std::make_shared<zyr_platform::MemorySink>();
+    const auto added = zyr_platform::TraceService::get().addSink(sink);
+    zyr_platform::TraceService::get().setLevel("ZYR.GATEWAY", 5);
+    EXPECT_EQ(HttpTestClient(server.port()).ask(request(kAnnaHeader)).body, "hello anna");
+    zyr_platform::TraceService::get().resetLevels();
+    const auto records = sink->take();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_THAT(records.front().text,
+                testing::MatchesRegex("200 in [0-9]+ ms, [0-9]+ bytes in, 10 bytes out, user \"anna\", "
+                                      "127.0.0.1 port [0-9]+"));
 }
 
 TEST(HttpCredentialsServerTest, LoginIsAskedBeforePathsAreTold)

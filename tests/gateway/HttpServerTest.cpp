@@ -241,7 +241,7 @@ TEST_F(HttpServerTest, HostOfAnotherNameIs400OnLoopback)
         EXPECT_EQ(statusFor("Host: " + host + "\r\n"), "200") << host;
     }
     for (const std::string host : {"evil.example", "localhost.evil.example", "10.0.0.1", "[::2]", "[::1",
-                                   "localhost:x", "localhost:", ""}) {
+                                   "localhost:x", "localhost:", "[::1]x", "[::1]:", ""}) {
         EXPECT_EQ(statusFor("Host: " + host + "\r\n"), "400") << host;
     }
     EXPECT_EQ(statusFor(""), "400");
@@ -759,6 +759,7 @@ TEST_F(HttpServerTest, PageOfAnotherSiteIsRefusedWhateverItSends)
          {"Origin: http://evil.example\r\n", "Origin: null\r\n", "Origin: \r\n",
           "Origin: http://localhost:1\r\n", "Sec-Fetch-Site: cross-site\r\n", "Sec-Fetch-Site: same-site\r\n",
           "Sec-Fetch-Site: none\r\nSec-Fetch-Site: cross-site\r\n",
+          "Origin: http://localhost\r\nOrigin: http://localhost\r\n",
           "Origin: http://localhost\r\nSec-Fetch-Site: Cross-Site\r\n"}) {
         const auto answer = ask(post("x", fields));
         EXPECT_EQ(answer.status, "403") << fields;
@@ -806,6 +807,19 @@ TEST_F(HttpServerTest, RefusalsAndRequestsAreTraced)
     EXPECT_THAT(served.front(),
                 testing::MatchesRegex("5 ZYR.GATEWAY 200 in [0-9]+ ms, 84 bytes in, 21 bytes out, "
                                       "127.0.0.1 port [0-9]+"));
+}
+
+TEST_F(HttpServerTest, LongTextsOfARefusedRequestAreCutInTheTrace)
+{
+    const auto sink = std::make_shared<zyr_platform::MemorySink>();
+    const auto added = zyr_platform::TraceService::get().addSink(sink);
+    const std::string host(64, 'h');
+    const std::string path = "/" + std::string(64, 'p');
+    EXPECT_EQ(ask("POST " + path + " HTTP/1.1\r\nHost: " + host + "\r\n\r\n").status, "400");
+    const auto records = sink->take();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_THAT(records.front().text,
+                testing::HasSubstr(", Host \"" + host + "\", \"POST\" \"" + path.substr(0, 64) + "\"...: "));
 }
 
 TEST(HttpServerLimitTest, SixtyFourHangingRequestsHoldNobodyUp)

@@ -359,4 +359,13 @@ TEST_F(XmlRpcClientTlsTest, FilesThatAreNoneOrOneAloneAreRefused)
     wrong.tlsCertificateFile = wrong.tlsKeyFile;
     HttpServer another(std::move(wrong), &XmlRpcClientTlsTest::answer);
     EXPECT_THROW(another.start(), HttpServerError);
+    HttpOptions without = options();
+    without.tlsCertificateFile = "/no/such/certificate.pem";
+    HttpServer other(std::move(without), &XmlRpcClientTlsTest::answer);
+    try {
+        other.start();
+        ADD_FAILURE();
+    } catch (const HttpServerError& error) {
+        EXPECT_STREQ(error.what(), "cannot read /no/such/certificate.pem");
+    }
 }

@@ -17,6 +17,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <filesystem>
+#include <future>
 #include <iterator>
 #include <memory>
 #include <mutex>
@@ -642,6 +643,60 @@ TEST_F(XmlRpcServerTest, CommandThatHasWaitedForItsTurnIsNotMadeIfItsClientHasLe
     EXPECT_EQ(transcript.lines(),
               (std::vector<std::string>{"3 ZYR.TI.CriEnableAcm: RadioChannelID: 2\\nEnabled: 1\\n",
                                         "IAcmHandler_2.enableAcm(true)"}));
+}
+
+TEST_F(XmlRpcServerTest, BigCommandWaitsForItsTurnToo)
+{
+    withdraw("RecoveryController");
+    HeldRecoveryController recovery;
+    publish("RecoveryController", recovery);
+    open(false);
+    server->start();
+    LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
+    recovery.waitUntilHeld();
+    const std::string body =
+        zyr_gateway::writeMethodCall({"CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}}) +
+        std::string(20'000, '\n');
+    transcript.clear();
+    HttpTestClient waiting(server->port());
+    ASSERT_TRUE(waiting.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
+                             "Content-Length: " +
+                             std::to_string(body.size()) + "\r\n\r\n" + body));
+    // Big documents are read one after the other: behind another one, this one has been.
+    EXPECT_EQ(fault("system.methodHelp", {std::string(20'000, 'x')}).substr(0, 2), "1 ");
+    EXPECT_TRUE(transcript.lines().empty());
+    recovery.letGo();
+    const HttpTestClient::Answer answered = waiting.answer();
+    EXPECT_EQ(answered.status, "200");
+    EXPECT_EQ(zyr_gateway::parseMethodResponse(answered.body).value, (Value{{"tiResult", 0}}));
+    recovering.join();
+    EXPECT_EQ(transcript.lines(),
+              (std::vector<std::string>{"3 ZYR.TI.CriEnableAcm: RadioChannelID: 2\\nEnabled: 1\\n",
+                                        "IAcmHandler_2.enableAcm(true)"}));
+}
+
+TEST_F(XmlRpcServerTest, MulticallGoesOnBehindAMethodThatIsHeld)
+{
+    std::promise<void> held;
+    std::promise<void> mayGo;
+    server->addMethod({.name = "SIM.Hold", .help = "Waits.", .longest = std::chrono::minutes(1)},
+                      [&](const Value&) {
+                          held.set_value();
+                          mayGo.get_future().wait();
+                          return Value(1);
+                      });
+    server->start();
+    LongPolls calling(1, [this] {
+        return answer("system.multicall", {Value::parse(R"([[
+            {"methodName": "SIM.Hold", "params": []},
+            {"methodName": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": true}]}]])")
+                                               .front()});
+    });
+    held.get_future().wait();
+    EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}), R"({"tiResult":0})");
+    mayGo.set_value();
+    calling.join();
+    EXPECT_EQ(calling.outcomes, std::vector<std::string>{R"([[1],[{"tiResult":0}]])"});
 }
 
 TEST_F(XmlRpcServerTest, LongPollBeyondTheCapIsRefusedByAFault)
