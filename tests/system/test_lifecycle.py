@@ -94,7 +94,6 @@ class StartTest(unittest.TestCase):
 
 class RecoveryTest(LifecycleTest):
     def test_links_fall_for_the_recovery_and_come_back_as_configured(self):
-        self.proxy.SIM.SetCrossPolarDiscrimination({"value": 600})  # it moves, and the modulations with it
         self.bring_up(1, 2)
         before = [self.channel(number) for number in (1, 2)]
         self.assertEqual(self.proxy.CRI.StartRecovery({"Recover": "Dsp"}), {"tiResult": 0})

@@ -9,7 +9,8 @@ using zyr_top_api::AlarmEvent;
 
 void AlarmBoard::raise(std::string_view name, unsigned channel)
 {
-    auto& condition = m_alarms[Key(name, channel)];
+    const auto known = m_alarms.find(KeyView(name, channel));
+    auto& condition = known != m_alarms.end() ? known->second : m_alarms[Key(name, channel)];
     if (!condition.isActive) {
         condition.isActive = true;
         ++condition.count;
@@ -20,7 +21,7 @@ void AlarmBoard::raise(std::string_view name, unsigned channel)
 
 void AlarmBoard::clear(std::string_view name, unsigned channel)
 {
-    const auto alarm = m_alarms.find(Key(name, channel));
+    const auto alarm = m_alarms.find(KeyView(name, channel));
     if (alarm != m_alarms.end() && alarm->second.isActive) {
         alarm->second.isActive = false;
         alarm->second.changedAt = m_clock();
@@ -91,7 +92,7 @@ void AlarmBoard::shutdown()
 
 bool AlarmBoard::differsFrom(const std::vector<AlarmEvent>& view) const
 {
-    std::map<Key, Condition> seen;
+    Alarms seen;
     for (const auto& event : view) {
         seen[Key(event.eventName, event.radioChannelId)] = {.isActive = event.isActive,
                                                             .count = event.numberOfTimesEventHasBeenActive};

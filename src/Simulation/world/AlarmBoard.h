@@ -92,6 +92,13 @@ class AlarmBoard
 
   private:
     using Key = std::pair<std::string, unsigned>;
+    using KeyView = std::pair<std::string_view, unsigned>;
+    /// Compares keys without a copy of the name.
+    struct Less
+    {
+        using is_transparent = void;
+        bool operator()(const KeyView& left, const KeyView& right) const { return left < right; }
+    };
     struct Condition
     {
         bool isActive = false;
@@ -105,10 +112,12 @@ class AlarmBoard
         }
     };
 
+    using Alarms = std::map<Key, Condition, Less>;
+
     bool differsFrom(const std::vector<zyr_top_api::AlarmEvent>& view) const;
 
     std::function<std::chrono::nanoseconds()> m_clock;
-    std::map<Key, Condition> m_alarms;
+    Alarms m_alarms;
     std::condition_variable m_changed;
     unsigned m_waiting = 0;
     std::uint64_t m_releases = 0;
