@@ -3,17 +3,14 @@
 
 #include "Codec.h"
 #include "CountedKinds.h"
+#include "DocumentSink.h"
 #include "RegisteringModule.h"
 #include "SimulatedNode.h"
-#include "ValueSink.h"
-#include "ValueWriter.h"
 #include "VirtualTime.h"
 
-#include <cstdint>
 #include <iostream>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace
@@ -51,29 +48,6 @@ const std::map<std::string, std::string> kBodies{
     {"large", callOf("CRI.GetRadioChannelStatus", {{"RadioChannelID", "int", "1"}})},
 };
 
-// Lets a command write its answer into a document, as the server does.
-class DocumentSink final : public zyr_registration::ValueSink
-{
-  public:
-    explicit DocumentSink(zyr_gateway::ValueWriter& writer) : m_writer(writer) {}
-
-    void nil() override { m_writer.nil(); }
-    void boolean(bool value) override { m_writer.boolean(value); }
-    void integer(std::int64_t number) override { m_writer.integer(number); }
-    void real(double number) override { m_writer.real(number); }
-    void text(std::string_view text) override { m_writer.text(text); }
-    void beginArray() override { m_writer.beginArray(); }
-    void endArray() override { m_writer.endArray(); }
-    void beginStruct() override { m_writer.beginStruct(); }
-    void beginMember(std::string_view name) override { m_writer.beginMember(name); }
-    void endMember() override { m_writer.endMember(); }
-    void endStruct() override { m_writer.endStruct(); }
-    void value(const zyr_gateway::Value& value) override { m_writer.value(value); }
-
-  private:
-    zyr_gateway::ValueWriter& m_writer;
-};
-
 struct Bench
 {
     zyr_platform::VirtualTime time;
@@ -85,8 +59,8 @@ struct Bench
         const zyr_gateway::MethodCall call = zyr_gateway::parseMethodCall(body);
         const auto& command = *zyr_registration::findCommand(call.method);
         zyr_gateway::ResponseDocument document;
-        DocumentSink sink(document.writer());
-        const zyr_registration::Outcome outcome = commands.call(command, call.params.front(), sink);
+        zyr_gateway::DocumentSink sink(document.writer());
+        const zyr_registration::Outcome outcome = commands.call(command, call.params.at(0), sink);
         return outcome.faultCode > 0 ? zyr_gateway::writeFault(outcome.faultCode, outcome.faultText)
                                      : document.finish();
     }
