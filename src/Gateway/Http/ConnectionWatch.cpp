@@ -255,7 +255,7 @@ int ConnectionWatch::waitTime()
         return -1;
     }
     const bool hasEnds = std::ranges::any_of(m_connections, [](const Connection& connection) {
-        return connection.hasEnded &&
+        return connection.hasEnded && !connection.isEndShown &&
                (connection.phase == Phase::Silent || connection.phase == Phase::Receiving);
     });
     if (hasEnds) {
@@ -270,6 +270,11 @@ void ConnectionWatch::sweep(Clock::time_point now)
     for (Connection& connection : m_connections) {
         if (isOverdue(connection, now)) {
             cut(connection);
+        } else if (!connection.isEndShown && isCutShort(connection) && now - connection.since > kEndGrace) {
+            // Whoever reads from it finds the end. One whose request is being answered after all, which may
+            // not show yet, gets that answer.
+            shutdown(connection.socket, SHUT_RD);
+            connection.isEndShown = true;
         }
     }
 }
@@ -355,9 +360,6 @@ bool ConnectionWatch::isOverdue(Connection& connection, Clock::time_point now) c
     if (connection.phase == Phase::Silent && bytesReceived(connection.socket) > connection.consumed) {
         connection.phase = Phase::Receiving;
         connection.since = now;
-    }
-    if (isCutShort(connection) && now - connection.since > kEndGrace) {
-        return true;
     }
     switch (connection.phase) {
     case Phase::Silent:

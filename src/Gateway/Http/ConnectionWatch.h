@@ -15,9 +15,9 @@ namespace zyr_gateway
 class Exchange;
 
 /// Knows all connections. It cuts those that take too long: silent for too long between two requests, too
-/// slow with a request, or too slow in taking an answer; and those whose other side has ended in the middle
-/// of a request. When there are too many, it cuts the one that has been idle longest. It tells an exchange
-/// whose client leaves. A connection whose answer is due is never cut.
+/// slow with a request, or too slow in taking an answer. Those whose other side has ended in the middle of a
+/// request are found out as well. When there are too many, it cuts the one that has been idle longest. It
+/// tells an exchange whose client leaves. A connection whose answer is due is never cut.
 ///
 /// Cutting shuts the socket down; whoever reads from it finds the end and closes it.
 ///
@@ -61,6 +61,7 @@ class ConnectionWatch
         std::uint64_t consumed = 0; ///< bytes received that belong to requests already answered
         bool linger = false;
         bool hasEnded = false;                ///< the other side sends nothing more
+        bool isEndShown = false;              ///< whoever reads has been woken for that
         std::shared_ptr<Exchange> exchange{}; ///< while it is working
     };
 
