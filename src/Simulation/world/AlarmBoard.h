@@ -96,7 +96,7 @@ class AlarmBoard
     /// Compares keys without a copy of the name.
     struct Less
     {
-        using is_transparent = void;
+        using is_transparent = void; // NOLINT(readability-identifier-naming): what the map looks for
         bool operator()(const KeyView& left, const KeyView& right) const { return left < right; }
     };
     struct Condition
