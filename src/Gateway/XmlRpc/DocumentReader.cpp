@@ -84,8 +84,8 @@ constexpr auto kFirstPlaces = [] {
 
 std::span<const Place> placesIn(Element parent)
 {
-    const auto first = kPlaces.begin() + kFirstPlaces.at(static_cast<std::size_t>(parent));
-    const auto last =
+    const auto* const first = kPlaces.begin() + kFirstPlaces.at(static_cast<std::size_t>(parent));
+    const auto* const last =
         std::find_if(first, kPlaces.end(), [&](const Place& place) { return place.parent != parent; });
     return {first, last};
 }
