@@ -8,6 +8,7 @@
 #include "SimulatedNode.h"
 #include "VirtualTime.h"
 
+#include <initializer_list>
 #include <iostream>
 #include <map>
 #include <string>
@@ -29,8 +30,11 @@ std::string callOf(const std::string& method, const std::vector<Member>& members
     std::string body = "<?xml version='1.0'?>\n<methodCall>\n<methodName>" + method +
                        "</methodName>\n<params>\n<param>\n<value><struct>\n";
     for (const auto& [name, type, text] : members) {
-        body += "<member>\n<name>" + name + "</name>\n<value><" + type + ">" + text + "</" + type +
-                "></value>\n</member>\n";
+        for (const std::string_view piece :
+             std::initializer_list<std::string_view>{"<member>\n<name>", name, "</name>\n<value><", type, ">",
+                                                     text, "</", type, "></value>\n</member>\n"}) {
+            body += piece;
+        }
     }
     return body + "</struct></value>\n</param>\n</params>\n</methodCall>\n";
 }
@@ -93,7 +97,7 @@ int main(int argc, char** argv)
     for (const auto& [name, body] : kBodies) {
         kinds["answer-" + name] = answers(body);
         kinds["read-" + name] = reading(body);
-        kinds["show-" + name] = [&body](long) { std::cout << body << Bench().answerTo(body); };
+        kinds["show-" + name] = [&body = body](long) { std::cout << body << Bench().answerTo(body); };
     }
     return benchmark_kinds::run(kinds, argc, argv);
 }
