@@ -91,7 +91,7 @@ if [ "$all" = yes ]; then
     begin_stage "bars of the benchmarks"
     cmake --build --preset bench --target benchmark-check
     begin_stage "binary interface"
-    tools/abi.sh build/bench/lib*/*/libZyrZyrTopApi.so
+    tools/abi.sh build/bench/lib*/libZyrZyrTopApi.so
 
     begin_stage "clang-tidy"
     python3 tools/tidy.py

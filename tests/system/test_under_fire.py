@@ -13,6 +13,8 @@ from node_process import PATIENCE, Call, Node, NodeTest, looks_at_memory
 # How many clients leave their polls; 10 000 were run once.
 LEAVERS = int(os.environ.get("ZYR_LEAVERS", "400"))
 POLL = xmlrpc.client.dumps(({"events": []},), "CI.GetFastEvents").encode()
+# Seconds; what a sanitizer watches is slower, and so is what runs beside it.
+AT_ONCE = 5 if os.environ.get("ZYR_SANITIZE") else 1
 TERMINATED = "4 CI.GetFastEvents has been terminated"
 
 
@@ -39,7 +41,7 @@ class UnderFireTest(NodeTest):
         proxy = self.node.proxy()
         start = time.monotonic()
         self.assertEqual(proxy.CRI.EnableAcm({"channelId": 1, "enable": True}), {"tiResult": 0})
-        self.assertLess(time.monotonic() - start, 1)
+        self.assertLess(time.monotonic() - start, AT_ONCE)
 
     def wait_until(self, condition):
         end = time.monotonic() + PATIENCE
