@@ -19,7 +19,8 @@ esac
 if [ "$update" = yes ]; then
     mkdir -p "$(dirname "$dump")"
     # Neither places in sources nor the names of the machine's folders are part of a promise.
-    abidw --no-show-locs --no-comp-dir-path --no-corpus-path --exported-interfaces-only --out-file "$dump" "$library"
+    abidw --no-show-locs --no-comp-dir-path --no-corpus-path --exported-interfaces-only "$library" |
+        sed -E "s,path='[^']*/(build/[^/]*/)?src/,path='src/," >"$dump"
     exit
 fi
 
