@@ -77,7 +77,7 @@ if [ "$all" = yes ]; then
     done
 
     build clang
-    run_tests clang -E '^(ZyrSystemTests.*|ClientProgramTests|ZyrInstallTest)$'
+    run_tests clang -R '^(ZyrLibraryTests|ZyrCommandTests|ZyrRegistrationTests|ZyrGatewayTests)$'
 
     for processor in armhf arm64; do
         begin_stage "library on $processor"
