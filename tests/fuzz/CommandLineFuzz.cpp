@@ -98,18 +98,7 @@ void zyr_fuzz::consume(std::string_view input)
     session.settings.connection.timeout = 5;
     CLI::App app("", "zyrctl");
     addSettings(app, session, ignored);
-    addCallCommand(app, session);
-    addHelpCommand(app, session);
-    addListCommand(app, session);
-    addEventsCommand(app, session);
-    addPictureCommands(app, session);
-    addTapsCommand(app, session);
-    addSpectrumCommand(app, session);
-    addSecondStreamCommands(app, session);
-    addEncryptCommand(app, session);
-    addRestartCommands(app, session);
-    addTimingCommands(app, session);
-    addCompletionCommand(app, session);
+    addSubcommands(app, session);
 
     const Caught output(std::cout);
     const Caught errors(std::cerr);

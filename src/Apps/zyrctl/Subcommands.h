@@ -51,4 +51,7 @@ void addCompletionCommand(CLI::App& app, Session& session);
 /// The names of the subcommands that people may use.
 std::vector<std::string> subcommandNames(const CLI::App& app);
 
+/// Adds all subcommands, in the order in which the help lists them.
+void addSubcommands(CLI::App& app, Session& session);
+
 } // namespace zyr_ctl

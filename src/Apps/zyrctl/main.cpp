@@ -76,18 +76,7 @@ int main(int argc, char** argv)
         CLI::App app("Client of a radio-link node: lists, explains and calls its commands.", "zyrctl");
         Session session;
         addSettings(app, session.settings);
-        addCallCommand(app, session);
-        addHelpCommand(app, session);
-        addListCommand(app, session);
-        addEventsCommand(app, session);
-        addPictureCommands(app, session);
-        addTapsCommand(app, session);
-        addSpectrumCommand(app, session);
-        addSecondStreamCommands(app, session);
-        addEncryptCommand(app, session);
-        addRestartCommands(app, session);
-        addTimingCommands(app, session);
-        addCompletionCommand(app, session);
+        addSubcommands(app, session);
         app.footer("Exit status: 0 done, 1 fault, 2 usage, 3 no connection, 4 time-out, 5 protocol error, "
                    "130 interrupted.");
         return static_cast<int>(run(app, session, argc, argv));
