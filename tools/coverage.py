@@ -7,9 +7,9 @@ Ends with 1 if a room is below its bars. Counts are those of gcov's JSON, all ob
 instances of a template as one.
 
 A branch is an outcome of a condition that is written in the source. What the compiler makes of its own accord doesn't
-count: the ways of exceptions out of calls, what is cleaned up there (conditions of which neither outcome has come up
-though the others of their line have), the guards of static variables, the null tests of casts and member pointers, and
-the default of a switch that has none.
+count: the ways of exceptions out of calls, what is cleaned up there (conditions of which neither outcome has come up,
+beyond as many as the line is written with), the guards of static variables, the null tests of casts and member
+pointers, and the default of a switch that has none.
 
 What can't come up is named, line by line and with the reason, in coverage-exclusions.txt beside this file.
 """
@@ -35,6 +35,8 @@ ROOMS = {
 }
 
 CONDITION = re.compile(r"\b(if|for|while|switch|case|and|or)\b|\?|&&|\|\|")
+TEXT = re.compile(r'"(?:[^"\\]|\\.)*"|//.*')
+JOIN = re.compile(r"(?:^| )(?:&&|\|\|)(?= |$)")
 
 
 def counters(folder):
@@ -84,20 +86,22 @@ class Line:
                     best[index % lengths[0]] += count
         return best
 
-    def outcomes(self, text, around, has_default):
+    def outcomes(self, before, text, around, has_default):
         """The counts of the outcomes of the line's conditions."""
         best = self.folded()
         if not CONDITION.search(around):
             return []
         if self.count == 0:
             return best
+        pairs = [best[index:index + 2] for index in range(0, len(best), 2)]
+        never_asked = max(0, written_conditions(before, text) - sum(pair != [0, 0] for pair in pairs))
         kept = []
-        index = 0
         made = len(re.findall(r"dynamic_cast|\.\*|->\*", text))
-        while index < len(best):
-            pair = best[index:index + 2]
-            index += 2
+        for pair in pairs:
             if pair == [0, 0]:
+                if never_asked > 0:
+                    never_asked -= 1
+                    kept += pair
                 continue
             if made > 0 and len(pair) == 2 and 0 in pair:
                 made -= 1
@@ -106,6 +110,15 @@ class Line:
         if "switch" in text and not has_default and 0 in kept:
             kept.remove(0)
         return kept
+
+
+def written_conditions(before, text):
+    """How many conditions a line is written with. `before` is the line before it."""
+    before, text = (TEXT.sub("", part).strip() for part in (before, text))
+    joins = len(JOIN.findall(text))
+    is_last = not text.endswith(("&&", "||")) and (
+        joins > 0 or before.endswith(("&&", "||")) or re.search(r"\b(if|for|while)\b", text))
+    return joins + (1 if is_last else 0) + text.count(" ? ")
 
 
 def conditions_of(branches):
@@ -175,7 +188,8 @@ def measure(folder):
             if (name, number) in excluded or not re.search(r"\w", text):
                 continue  # a bracket alone stands for what is cleaned up
             around = " ".join(texts[max(0, number - 2):number + 1])
-            outcomes = line.outcomes(text, around, has_default(texts, number))
+            before = texts[number - 2] if number > 1 else ""
+            outcomes = line.outcomes(before, text, around, has_default(texts, number))
             yield name, number, text, line.count, outcomes
 
 
