@@ -66,10 +66,12 @@ bool isToken(std::string_view text)
     });
 }
 
-bool isValueCharacter(char c)
+bool isValue(std::string_view text)
 {
-    const auto code = static_cast<unsigned char>(c);
-    return c == '\t' || (code >= 0x20 && code != 0x7F);
+    return std::all_of(text.begin(), text.end(), [](char c) {
+        const auto code = static_cast<unsigned char>(c);
+        return c == '\t' || (code >= 0x20 && code != 0x7F);
+    });
 }
 
 bool isTargetCharacter(char c)
@@ -268,7 +270,7 @@ std::string_view defectOf(const RequestHead& head)
         return "A header line is not a name with a colon right behind it.";
     }
     for (const auto& [name, value] : head.fields) {
-        if (!std::all_of(value.begin(), value.end(), &isValueCharacter)) {
+        if (!isValue(value)) {
             return "The value of a header field holds a control character.";
         }
     }

@@ -12,8 +12,8 @@ namespace
 {
 
 constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
-// Room for the answer of most commands.
-constexpr std::size_t kUsualLength = 4096;
+// Room for the answer of a small command. The allocator keeps memory up to this size at hand.
+constexpr std::size_t kUsualLength = 1024;
 
 } // namespace
 

@@ -71,23 +71,22 @@ constexpr std::array kPlaces{
     Place{Element::AnyValue, "struct", Element::Structure, 0},
 };
 
-/// Where the places in each element begin, and behind the last one; they stand together.
-constexpr auto kFirstPlaces = [] {
-    std::array<std::size_t, 21> first{};
-    for (std::size_t element = 0; element < first.size(); ++element) {
-        const auto* const found = std::ranges::find_if(
-            kPlaces, [&](const Place& place) { return static_cast<std::size_t>(place.parent) == element; });
-        first.at(element) = static_cast<std::size_t>(found - kPlaces.begin());
+/// The places in each element; they stand together.
+constexpr auto kPlacesIn = [] {
+    std::array<std::span<const Place>, 20> all;
+    for (std::size_t element = 0; element < all.size(); ++element) {
+        const auto isIn = [&](const Place& place) {
+            return static_cast<std::size_t>(place.parent) == element;
+        };
+        const auto* const first = std::ranges::find_if(kPlaces, isIn);
+        all.at(element) = {first, std::find_if_not(first, kPlaces.end(), isIn)};
     }
-    return first;
+    return all;
 }();
 
-std::span<const Place> placesIn(Element parent)
+constexpr std::span<const Place> placesIn(Element parent)
 {
-    const auto* const first = kPlaces.begin() + kFirstPlaces.at(static_cast<std::size_t>(parent));
-    const auto* const last =
-        std::find_if(first, kPlaces.end(), [&](const Place& place) { return place.parent != parent; });
-    return {first, last};
+    return kPlacesIn.at(static_cast<std::size_t>(parent));
 }
 
 /// What an element is called in messages, and what it must hold at its end.

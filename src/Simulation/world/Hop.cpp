@@ -71,6 +71,11 @@ double attenuation_dBTenths(const NodeState& node, const ChannelState& channel)
     return node.settings.pathLoss_dBTenths + fading_dBTenths(node, channel);
 }
 
+std::int32_t levelAtFarEnd(const ChannelState& channel, double attenuation)
+{
+    return level(channel.transmitter.power - attenuation);
+}
+
 std::int32_t snirOf(std::int32_t level, double interference_mW, const ChannelState& channel)
 {
     const auto snr = std::min(level - noiseFloor_dBmTenths(channel), kSnirCeiling_dBTenths);
@@ -365,7 +370,7 @@ void settleHop(NodeState& node, ChannelState& channel)
                 !sendsTestSignal(channel) && receiver.snir >= rxThreshold(channel, rx));
     receiver.rxModulation = receiver.isLinkUp ? rx : ModulationAndCoding::UNDEFINED;
 
-    receiver.farEndSnir = sends && !isLooped ? snirOf(levelAtFarEnd_dBmTenths(node, channel),
+    receiver.farEndSnir = sends && !isLooped ? snirOf(levelAtFarEnd(channel, attenuation),
                                                       farEndInterference_mW(node, channel), channel)
                                              : 0;
     const auto tx = inForce(channel, isLooped ? rx : modulationAt(channel, receiver.farEndSnir, txThreshold),
@@ -415,7 +420,7 @@ std::int32_t farEndLevel_dBmTenths(const NodeState& node, const ChannelState& ch
 
 std::int32_t levelAtFarEnd_dBmTenths(const NodeState& node, const ChannelState& channel)
 {
-    return level(channel.transmitter.power - attenuation_dBTenths(node, channel));
+    return levelAtFarEnd(channel, attenuation_dBTenths(node, channel));
 }
 
 bool receivesFarEnd(const NodeState& node, const ChannelState& channel)

@@ -76,7 +76,7 @@ void NodeState::settle()
     }
     if (m_roundsLeft > 0) {
         --m_roundsLeft;
-        settleOnce();
+        settleAt(present);
     }
 }
 
@@ -90,14 +90,13 @@ void NodeState::catchUp(std::chrono::nanoseconds present)
 {
     const auto step = std::max(kTickPeriod, (present - m_settledAt) / kMostSteps);
     for (auto moment = m_settledAt + step; moment < present; moment += step) {
-        m_caughtUpTo = moment;
-        settleOnce();
+        settleAt(moment);
     }
-    m_caughtUpTo.reset();
 }
 
-void NodeState::settleOnce()
+void NodeState::settleAt(std::chrono::nanoseconds moment)
 {
+    m_settlesAt = moment;
     settleDspRecovery(*this);
     for (auto& channel : channels) {
         settleProcesses(*this, channel);
@@ -105,6 +104,7 @@ void NodeState::settleOnce()
         settleMimo(*this, channel);
         settlePps(*this, channel);
     }
+    m_settlesAt.reset();
 }
 
 std::chrono::nanoseconds NodeState::settleAfter(std::chrono::nanoseconds delay)

@@ -58,8 +58,8 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     /// The channel with this number, 1 up to the number of channels.
     ChannelState& channel(unsigned number) { return channels.at(number - 1); }
 
-    /// The time of the node's clock; an earlier one while the state catches up.
-    std::chrono::nanoseconds now() const { return m_caughtUpTo ? *m_caughtUpTo : m_time.now(); }
+    /// The time of the node's clock; while the state is brought up to date, the moment to which.
+    std::chrono::nanoseconds now() const { return m_settlesAt ? *m_settlesAt : m_time.now(); }
 
     /// The node's wall clock, counted from 1970.
     std::chrono::nanoseconds systemTime() const;
@@ -100,11 +100,11 @@ class NodeState : public std::enable_shared_from_this<NodeState>
     void after(std::chrono::nanoseconds delay, std::function<void(NodeState&)> action);
     void tick();
     void catchUp(std::chrono::nanoseconds present);
-    void settleOnce();
+    void settleAt(std::chrono::nanoseconds moment);
 
     zyr_platform::TimeSource& m_time;
     std::chrono::nanoseconds m_settledAt{0};
-    std::optional<std::chrono::nanoseconds> m_caughtUpTo;
+    std::optional<std::chrono::nanoseconds> m_settlesAt;
     unsigned m_roundsLeft = 0; ///< until nothing more follows from what has changed
     bool m_isTicking = false;
 };
