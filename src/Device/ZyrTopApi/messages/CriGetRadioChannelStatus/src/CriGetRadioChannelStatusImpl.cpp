@@ -4,9 +4,7 @@
 #include "IDspStatusApi.h"
 #include "Initialise.h"
 #include "Log.h"
-#include "Negated.h"
 #include "ResultLaw.h"
-#include "Zyr.h"
 #include "ZyrApiHandler.h"
 
 namespace zyr_top_api
@@ -136,11 +134,11 @@ bool CriGetRadioChannelStatusImpl::readErrorBlocks(const Command& command, Readi
 {
     IDspStatusApi* const statusApi = m_dspApi[command.RadioChannelID].getDspStatusApi();
     if (statusApi == nullptr) {
-        return readings.failsWith(failureText("CRI.GetRadioChannelStatus failed to get DSP API interface"));
+        return readings.failsWith("CRI.GetRadioChannelStatus failed to get DSP API interface");
     }
     if (failed(statusApi->getErrorBlocks(readings.blocks, command.ResetErrorBlocks))) {
         return readings.failsWith(
-            failureText("CRI.GetRadioChannelStatus failed to get errored blocks from DSP")); // sic: no code
+            "CRI.GetRadioChannelStatus failed to get errored blocks from DSP"); // sic: no code
     }
     if (readings.isLinkUp && readings.blocks.backgroundBlocks == 0) {
         log(s_trace, 2, "CRI.GetRadioChannelStatus Radiolink is Up but BackgroundBlocks is 0!",
@@ -168,62 +166,6 @@ void CriGetRadioChannelStatusImpl::readBasebandSdc(std::uint32_t channel, Readin
     readings.dadeStatus = controller->getDadeStatus();
     readings.dadeDelay = controller->getDadeDelay();
     readings.calibrationData = controller->getCalibrationData();
-}
-
-void CriGetRadioChannelStatusImpl::fillCommon(std::uint32_t channel, const Readings& readings,
-                                              Response& response)
-{
-    // The texts are empty so far, and to append is half the work of an assignment.
-    response.TXActualStatus.append(readings.txStatus);
-    response.RadioChannelStatus.append(readings.isLinkUp ? "Up" : "Down");
-    response.ActualTxModulation.append(readings.txModulation);
-    response.ActualModulation.append(readings.txModulation);
-    response.ActualRxModulation.append(readings.rxModulation);
-    response.ActualRFInputPower = readings.rssi;
-    response.ReportedRFOutputPower = m_systemPowerController[channel].getReportedOutputPower();
-    response.ActualSNIR = negated(readings.snir);
-    response.ErroredBlocks = readings.blocks.erroredBlocks;
-    response.BackgroundBlocks = readings.blocks.backgroundBlocks;
-    response.ErrorBytes = readings.blocks.errorBytes;
-    response.TotalBytes = readings.blocks.totalBytes;
-    response.TxFrequency = readings.txFrequency;
-    response.RxFrequency = readings.rxFrequency;
-    response.XpicIsStarted = readings.xpicIsStarted;
-    response.ClockStatus = 1;
-    response.ZyrState = Zyr::getInitState();
-    response.IsMimo4x4 = readings.isMimo4x4;
-    response.MimoIsStarted = readings.mimoIsStarted;
-    response.ActualEta = readings.eta;
-    response.MimoStatus.append(readings.mimoStatus);
-    response.BasebandSdcIsStarted = readings.basebandSdcIsStarted;
-    response.HopLengthLatency = readings.hopLengthLatency;
-    response.PpfLocked = readings.ppfLocked;
-}
-
-void CriGetRadioChannelStatusImpl::fillOptional(std::uint32_t channel, const Readings& readings,
-                                                Response& response)
-{
-    if (response.IsMimo4x4 || response.XpicIsStarted) {
-        response.ActualXpi = readings.xpi;
-        response.XpicStatus = readings.xpicStatus;
-    }
-    if (response.XpicIsStarted && response.BasebandSdcIsStarted) {
-        response.ActualXpiMainBasebandSdc = readings.basebandSdc.xpiMain;
-        response.ActualXpiDiversityBasebandSdc = readings.basebandSdc.xpiDiversity;
-    }
-    if (response.BasebandSdcIsStarted) {
-        response.ActualGainBasebandSdc = readings.basebandSdc.gain;
-        response.ActualSnirMainBasebandSdc = negated(readings.basebandSdc.snirMain);
-        response.ActualSnirDiversityBasebandSdc = negated(readings.basebandSdc.snirDiversity);
-        response.ActualDadeStatusBasebandSdc = basebandSdcDadeStatusToString(readings.dadeStatus);
-        response.ActualDadeDelayBasebandSdc = readings.dadeDelay;
-        response.BasebandSdcCalibrationDataMain = static_cast<std::uint16_t>(readings.calibrationData);
-        response.BasebandSdcCalibrationDataDiversity =
-            static_cast<std::uint16_t>(readings.calibrationData >> 16U);
-    }
-    if (zyr::IZyrRleHandler* const rleHandler = m_rleHandler.find(channel)) {
-        response.RleStatus = rleHandler->getRleStatus();
-    }
 }
 
 CriGetRadioChannelStatus::Response criGetRadioChannelStatus(const CriGetRadioChannelStatus::Command& command)

@@ -20,7 +20,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace zyr_top_api
 {
@@ -64,25 +63,22 @@ class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
         unsigned hopLengthLatency = 0;
         std::string failure; ///< why a reading has failed
 
-        bool failsWith(std::string text)
-        {
-            failure = std::move(text);
-            return false;
-        }
+        bool failsWith(std::string_view text);
+        bool failsWith(std::string_view text, ETIResult result);
     };
 
-    // False if a reading has failed.
+    // False if a reading has failed. Those that are inline are called in the source that holds them, once.
     bool read(const Command& command, Readings& readings);
-    bool readModulations(std::uint32_t channel, Readings& readings);
-    bool readRssi(std::uint32_t channel, Readings& readings);
+    inline bool readModulations(std::uint32_t channel, Readings& readings);
+    inline bool readRssi(std::uint32_t channel, Readings& readings);
     bool readErrorBlocks(const Command& command, Readings& readings);
-    bool readXpic(std::uint32_t channel, Readings& readings);
-    void readMimo(std::uint32_t channel, Readings& readings);
-    void readMimo4x4(IMimoController& mimoController, Readings& readings);
+    inline bool readXpic(std::uint32_t channel, Readings& readings);
+    inline void readMimo(std::uint32_t channel, Readings& readings);
+    inline void readMimo4x4(IMimoController& mimoController, Readings& readings);
     void readBasebandSdc(std::uint32_t channel, Readings& readings);
-    bool readPpfLock(std::uint32_t channel, Readings& readings);
-    void readFrequencies(std::uint32_t channel, Readings& readings);
-    bool readHopLengthLatency(std::uint32_t channel, Readings& readings);
+    inline bool readPpfLock(std::uint32_t channel, Readings& readings);
+    inline void readFrequencies(std::uint32_t channel, Readings& readings);
+    inline bool readHopLengthLatency(std::uint32_t channel, Readings& readings);
 
     void fillCommon(std::uint32_t channel, const Readings& readings, Response& response);
     void fillOptional(std::uint32_t channel, const Readings& readings, Response& response);
