@@ -63,7 +63,7 @@ find src tests benchmarks -name '*.h' -o -name '*.cpp' | xargs -r -n 40 -P "$job
 build dev
 run_tests dev
 
-build tsan --target ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests zyrnode zyrctl
+build tsan --target ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests zyrnode
 run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests.*)$'
 
 if [ "$all" = yes ]; then

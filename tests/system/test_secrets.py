@@ -56,6 +56,7 @@ class LeaksTest(unittest.TestCase):
 
 
 class SecretsTest(NodeTest):
+    uses_client = True
     options = ("--enable-ti", "--trace", "*=7")
 
     def setUp(self):

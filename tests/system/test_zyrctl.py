@@ -13,6 +13,7 @@ PROGRAM = os.environ["ZYRCTL"]
 
 
 class ZyrctlTest(NodeTest):
+    uses_client = True
     options = ("--enable-ti",)
 
     def zyrctl(self, *words):
@@ -87,6 +88,8 @@ def zyrctl(node, command):
 class FollowTest(unittest.TestCase):
     """What goes on when the node comes back."""
 
+    uses_client = True
+
     def start(self, node, *words):
         process = self.enterContext(subprocess.Popen(
             [PROGRAM, *words], env={**os.environ, "ZYR_URL": node.url}, stdin=subprocess.DEVNULL,
@@ -119,6 +122,8 @@ class FollowTest(unittest.TestCase):
 
 
 class ExamplesTest(unittest.TestCase):
+    uses_client = True
+
     @classmethod
     def setUpClass(cls):
         """The example of each command, with the options of the node and the command before it."""

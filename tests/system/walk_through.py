@@ -20,6 +20,8 @@ def steps(text):
 class WalkThroughTest(NodeTest):
     """Types along on a node that was started with `options`."""
 
+    uses_client = True
+
     def run_command(self, command):
         programs = f"{pathlib.Path(os.environ['ZYRCTL']).parent}:{pathlib.Path(PROGRAM).parent}:{os.environ['PATH']}"
         done = subprocess.run(["sh", "-c", command], env={**os.environ, "PATH": programs, "ZYR_URL": self.node.url},
