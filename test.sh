@@ -87,7 +87,7 @@ if [ "$all" = yes ]; then
         fi
     done
 
-    build bench
+    build bench --target benchmark-programs
     begin_stage "bars of the benchmarks"
     cmake --build --preset bench --target benchmark-check
     begin_stage "binary interface"

@@ -85,7 +85,7 @@ def text_bytes(*files):
 def objects_of(build):
     """The objects of each command."""
     found = {}
-    top = f"{build}/src/Device/ZyrTopApi/CMakeFiles/ZyrZyrTopApi.dir/messages"
+    top = f"{build}/src/Device/ZyrTopApi/CMakeFiles/ZyrTopApiCommands.dir/messages"
     for folder, _, names in os.walk(top):
         command = os.path.relpath(folder, top).split(os.sep)[0]
         found.setdefault(command, []).extend(f"{folder}/{name}" for name in names if name.endswith(".o"))
