@@ -1,6 +1,7 @@
 #include "Exchange.h"
 #include "Lane.h"
 #include "ListenSocket.h"
+#include "MemoryBudget.h"
 #include "PasswordChecker.h"
 #include "WorkerPool.h"
 
@@ -108,6 +109,29 @@ TEST(ListenSocketTest, TakesNumericAddressesOfThisMachineAlone)
     EXPECT_EQ(listenError("127.0.0.1"), "none");
     EXPECT_EQ(listenError("node.example"), "cannot listen on node.example: not a numeric address");
     EXPECT_EQ(listenError("192.0.2.1"), "cannot listen on 192.0.2.1 port 0: Cannot assign requested address");
+}
+
+TEST(MemoryBudgetTest, TellsOnceThatABurstIsOver)
+{
+    MemoryBudget budget(5'000'000);
+    MemoryBudget::Share burst(budget);
+    MemoryBudget::Share rest(budget);
+    ASSERT_TRUE(burst.set(4'194'304));
+    ASSERT_TRUE(burst.set(0));
+    EXPECT_FALSE(budget.isBurstOver()); // that was none
+
+    ASSERT_TRUE(burst.set(4'194'304));
+    ASSERT_TRUE(rest.set(1));
+    EXPECT_FALSE(budget.isBurstOver());
+    ASSERT_TRUE(rest.set(65'536));
+    ASSERT_TRUE(burst.set(0));
+    EXPECT_FALSE(budget.isBurstOver());
+    ASSERT_TRUE(rest.set(65'535));
+    EXPECT_TRUE(budget.isBurstOver());
+    EXPECT_FALSE(budget.isBurstOver());
+
+    ASSERT_FALSE(burst.set(4'934'466)); // refused, and so none either
+    EXPECT_FALSE(budget.isBurstOver());
 }
 
 class ExchangeTest : public testing::Test

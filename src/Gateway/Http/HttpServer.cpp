@@ -23,6 +23,7 @@
 #include <set>
 #include <utility>
 
+#include <malloc.h>
 #include <netdb.h>
 #include <netinet/tcp.h>
 #include <sys/resource.h>
@@ -669,6 +670,9 @@ void HttpServer::Impl::onCompleted(void* self, MHD_Connection* connection, void*
     }
     if (ConnectionWatch::Connection* const client = watched(connection)) {
         server.m_watch->answered(*client, ended->size);
+    }
+    if (server.m_held->isBurstOver()) {
+        malloc_trim(0); // a burst leaves many pages with but a few small pieces in them
     }
     if (!ended->isSubmitted) {
         return;

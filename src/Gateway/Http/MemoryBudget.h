@@ -15,6 +15,14 @@ class MemoryBudget
     /// What is held now.
     [[nodiscard]] std::size_t held() const { return m_held.load(std::memory_order_relaxed); }
 
+    /// Whether much was held since this was last true, and hardly anything is now.
+    bool isBurstOver()
+    {
+        constexpr std::size_t hardlyAnything = 64UL * 1024UL;
+        return m_isBurst.load(std::memory_order_relaxed) && held() < hardlyAnything &&
+               m_isBurst.exchange(false);
+    }
+
     /// Bytes held by somebody, given back with the object.
     class Share
     {
@@ -45,7 +53,12 @@ class MemoryBudget
   private:
     bool take(std::size_t size)
     {
-        if (m_held.fetch_add(size, std::memory_order_relaxed) + size <= m_limit) {
+        constexpr std::size_t much = 4UL * 1024UL * 1024UL;
+        const std::size_t held = m_held.fetch_add(size, std::memory_order_relaxed) + size;
+        if (held <= m_limit) {
+            if (held > much) {
+                m_isBurst.store(true, std::memory_order_relaxed);
+            }
             return true;
         }
         m_held.fetch_sub(size, std::memory_order_relaxed);
@@ -54,6 +67,7 @@ class MemoryBudget
 
     const std::size_t m_limit;
     std::atomic<std::size_t> m_held = 0;
+    std::atomic<bool> m_isBurst = false;
 };
 
 } // namespace zyr_gateway
