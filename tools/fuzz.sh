@@ -18,7 +18,7 @@ shift
 
 . tools/packages.sh
 # shellcheck disable=SC2086
-sh tools/install-packages.sh $FUZZ_PACKAGES
+sh tools/install-packages.sh $TEST_PACKAGES $FUZZ_PACKAGES
 cmake --preset fuzz >/dev/null
 if [ $# -eq 0 ]; then
     cmake --build --preset fuzz --target ZyrFuzzTargets -j "$(nproc)"

@@ -7,4 +7,4 @@ TEST_PACKAGES="$RUN_PACKAGES libgtest-dev libgmock-dev clang-format python3-json
 CROSS_PACKAGES="cmake make googletest qemu-user"
 ALL_PACKAGES="$CROSS_PACKAGES g++-arm-linux-gnueabihf g++-aarch64-linux-gnu clang clang-tidy libbenchmark-dev valgrind
     abigail-tools"
-FUZZ_PACKAGES="clang"
+FUZZ_PACKAGES="clang libclang-rt-14-dev"
