@@ -47,6 +47,41 @@ TEST(TextWriterTest, TextIsWholeHoweverLongItIs)
     }
 }
 
+// Each kind alone, since the room that one asks for may serve the next as well.
+TEST(TextWriterTest, EveryKindOfPieceFindsRoomWhereTheWriterIsFull)
+{
+    struct Piece
+    {
+        void (*write)(TextWriter& writer);
+        const char* text;
+    };
+    for (const Piece& piece : {
+             Piece{[](TextWriter& writer) { writer << "text"; }, "text"},
+             Piece{[](TextWriter& writer) { writer << true; }, "1"},
+             Piece{[](TextWriter& writer) { writer << -1.23457e-308; }, "-1.23457e-308"},
+             Piece{[](TextWriter& writer) { writer << std::int16_t{-32768}; }, "-32768"},
+             Piece{[](TextWriter& writer) { writer << std::uint16_t{65535}; }, "65535"},
+             Piece{[](TextWriter& writer) { writer << std::int32_t{-2147483647}; }, "-2147483647"},
+             Piece{[](TextWriter& writer) { writer << std::uint32_t{4294967295}; }, "4294967295"},
+             Piece{[](TextWriter& writer) { writer << std::int64_t{-9223372036854775807}; },
+                   "-9223372036854775807"},
+             Piece{[](TextWriter& writer) { writer << std::uint64_t{18446744073709551615U}; },
+                   "18446744073709551615"},
+             Piece{[](TextWriter& writer) { writer.raw('r'); }, "r"},
+             Piece{[](TextWriter& writer) { writer.hex(0xABCDEF01U); }, "abcdef01"},
+             Piece{[](TextWriter& writer) { writer.word(false); }, "false"},
+         }) {
+        for (std::size_t length = 1970; length <= 2000; ++length) {
+            const std::string front(length, 'x');
+            const std::string text = written([&](TextWriter& writer) {
+                writer << front;
+                piece.write(writer);
+            });
+            ASSERT_EQ(text, front + piece.text);
+        }
+    }
+}
+
 TEST(TextWriterTest, OnePieceMayBeLongerThanAnyUsualText)
 {
     const std::string piece(100'000, 'x');
