@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Changes the library in random small ways, one at a time, and tells which changes no test notices.
 
-usage: tools/mutants.py [--count N] [--seed S]
+usage: tools/mutants.py [--count N] [--seed S] [--kinds KIND...] [--part PART_OF_A_PATH]
 
 Works on the sources of the tree in the build of the preset "dev", which has to be there, and puts each source back. It
 stops before it begins if the sources hold changes that aren't committed. A change that doesn't compile doesn't count.
@@ -9,17 +9,23 @@ What survives is shown with its change: it needs a test, or the reason why nobod
 """
 
 import argparse
+import itertools
 import pathlib
 import random
 import re
+import resource
 import subprocess
 import sys
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LIBRARY = ROOT / "src" / "Device" / "ZyrTopApi"
-TESTS = ("ZyrCommandTests", "ZyrLibraryTests", "ZyrRegistrationTests")
-# As long as the slowest of the tests takes under load; a change may make a loop endless.
-LIMIT = 300
+# The quickest first.
+TESTS = ("ZyrRegistrationTests", "ZyrLibraryTests", "ZyrCommandTests")
+# A change may make a loop endless, or one that fills the memory: the tests get many times what they need, in seconds
+# of the processor, seconds by the clock, and bytes.
+LIMITS = {resource.RLIMIT_CPU: 60, resource.RLIMIT_AS: 4 << 30, resource.RLIMIT_CORE: 0}
+PATIENCE = 600
 
 STRING = re.compile(r'(?<!include )"((?:[^"\\]|\\.)+)"')
 LEVEL = re.compile(r"((?:\blog|\bfail|isEnabled)\((?:[A-Za-z_.]+, )?)([1-7])\b")
@@ -27,6 +33,8 @@ COMPARISONS = {"==": "!=", "!=": "==", "<=": "<", ">=": ">", "<": "<=", ">": ">=
 COMPARISON = re.compile(r" (==|!=|<=|>=|<|>|&&|\|\|) ")
 CALL = re.compile(r"^\s+[A-Za-z_][\w.:>\-\[\]]*\(.*\);$")
 STATEMENT = re.compile(r"^(\s+)(?!return\b|break\b|continue\b|using\b|static_assert\b)[A-Za-z_*].*;$")
+# A name that gets a value without any call but one that only converts: nobody can tell when it does.
+ASSIGNMENT = re.compile(r"^\s+(?:[\w:.>-]+\.)?(\w+) = (?!.*\b(?!static_cast\b|negated\b|\w+ToString\b)\w+[(<]).*;$")
 CHECK = re.compile(r"^(\s+)((?:\} else )?if) \((?!constexpr)(.*)\) \{$")
 CONSTANT = re.compile(r"(?<![\w.])(0x[0-9A-Fa-f]+|\d+)(?=[uUlL]*\b)(?!\.)")
 
@@ -53,6 +61,9 @@ def in_order(lines, index, _dice):
         return None
     first, second = STATEMENT.match(lines[index]), STATEMENT.match(lines[index + 1])
     if not first or not second or first.group(1) != second.group(1) or lines[index] == lines[index + 1]:
+        return None
+    values = [ASSIGNMENT.match(line) for line in lines[index : index + 2]]
+    if all(values) and values[0].group(1) not in lines[index + 1] and values[1].group(1) not in lines[index]:
         return None
     return [lines[index + 1], lines[index]]
 
@@ -92,45 +103,73 @@ def in_constant(lines, index, dice):
     return [replaced(lines[index], match, hex(number) if match.group(1).startswith("0x") else str(number), 1)]
 
 
-KINDS = (in_text, in_order, in_level, in_comparison, without_call, without_check, in_constant)
+KINDS = {
+    "text": in_text,
+    "order": in_order,
+    "level": in_level,
+    "comparison": in_comparison,
+    "call": without_call,
+    "check": without_check,
+    "constant": in_constant,
+}
 
 
 def sources():
-    return sorted(file for room in ("messages", "private", "types") for file in (LIBRARY / room).rglob("*.cpp")) + sorted(
-        (LIBRARY / "private").glob("*.h")
-    )
+    """All of the library but what it only demands of others."""
+    rooms = ("messages", "private", "public", "types")
+    return sorted(file for room in rooms for file in (LIBRARY / room).rglob("*") if file.suffix in (".cpp", ".h"))
 
 
-def mutants(dice):
-    """Places and what stands there instead, without end; as many of each kind."""
+def mutants(dice, kinds):
+    """Places and what stands there instead, each place once for each kind, as many of each kind in turn."""
     files = [(file, file.read_text().splitlines()) for file in sources()]
-    seen = set()
-    while True:
-        kind = dice.choice(KINDS)
-        places = []
-        for file, lines in files:
-            places += [(file, lines, index) for index in range(len(lines)) if not lines[index].lstrip().startswith("//")]
-        for _ in range(10000):
-            file, lines, index = dice.choice(places)
-            instead = kind(lines, index, dice)
-            if instead is not None and (file, index, tuple(instead)) not in seen:
-                seen.add((file, index, tuple(instead)))
-                yield kind.__name__, file, lines, index, instead
-                break
+    found = []
+    for kind in kinds:
+        found.append(
+            [
+                (kind.__name__, file, lines, index, instead)
+                for file, lines in files
+                for index in range(len(lines))
+                if not lines[index].lstrip().startswith("//")
+                # Those of a header are declarations.
+                and not (kind is in_order and file.suffix == ".h")
+                and (instead := kind(lines, index, dice)) is not None
+            ]
+        )
+        dice.shuffle(found[-1])
+    for row in itertools.zip_longest(*found):
+        yield from filter(None, row)
 
 
 def run(*command):
+    return subprocess.run(command, cwd=ROOT, capture_output=True).returncode == 0
+
+
+def limit():
+    for kind, most in LIMITS.items():
+        resource.setrlimit(kind, (most, most))
+
+
+def passes(*command):
     try:
-        return subprocess.run(command, cwd=ROOT, capture_output=True, text=True, timeout=LIMIT).returncode == 0
+        return subprocess.run(command, cwd=ROOT, capture_output=True, timeout=PATIENCE, preexec_fn=limit).returncode == 0
     except subprocess.TimeoutExpired:
         return False
 
 
+def belongs_to_command(file):
+    return "messages" in file.parts
+
+
+def is_built(targets=TESTS):
+    return run("cmake", "--build", "--preset", "dev", "-j", "2", "--target", *targets)
+
+
 def is_noticed(file):
-    command = next((part[: -len("Impl")] for part in [file.stem] if part.endswith("Impl")), "")
+    command = file.relative_to(LIBRARY / "messages").parts[0] if belongs_to_command(file) else ""
     own = [["ZyrCommandTests", f"--gtest_filter=*{command}*"]] if command else []
     for test, *arguments in own + [[test] for test in TESTS]:
-        if not run(f"build/dev/bin/{test}", "--gtest_brief=1", "--gtest_fail_fast", *arguments):
+        if not passes(f"build/dev/bin/{test}", "--gtest_brief=1", "--gtest_fail_fast", *arguments):
             return True
     return False
 
@@ -139,31 +178,39 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--count", type=int, default=150)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--kinds", nargs="+", choices=KINDS, default=list(KINDS))
+    parser.add_argument("--part", default="")
     arguments = parser.parse_args()
     if not run("git", "diff", "--quiet", "HEAD", "--", "src"):
         sys.exit("src holds changes that aren't committed: commit or stash them")
-    build = ["cmake", "--build", "--preset", "dev", "-j", "2", "--target", *TESTS]
-    if not run(*build) or is_noticed(pathlib.Path("none")):
+    if not is_built() or is_noticed(pathlib.Path("none")):
         sys.exit("the tests do not pass as the sources are")
     made, survivors = 0, 0
-    for kind, file, lines, index, instead in mutants(random.Random(arguments.seed)):
+    begin = time.monotonic()
+    for kind, file, lines, index, instead in mutants(random.Random(arguments.seed), [KINDS[kind] for kind in arguments.kinds]):
+        if arguments.part not in str(file.relative_to(ROOT)):
+            continue
         if made == arguments.count:
             break
         original = file.read_text()
         try:
             file.write_text("\n".join(lines[:index] + instead + lines[index + len(instead) :]) + "\n")
-            if not run(*build):
+            # The tests load the library: a command's source needs nothing else built.
+            if not is_built(["ZyrZyrTopApi"] if belongs_to_command(file) else TESTS):
                 continue
             made += 1
             if is_noticed(file):
                 continue
         finally:
             file.write_text(original)
+            if not belongs_to_command(file):
+                is_built()
         survivors += 1
         print(f"survived: {kind} {file.relative_to(ROOT)}:{index + 1}")
         for old, new in zip(lines[index : index + len(instead)], instead):
             print(f"    - {old.strip()}\n    + {new.strip()}", flush=True)
-    print(f"{made - survivors} of {made} changes were noticed, {survivors} were not")
+    print(f"{made - survivors} of {made} changes were noticed, {survivors} were not;"
+          f" {(time.monotonic() - begin) / max(made, 1):.1f} s each")
 
 
 if __name__ == "__main__":
