@@ -222,7 +222,7 @@ TEST_F(CiManageLoopsTest, InitialiseRefusesZeroAndThreeChannels)
 1 ZYR.TI.CiManageLoops: Error: numberOfChannels is out of range (3)
 1 ZYR.TI.CiManageLoops: Error: numberOfChannels is out of range (4294967295)
 )");
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "ILoopController of the node");
 }
 
 TEST_F(CiManageLoopsTest, InitialiseTellsThatTheControllerIsMissing)
@@ -234,7 +234,7 @@ TEST_F(CiManageLoopsTest, InitialiseTellsThatTheControllerIsMissing)
 1 ZYR.TI.CiManageLoops: Could not find the LoopController interface
 1 ZYR.TI.CiManageLoops: Error: numberOfChannels is out of range (3)
 )");
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "ILoopController of the node");
 }
 
 TEST_F(CiManageLoopsTest, InitialiseLooksTheControllerUpOnceForTheNode)
@@ -252,7 +252,7 @@ TEST_F(CiManageLoopsTest, SecondFailingInitialiseForgetsTheController)
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     withdraw("ILoopController");
     EXPECT_EQ(impl.initialize(2), 0x8000);
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "ILoopController of the node");
 }
 
 } // namespace

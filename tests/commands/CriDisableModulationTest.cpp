@@ -310,7 +310,7 @@ TEST_F(CriDisableModulationTest, Channel0AndADspWithoutItsChannelPartAreNamed)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     dspApi2.onGetDspChannelApi = nullptr;
-    EXPECT_THROW(impl.execute(reading(0)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(reading(0)); }), "IDspApi of radio channel 0");
     try {
         impl.execute(reading(2));
         FAIL() << "no exception";

@@ -164,7 +164,7 @@ TEST_F(CriEnableAcmTest, RefusedChannelIsSilentAtAllLevelsButEntryAndSummary)
 TEST_F(CriEnableAcmTest, Channel0PassesTheBoundCheckAndReachesNoHandler)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0, true)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, true)); }), "IAcmHandler of radio channel 0");
     EXPECT_EQ(transcript.text(), R"(
 3 ZYR.TI.CriEnableAcm: RadioChannelID: 0\nEnabled: 1\n
 )");
@@ -225,7 +225,7 @@ TEST_F(CriEnableAcmTest, InitialiseTriesNoChannelBehindAMissingHandler)
     EXPECT_EQ(transcript.text(), R"(
 1 ZYR.TI.CriEnableAcm:  Error getting interface to IAcmHandler_1
 )");
-    EXPECT_THROW(impl.execute(command(2, true)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, true)); }), "IAcmHandler of radio channel 2");
 }
 
 TEST_F(CriEnableAcmTest, InitialiseOfOneChannelNeedsNoSecondHandler)

@@ -258,7 +258,7 @@ TEST_F(CriGetAirInterfaceCapabilityTest, ObjectThatWasNotInitialisedRefusesEvery
 TEST_F(CriGetAirInterfaceCapabilityTest, Channel0PassesTheBoundCheckAndReachesNoCapabilityHandler)
 {
     initialise();
-    EXPECT_THROW(impl.execute(command(0)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0)); }), "ICapabilityHandler of radio channel 0");
     EXPECT_EQ(transcript.text(), R"(
 IHardwareConfigurationHandler.getRadioFrames(true)
 )");
@@ -575,7 +575,7 @@ TEST_F(CriGetAirInterfaceCapabilityTest, FailedInitialiseKeepsTheChannelBefore)
     withdraw("ICapabilityHandler_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     EXPECT_EQ(impl.execute(command(1)).tiResult, 0);
-    EXPECT_THROW(impl.execute(command(2)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2)); }), "ICapabilityHandler of radio channel 2");
 }
 
 TEST_F(CriGetAirInterfaceCapabilityTest, SecondInitialiseFetchesTheCollaboratorsAnew)

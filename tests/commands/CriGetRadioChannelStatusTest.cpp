@@ -311,7 +311,7 @@ TEST_F(CriGetRadioChannelStatusTest, ObjectThatWasNotInitialisedRefusesEveryChan
 TEST_F(CriGetRadioChannelStatusTest, Channel0PassesTheBoundCheckAndReachesNoCollaborator)
 {
     initialise();
-    EXPECT_THROW(impl.execute({0, true}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0, true}); }), "IOutputPowerController of radio channel 0");
     EXPECT_EQ(transcript.text(), "\n");
 }
 
@@ -1185,7 +1185,7 @@ TEST_F(CriGetRadioChannelStatusTest, FailedInitialiseKeepsTheChannelBefore)
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     EXPECT_EQ(impl.execute({1, false}).printResponse(), kHealthyData);
-    EXPECT_THROW(impl.execute({2, false}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2, false}); }), "IDspApi of radio channel 2");
 }
 
 TEST_F(CriGetRadioChannelStatusTest, SecondInitialiseFetchesTheCollaboratorsAnew)

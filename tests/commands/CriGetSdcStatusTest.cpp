@@ -238,8 +238,8 @@ TEST_F(CriGetSdcStatusTest, MissingControllerIsNotTested)
 {
     withdraw("ISpaceDiversityCombinerController_2");
     ASSERT_EQ(impl.initialize(2), 0x8000);
-    EXPECT_THROW(impl.execute({2U}), std::out_of_range);
-    EXPECT_THROW(impl.execute({0U}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2U}); }), "ISpaceDiversityCombinerController of radio channel 2");
+    EXPECT_EQ(missingIn([&] { impl.execute({0U}); }), "ISpaceDiversityCombinerController of radio channel 0");
     EXPECT_EQ(impl.execute({1U}).tiResult, 0);
 }
 

@@ -343,9 +343,12 @@ prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannel
 TEST_F(CriGetSpectrumDiagnosticsTest, Channel0PassesTheBoundCheckAndReachesNoController)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0, "get-status")), std::out_of_range);
-    EXPECT_THROW(impl.execute(command(0, "get-result")), std::out_of_range);
-    EXPECT_THROW(impl.execute(command(0, "channel-scan-start", 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, "get-status")); }),
+              "ISpectrumDiagnosticsController of radio channel 0");
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, "get-result")); }),
+              "ISpectrumDiagnosticsController of radio channel 0");
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, "channel-scan-start", 1)); }),
+              "ISpectrumDiagnosticsController of radio channel 0");
     EXPECT_EQ(transcript.text(), "\n");
 }
 
@@ -389,7 +392,8 @@ TEST_F(CriGetSpectrumDiagnosticsTest, FailedInitialiseCountsAsTheOneCall)
 1 ZYR.CriGetSpectrumDiagnostics: Already initialized
 )");
     EXPECT_EQ(outcome(impl.execute(command(1, "get-status"))), "result 0x0 0 \"\"");
-    EXPECT_THROW(impl.execute(command(2, "get-status")), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, "get-status")); }),
+              "ISpectrumDiagnosticsController of radio channel 2");
 }
 
 } // namespace

@@ -222,7 +222,7 @@ TEST_F(CriRestartRadioTest, Channel0ReachesNoRadio)
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     setTraceLevel("ZYR.CriRestartRadioImpl", 2);
     for (const Action action : {Action::TriggerRestart, Action::GetStatus, Action::EndRestart}) {
-        EXPECT_THROW(impl.execute(command(0, action)), std::out_of_range);
+        EXPECT_EQ(missingIn([&] { impl.execute(command(0, action)); }), "IRadio of radio channel 0");
     }
     EXPECT_EQ(transcript.text(), "\n");
 }

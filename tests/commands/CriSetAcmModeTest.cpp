@@ -143,7 +143,8 @@ prints StandardResponse Sent\n
 TEST_F(CriSetAcmModeTest, Channel0PassesTheBoundCheckAndReachesNoDsp)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0, AcmMode::Active, AcmModePosition::Internal)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, AcmMode::Active, AcmModePosition::Internal)); }),
+              "IDspApi of radio channel 0");
     EXPECT_EQ(transcript.text(), R"(
 3 ZYR.TI.CriSetAcmMode: RadioChannelID: 0, AcmMode: Active, AcmModePosition: Internal\n
 )");
@@ -189,7 +190,8 @@ TEST_F(CriSetAcmModeTest, FailedInitialiseLeavesTheChannelsBeforeTheMissingOneUs
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     EXPECT_EQ(impl.execute(command(1, AcmMode::Basic, AcmModePosition::External)).tiResult, 0);
-    EXPECT_THROW(impl.execute(command(2, AcmMode::Basic, AcmModePosition::External)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, AcmMode::Basic, AcmModePosition::External)); }),
+              "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.CriSetAcmMode:
 1 ZYR.TI.CriSetAcmMode:  Error getting interface to IDspApi_2

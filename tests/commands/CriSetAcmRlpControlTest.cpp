@@ -134,7 +134,7 @@ TEST_F(CriSetAcmRlpControlTest, Channel0AndADspWithoutItsAcmPartAreNamed)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     dspApi2.onGetAcmApi = nullptr;
-    EXPECT_THROW(impl.execute(command(0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 1)); }), "IDspApi of radio channel 0");
     try {
         impl.execute(command(2, 1));
         FAIL() << "no exception";
@@ -168,7 +168,7 @@ TEST_F(CriSetAcmRlpControlTest, FailedInitialiseLeavesTheChannelsBeforeTheMissin
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     tell(impl.execute(command(1, 1)));
-    EXPECT_THROW(impl.execute(command(2, 2)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, 2)); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.CriSetAcmRlpControl:
 1 ZYR.TI.CriSetAcmRlpControl:  Error getting interface to IDspApi_2

@@ -123,7 +123,7 @@ prints StandardResponse Sent\n
 TEST_F(CriSetActiveSubBandTest, Channel0PassesTheBoundCheckAndReachesNoRadio)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 1)); }), "IRadio of radio channel 0");
     EXPECT_EQ(transcript.text(), R"x(
 3 ZYR.TI.CriSetActiveSubBand: RadioChannelID: 0, subBand: 1\n
 )x");
@@ -170,7 +170,7 @@ TEST_F(CriSetActiveSubBandTest, FailedInitialiseStoresTheCountAndCannotBeRepeate
 1 ZYR.TI.CriSetActiveSubBand: Already initialized
 )x");
     EXPECT_EQ(outcome(impl.execute(command(1, 1))), "result 0x0 0 \"\"");
-    EXPECT_THROW(impl.execute(command(2, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, 1)); }), "IRadio of radio channel 2");
 }
 
 } // namespace

@@ -83,7 +83,8 @@ prints StandardResponse Sent\n
 
 TEST_F(CriSetRauCarrierAggregationTest, ObjectThatWasNotInitialisedHasNoHandlerToReach)
 {
-    EXPECT_THROW(impl.execute({.IsRauCarrierAggregation = true}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({.IsRauCarrierAggregation = true}); }),
+              "IHardwareConfigurationHandler of the node");
     EXPECT_EQ(transcript.text(), "\n");
 }
 
@@ -92,7 +93,8 @@ TEST_F(CriSetRauCarrierAggregationTest, SecondInitialiseFetchesTheHandlerAnewAnd
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     withdraw("IHardwareConfigurationHandler");
     EXPECT_EQ(impl.initialize(2), 0x8000);
-    EXPECT_THROW(impl.execute({.IsRauCarrierAggregation = true}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({.IsRauCarrierAggregation = true}); }),
+              "IHardwareConfigurationHandler of the node");
     publish(node.hardwareConfigurationHandler);
     EXPECT_EQ(impl.initialize(1), 0);
     impl.execute({.IsRauCarrierAggregation = true});

@@ -148,14 +148,14 @@ TEST_F(CriSetRauPowerSuppliedTest, SecondInitialiseFetchesTheRadiosAnewAndKeepsT
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     withdraw("IRadio_1");
     EXPECT_EQ(impl.initialize(1), 0x8000);
-    EXPECT_THROW(impl.execute(command(1, 1)), std::out_of_range);
-    EXPECT_THROW(impl.execute(command(0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(1, 1)); }), "IRadio of radio channel 1");
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 1)); }), "IRadio of radio channel 1");
     EXPECT_EQ(outcome(impl.execute(command(2, 1))), "result 0x0 0 \"\"");
 }
 
 TEST_F(CriSetRauPowerSuppliedTest, Channel0OfAnObjectThatWasNotInitialisedReachesNoRadio)
 {
-    EXPECT_THROW(impl.execute(command(0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 1)); }), "IRadio of radio channel 1");
     EXPECT_EQ(outcome(impl.execute(command(1, 1))), "result 0xA100 2 \"RadioChannelId out of bounds\"");
 }
 

@@ -333,7 +333,7 @@ TEST_F(CriWarmInitCompletedTest, MissingPartOfTheSecondDspThrowsBehindTheFirstCh
     const StartUpState state(State::WarmRestart);
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     node.channel2.dspApi.onGetDspChannelApi = nullptr;
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "IDspChannelApi of radio channel 2");
     EXPECT_EQ(StartUpState::current(), State::WarmRestart);
     EXPECT_EQ(transcript.text(), R"x(
 IDspChannelApi_1.isConfigured()

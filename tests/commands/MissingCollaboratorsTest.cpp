@@ -40,6 +40,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 // What a command does whose collaborators were never found: it throws, and nothing but the call is lost.
 
@@ -48,56 +49,77 @@ namespace
 
 using namespace zyr_top_api;
 
-class NodeWideCollaboratorTest : public zyr_test::CommandTest
-{};
-
-template <class XImpl>
-class CollaboratorOfChannelTest : public zyr_test::CommandTest
-{};
-
-using CommandsOfAChannel = testing::Types<
-    CriCalibrateDspPpsImpl, CriEnableAcmImpl, CriGetAirInterfaceCapabilityImpl,
-    CriGetCalibrationStatusDspPpsImpl, CriGetHopLengthTimeDspPpsImpl, CriGetRadioChannelStatusImpl,
-    CriGetRauPowerSuppliedImpl, CriGetSdcStatusImpl, CriManagePathLatencyImpl, CriMimoSpatialMuteImpl,
-    CriSetActiveSubBandImpl, CriSetOutputModeDspPpsImpl, CriSetRadioChannelNearEndImpl,
-    CriSetRauPowerModeImpl, CriSetRauPowerSuppliedImpl, CriSetRfPowerImpl, CriSetSourceDspPpsImpl,
-    CriXpicSlaveMuteImpl, TiGetDspTxModeImpl, TiGetNarrowWideFiltersImpl, TiManageDspImpl, TiManagePmImpl,
-    TiManageRadioChannelStatusImpl, TiSetIfFrequencyImpl, TiSetNarrowWideFiltersImpl>;
-TYPED_TEST_SUITE(CollaboratorOfChannelTest, CommandsOfAChannel);
-
-// Channel 0 passes the check of an object that was not initialised.
-template <class XImpl>
-typename XImpl::Command commandForChannelZero()
+class MissingCollaboratorTest : public zyr_test::CommandTest
 {
-    typename XImpl::Command command{};
-    if constexpr (requires { command.channelId; }) {
-        command.channelId = RadioChannel(0);
-    } else {
-        command.RadioChannelID = RadioChannel(0);
+  protected:
+    // What is missing in a call of an object that was not initialised.
+    template <class XImpl>
+    static std::string missingFor(const typename XImpl::Command& command)
+    {
+        return missingIn([&] { XImpl().execute(command); });
     }
-    return command;
-}
 
-TYPED_TEST(CollaboratorOfChannelTest, ThrowsIfItWasNeverLookedUp)
+    // Channel 0 passes the check of such an object.
+    template <class XImpl>
+    static std::string missingForChannelZero()
+    {
+        typename XImpl::Command command{};
+        if constexpr (requires { command.channelId; }) {
+            command.channelId = RadioChannel(0);
+        } else {
+            command.RadioChannelID = RadioChannel(0);
+        }
+        return missingFor<XImpl>(command);
+    }
+};
+
+TEST_F(MissingCollaboratorTest, FirstOneOfTheChannelThatIsNeededIsNamed)
 {
-    TypeParam impl;
-    EXPECT_THROW(impl.execute(commandForChannelZero<TypeParam>()), std::out_of_range);
+    EXPECT_EQ(missingForChannelZero<CriCalibrateDspPpsImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriEnableAcmImpl>(), "IAcmHandler of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriGetAirInterfaceCapabilityImpl>(),
+              "IHardwareConfigurationHandler of the node");
+    EXPECT_EQ(missingForChannelZero<CriGetCalibrationStatusDspPpsImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriGetHopLengthTimeDspPpsImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriGetRadioChannelStatusImpl>(),
+              "IOutputPowerController of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriGetRauPowerSuppliedImpl>(), "IRadio of radio channel 1");
+    EXPECT_EQ(missingForChannelZero<CriGetSdcStatusImpl>(),
+              "ISpaceDiversityCombinerController of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriManagePathLatencyImpl>(), "IRauLatencyCalculator of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriMimoSpatialMuteImpl>(), "IMimoController of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriSetActiveSubBandImpl>(), "IRadio of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriSetOutputModeDspPpsImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriSetRadioChannelNearEndImpl>(),
+              "ISystemPowerController of radio channel 1");
+    EXPECT_EQ(missingForChannelZero<CriSetRauPowerModeImpl>(), "IRauHandler of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriSetRauPowerSuppliedImpl>(), "IRadio of radio channel 1");
+    EXPECT_EQ(missingForChannelZero<CriSetRfPowerImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriSetSourceDspPpsImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<CriXpicSlaveMuteImpl>(), "ICcdpController of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiGetDspTxModeImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiGetNarrowWideFiltersImpl>(), "IDspApi of radio channel 1");
+    EXPECT_EQ(missingForChannelZero<TiManageDspImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiManagePmImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiManageRadioChannelStatusImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiSetIfFrequencyImpl>(), "IDspApi of radio channel 0");
+    EXPECT_EQ(missingForChannelZero<TiSetNarrowWideFiltersImpl>(), "IDspApi of radio channel 1");
 }
 
-TEST_F(NodeWideCollaboratorTest, ThrowsIfItWasNeverFound)
+TEST_F(MissingCollaboratorTest, FirstOneOfTheNodeThatIsNeededIsNamed)
 {
-    EXPECT_THROW(CiGetEventsImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(CiGetFastEventsImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(CiReleaseFastEventsRequestsImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(CriSetRauCarrierAggregationImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(TiGetEventsImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(TiGetTXRFDetectedOutputPowerImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(TiManageTXIFOutputPowerImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(TiManageTXRFGainImpl().execute({}), std::out_of_range);
-    EXPECT_THROW(TiSetEventsImpl().execute({}), std::out_of_range);
+    EXPECT_EQ(missingFor<CiGetEventsImpl>({}), "IAlarmHandlerTopApi of the node");
+    EXPECT_EQ(missingFor<CiGetFastEventsImpl>({}), "IAlarmHandlerTopApi of the node");
+    EXPECT_EQ(missingFor<CiReleaseFastEventsRequestsImpl>({}), "IAlarmHandlerTopApi of the node");
+    EXPECT_EQ(missingFor<CriSetRauCarrierAggregationImpl>({}), "IHardwareConfigurationHandler of the node");
+    EXPECT_EQ(missingFor<TiGetEventsImpl>({}), "IAlarmHandlerTopApi of the node");
+    EXPECT_EQ(missingFor<TiGetTXRFDetectedOutputPowerImpl>({}), "IOutputPowerHandler of the node");
+    EXPECT_EQ(missingFor<TiManageTXIFOutputPowerImpl>({}), "IOutputPowerHandler of the node");
+    EXPECT_EQ(missingFor<TiManageTXRFGainImpl>({}), "IOutputPowerHandler of the node");
+    EXPECT_EQ(missingFor<TiSetEventsImpl>({}), "IAlarmHandlerTopApi of the node");
 }
 
-TEST_F(NodeWideCollaboratorTest, ExceptionPassesTheDispatcherAndLeavesItFree)
+TEST_F(MissingCollaboratorTest, ExceptionPassesTheDispatcherAndLeavesItFree)
 {
     ZyrApiHandler::m_cmds = {std::make_shared<CmdWrapper<CiGetEventsImpl>>("CI.GetEvents")};
     EXPECT_THROW(ciGetEvents({}), std::out_of_range);

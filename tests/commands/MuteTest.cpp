@@ -185,7 +185,10 @@ TYPED_TEST_P(MuteTest, ChannelEqualToTheCountIsAcceptedAndOneAboveRefused)
 TYPED_TEST_P(MuteTest, Channel0PassesTheBoundCheckAndReachesNoController)
 {
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(this->impl.execute({0, true}), std::out_of_range);
+    EXPECT_EQ(this->missingIn([&] {
+        this->impl.execute({0, true});
+    }),
+              this->text("CONTROLLER of radio channel 0"));
     EXPECT_EQ(this->transcript.text(), this->text(R"(
 3 TRACE: muting 1, WHAT on radiochannel: 0
 )"));
@@ -214,7 +217,10 @@ TYPED_TEST_P(MuteTest, InitialiseNamesTheMissingControllerAndKeepsTheOneBefore)
     this->withdraw(this->text("CONTROLLER_2"));
     EXPECT_EQ(this->impl.initialize(2), 0x8000);
     EXPECT_EQ(this->outcome(this->impl.execute({1, true})), "result 0x0 0 \"\"");
-    EXPECT_THROW(this->impl.execute({2, true}), std::out_of_range);
+    EXPECT_EQ(this->missingIn([&] {
+        this->impl.execute({2, true});
+    }),
+              this->text("CONTROLLER of radio channel 2"));
     EXPECT_EQ(this->transcript.text(), this->text(R"(
 1 TRACE:  Error getting interface to CONTROLLER_2
 3 TRACE: muting 1, WHAT on radiochannel: 1
@@ -228,7 +234,10 @@ TYPED_TEST_P(MuteTest, SecondInitialiseFetchesTheControllersAnew)
     ASSERT_EQ(this->impl.initialize(2), eTI_S_OK);
     this->withdraw(this->text("CONTROLLER_1"));
     EXPECT_EQ(this->impl.initialize(2), 0x8000);
-    EXPECT_THROW(this->impl.execute({1, true}), std::out_of_range);
+    EXPECT_EQ(this->missingIn([&] {
+        this->impl.execute({1, true});
+    }),
+              this->text("CONTROLLER of radio channel 1"));
     this->publish(TypeParam::controller(this->node.channel1));
     EXPECT_EQ(this->impl.initialize(2), 0);
     EXPECT_EQ(this->outcome(this->impl.execute({1, true})), "result 0x0 0 \"\"");

@@ -94,7 +94,7 @@ TEST_F(TiGetAcmThresholdsTest, Channel0AndADspWithoutItsAcmPartAreNamed)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
     dspApi1.onGetAcmApi = nullptr;
-    EXPECT_THROW(impl.execute(command(0)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0)); }), "IDspApi of radio channel 0");
     try {
         impl.execute(command(1));
         FAIL() << "no exception";
@@ -128,7 +128,7 @@ TEST_F(TiGetAcmThresholdsTest, FailedInitialiseLeavesTheChannelsBeforeTheMissing
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     tell(impl.execute(command(1)));
-    EXPECT_THROW(impl.execute(command(2)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2)); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.GetAcmThresholds:
 1 ZYR.TI.GetAcmThresholds:  Error getting interface to IDspApi_2

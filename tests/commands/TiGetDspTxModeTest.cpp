@@ -140,15 +140,15 @@ prints tiResult: eTI_E_INVALID_ARGUMENT, faultCode: 2, faultString: RadioChannel
 TEST_F(TiGetDspTxModeTest, WhatIsMissingIsThrown)
 {
     EXPECT_EQ(outcome(impl.execute({1})), "result 0xA100 2 \"RadioChannelId out of bounds\"");
-    EXPECT_THROW(impl.execute({0}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0}); }), "IDspApi of radio channel 0");
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute({0}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0}); }), "IDspApi of radio channel 0");
     dspApi1.onGetDspChannelApi = nullptr;
-    EXPECT_THROW(impl.execute({1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1}); }), "IDspChannelApi of radio channel 1");
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute({2}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2}); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

@@ -104,7 +104,7 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TiGetIfLoopImpl has no
 TEST_F(TiGetIfLoopTest, ChannelZeroOfAnInitialisedObjectThrows)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute({0}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0}); }), "IIfLoopDriver of radio channel 0");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

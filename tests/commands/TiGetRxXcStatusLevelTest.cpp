@@ -93,13 +93,13 @@ result 0x8000 4 "TiGetRxXcStatusLevelImpl has not been initialized"
 TEST_F(TiGetRxXcStatusLevelTest, WhatIsMissingIsThrown)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute({0}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0}); }), "IDspApi of radio channel 0");
     dspApi1.onGetDspStatusApi = nullptr;
-    EXPECT_THROW(impl.execute({1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1}); }), "IDspStatusApi of radio channel 1");
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute({2}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2}); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

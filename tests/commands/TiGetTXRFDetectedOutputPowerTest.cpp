@@ -124,7 +124,7 @@ TEST_F(TiGetTXRFDetectedOutputPowerTest, HandlerIsFoundUnderItsNameWithAFullStop
     setTraceLevel("*", 7);
     transcript.clear();
     EXPECT_EQ(impl.initialize(1), eTI_E_FAILED);
-    EXPECT_THROW(impl.execute({1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1}); }), "IOutputPowerHandler of the node");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.GetTXRFDetectedOutputPower: numberOfChannels=1
 1 ZYR.TI.GetTXRFDetectedOutputPower: Could not find IOutputPowerHandler.1

@@ -159,13 +159,13 @@ prints StandardResponse Sent\n
 
 TEST_F(TiManageDspTest, ChannelWithoutADspThrows)
 {
-    EXPECT_THROW(impl.execute(command(0, 0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 0, 1)); }), "IDspApi of radio channel 0");
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0, 0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0, 0, 1)); }), "IDspApi of radio channel 0");
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute(command(2, 0, 1)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2, 0, 1)); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

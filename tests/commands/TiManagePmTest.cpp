@@ -164,13 +164,13 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TI.ManagePm failed to 
 
 TEST_F(TiManagePmTest, ChannelWithoutADspThrows)
 {
-    EXPECT_THROW(impl.execute(command(0)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0)); }), "IDspApi of radio channel 0");
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0)); }), "IDspApi of radio channel 0");
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute(command(2)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2)); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

@@ -191,7 +191,7 @@ TEST_F(TiManageRadioChannelStatusTest, ObjectThatWasNotInitialisedRefusesEveryCh
 TEST_F(TiManageRadioChannelStatusTest, Channel0PassesTheBoundCheckAndReachesNoCollaborator)
 {
     initialise();
-    EXPECT_THROW(impl.execute({0, true}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0, true}); }), "IDspApi of radio channel 0");
     EXPECT_EQ(transcript.text(), "\n");
 }
 
@@ -455,7 +455,7 @@ TEST_F(TiManageRadioChannelStatusTest, InitialiseGoesChannelByChannelAndKeepsThe
     withdraw("ISystemPowerController_2");
     EXPECT_EQ(impl.initialize(2), 0x8000);
     EXPECT_EQ(impl.execute({1, false}).tiResult, 0);
-    EXPECT_THROW(impl.execute({2, false}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2, false}); }), "IDspApi of radio channel 2");
     transcript.clear();
     withdraw("IDspApi_1");
     EXPECT_EQ(impl.initialize(2), 0x8000);

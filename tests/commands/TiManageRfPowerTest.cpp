@@ -235,9 +235,10 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: TiManageRfPowerImpl ha
 TEST_F(TiManageRfPowerTest, ChannelsOutsideTheCountThrowBeforeAnyCall)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
-    EXPECT_THROW(impl.execute(command(0)), std::out_of_range);
-    EXPECT_THROW(impl.execute(command(2)), std::out_of_range);
-    EXPECT_THROW(impl.execute(command(0xFFFFFFFF)), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0)); }), "ISystemPowerController of radio channel 0");
+    EXPECT_EQ(missingIn([&] { impl.execute(command(2)); }), "ISystemPowerController of radio channel 2");
+    EXPECT_EQ(missingIn([&] { impl.execute(command(0xFFFFFFFF)); }),
+              "ISystemPowerController of radio channel 4294967295");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

@@ -386,11 +386,16 @@ TEST_F(TiManageSpcTest, ChannelsOutsideTheCountThrowBeforeAnyCall)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     for (const std::uint32_t channel : {0U, 2U, 0xFFFFFFFF}) {
-        EXPECT_THROW(impl.execute(sweep(channel, 0, 1, 2, 3)), std::out_of_range);
-        EXPECT_THROW(impl.execute(sweep(channel, 1, 1, 2, 3)), std::out_of_range);
-        for (const unsigned action : {2U, 3U, 4U, 5U}) {
-            EXPECT_THROW(impl.execute(command(channel, action)), std::out_of_range);
-        }
+        const auto missing = [&](const TiManageSpc::Command& command) {
+            return missingIn([&] { impl.execute(command); });
+        };
+        const std::string ofChannel = " of radio channel " + std::to_string(channel);
+        EXPECT_EQ(missing(sweep(channel, 0, 1, 2, 3)), "ISpcSimulator" + ofChannel);
+        EXPECT_EQ(missing(sweep(channel, 1, 1, 2, 3)), "ISpcSimulator" + ofChannel);
+        EXPECT_EQ(missing(command(channel, 2)), "ISpcSimulator" + ofChannel);
+        EXPECT_EQ(missing(command(channel, 3)), "IAtpcController" + ofChannel);
+        EXPECT_EQ(missing(command(channel, 4)), "IOutputPowerController" + ofChannel);
+        EXPECT_EQ(missing(command(channel, 5)), "IOutputPowerController" + ofChannel);
     }
     EXPECT_EQ(transcript.text(), "\n");
 }

@@ -130,7 +130,7 @@ TEST_F(TiManageTXIFOutputPowerTest, HandlerIsFoundUnderItsNameWithAFullStopOnlyA
     setTraceLevel("*", 7);
     transcript.clear();
     EXPECT_EQ(impl.initialize(0), eTI_E_FAILED);
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "IOutputPowerHandler of the node");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.ManageTXIFOutputPower: numberOfChannels=0
 1 ZYR.TI.ManageTXIFOutputPower: Could not find IOutputPowerHandler.1

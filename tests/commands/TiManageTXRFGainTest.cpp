@@ -137,7 +137,7 @@ TEST_F(TiManageTXRFGainTest, HandlerIsFoundUnderItsNameWithAFullStopOnlyAndThrow
     setTraceLevel("*", 7);
     transcript.clear();
     EXPECT_EQ(impl.initialize(7), eTI_E_FAILED);
-    EXPECT_THROW(impl.execute({}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({}); }), "IOutputPowerHandler of the node");
     EXPECT_EQ(transcript.text(), R"(
 6 ZYR.TI.ManageTXRFGain: numberOfChannels=7
 1 ZYR.TI.ManageTXRFGain: Could not find IOutputPowerHandler.1

@@ -584,10 +584,11 @@ TEST_F(TiManageXpicTest, ChannelThatIsNotThereThrowsBeforeAnyCall)
 {
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     for (const std::uint32_t channel : {0U, 2U, 3U, 4294967295U}) {
-        EXPECT_THROW(impl.execute(allThatIsTaken(channel)), std::out_of_range) << channel;
+        const std::string missing = "ICcdpController of radio channel " + std::to_string(channel);
+        EXPECT_EQ(missingIn([&] { impl.execute(allThatIsTaken(channel)); }), missing);
         TiManageXpic::Command read;
         read.radioChannelId = channel;
-        EXPECT_THROW(impl.execute(read), std::out_of_range) << channel;
+        EXPECT_EQ(missingIn([&] { impl.execute(read); }), missing);
     }
     EXPECT_EQ(transcript.text(), "\n");
 }

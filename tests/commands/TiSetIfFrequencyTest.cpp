@@ -98,15 +98,15 @@ prints StandardResponse Sent\n
 TEST_F(TiSetIfFrequencyTest, WhatIsMissingIsThrown)
 {
     EXPECT_EQ(outcome(impl.execute({1, 0, 1})), "result 0xA100 2 \"RadioChannelId out of bounds\"");
-    EXPECT_THROW(impl.execute({0, 0, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0, 0, 1}); }), "IDspApi of radio channel 0");
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
-    EXPECT_THROW(impl.execute({0, 0, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0, 0, 1}); }), "IDspApi of radio channel 0");
     dspApi1.onGetDspChannelApi = nullptr;
-    EXPECT_THROW(impl.execute({1, 0, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1, 0, 1}); }), "IDspChannelApi of radio channel 1");
     withdraw("IDspApi_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute({2, 1, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({2, 1, 1}); }), "IDspApi of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

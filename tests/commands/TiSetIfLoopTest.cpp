@@ -103,8 +103,8 @@ TEST_F(TiSetIfLoopTest, ChannelZeroOfAnInitialisedObjectAndAChannelWithoutADrive
     withdraw("IIfLoopDriver_2");
     EXPECT_EQ(impl.initialize(2), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute({0, 1}), std::out_of_range);
-    EXPECT_THROW(impl.execute({2, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({0, 1}); }), "IIfLoopDriver of radio channel 0");
+    EXPECT_EQ(missingIn([&] { impl.execute({2, 1}); }), "IIfLoopDriver of radio channel 2");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

@@ -80,14 +80,14 @@ TEST_F(TiSetNarrowWideFiltersTest, DspWithoutTheOperationSucceeds)
 
 TEST_F(TiSetNarrowWideFiltersTest, WhatIsMissingIsThrown)
 {
-    EXPECT_THROW(impl.execute({1, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1, 1}); }), "IDspApi of radio channel 1");
     ASSERT_EQ(impl.initialize(1), eTI_S_OK);
     dspApi1.onGetDspChannelApi = nullptr;
-    EXPECT_THROW(impl.execute({1, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1, 1}); }), "IDspChannelApi of radio channel 1");
     withdraw("IDspApi_1");
     EXPECT_EQ(impl.initialize(1), eTI_E_FAILED);
     transcript.clear();
-    EXPECT_THROW(impl.execute({1, 1}), std::out_of_range);
+    EXPECT_EQ(missingIn([&] { impl.execute({1, 1}); }), "IDspApi of radio channel 1");
     EXPECT_EQ(transcript.text(), "\n");
 }
 

@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -161,6 +162,18 @@ class CommandTest : public ::testing::Test
         std::snprintf(number, sizeof number, "0x%X", static_cast<unsigned>(response.tiResult));
         return "result " + std::string(number) + " " + std::to_string(response.faultCode) + " \"" +
                response.faultString + "\"";
+    }
+
+    /// What a call says is missing, as the exception that it throws puts it; "nothing" if it throws none.
+    template <class Call>
+    static std::string missingIn(const Call& call)
+    {
+        try {
+            call();
+        } catch (const std::out_of_range& exception) {
+            return exception.what();
+        }
+        return "nothing";
     }
 
     Transcript transcript;
