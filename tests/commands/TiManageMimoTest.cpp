@@ -199,6 +199,18 @@ prints tiResult: eTI_E_FAILED, faultCode: 4, faultString: channel 2: mimoStatusG
 )");
 }
 
+TEST_F(TiManageMimoTest, DspThatWritesNothingLeavesAStatusOfZeroes)
+{
+    ASSERT_EQ(impl.initialize(1), eTI_S_OK);
+    node.channel1.dspApi.statusApi.onMimoStatusGet = eTI_S_OK;
+    tell(impl.execute({}));
+    EXPECT_EQ(transcript.text(), R"(
+IDspStatusApi_1.mimoStatusGet()
+result 0x0 0 ""
+prints RadioChannelID: 1gainDifferenceDbTenths: 0, etaTenThousands: 0, slaveSweepInProgress: 0, spatialSlaveSweepStatus: 0, xpdDbTenths: 0, spatialXpdDbTenths: 0, spatialCarrierOffsetHz: 0, slaveCarrierOffsetHz: 0, spatialSlaveCarrierOffsetHz: 0, diversityMute: 0, CalibrationStatus: Unknown
+)");
+}
+
 TEST_F(TiManageMimoTest, EveryOperationSucceedsUpTo4095)
 {
     ASSERT_EQ(impl.initialize(2), eTI_S_OK);
