@@ -6,6 +6,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
+python3 -B tools/coverage.py --check
 . tools/packages.sh
 # shellcheck disable=SC2086
 sh tools/install-packages.sh $TEST_PACKAGES
