@@ -10,14 +10,13 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <future>
 #include <list>
 #include <mutex>
 #include <thread>
 #include <vector>
 
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace zyr_gateway;
 using namespace std::chrono_literals;
@@ -549,6 +548,18 @@ TEST(HttpServerLimitTest, ThereAre128ConnectionsByDefault)
     EXPECT_EQ(more.back().ask("OST / HTTP/1.1\r\nHost: localhost\r\n\r\n").status, "503");
 }
 
+TEST_F(HttpServerTest, ManyWhoAreRefusedAndStayAreAllToldAndLetGo)
+{
+    std::list<HttpTestClient> clients;
+    for (int i = 0; i < 80; ++i) {
+        ASSERT_EQ(clients.emplace_back(mServer.port()).ask(head("GET / HTTP/1.1")).status, "405") << i;
+    }
+    for (HttpTestClient& client : clients) {
+        EXPECT_TRUE(client.readToEnd());
+        EXPECT_EQ(client.pending(), "");
+    }
+}
+
 TEST(HttpServerLimitTest, TwoHundredIdleConnectionsKeepNobodyWaiting)
 {
     HttpServer server(HttpOptions{}, &echo);
@@ -595,32 +606,58 @@ TEST(HttpServerLimitTest, WhatIsHeldIsBoundedAndCountedOut)
     }
 }
 
-TEST(HttpServerLimitTest, OpenFileLimitIsRaisedOrNamed)
+/// The process's limit of open files; goes back with the test.
+class KeptFileLimit
 {
-    const auto startedWith = [](rlim_t soft, rlim_t hard) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const rlimit limit{soft, hard};
-            setrlimit(RLIMIT_NOFILE, &limit);
-            HttpServer server(HttpOptions{}, &echo);
-            try {
-                server.start();
-            } catch (const HttpServerError& error) {
-                _exit(std::string(error.what()) == "the limit of open files is 100, and 352 are needed; "
-                                                   "raise it, as with: ulimit -Hn 352"
-                          ? 2
-                          : 3);
-            }
-            rlimit now{};
-            getrlimit(RLIMIT_NOFILE, &now);
-            _exit(now.rlim_cur == 352 ? 1 : 4);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    };
-    EXPECT_EQ(startedWith(100, 400), 1);
-    EXPECT_EQ(startedWith(100, 100), 2);
+  public:
+    KeptFileLimit() { getrlimit(RLIMIT_NOFILE, &m_before); }
+    ~KeptFileLimit() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    KeptFileLimit(const KeptFileLimit&) = delete;
+    KeptFileLimit& operator=(const KeptFileLimit&) = delete;
+
+    [[nodiscard]] rlim_t hard() const { return m_before.rlim_max; }
+    void setSoft(rlim_t count) const
+    {
+        const rlimit limit{count, m_before.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+    }
+    [[nodiscard]] static rlim_t soft()
+    {
+        rlimit now{};
+        getrlimit(RLIMIT_NOFILE, &now);
+        return now.rlim_cur;
+    }
+
+  private:
+    rlimit m_before{};
+};
+
+TEST(HttpServerLimitTest, OpenFileLimitIsRaisedToWhatIsNeeded)
+{
+    const KeptFileLimit limit;
+    limit.setSoft(100);
+    HttpServer server(HttpOptions{}, &echo);
+    server.start();
+    EXPECT_EQ(KeptFileLimit::soft(), 352U);
+    HttpServer another(HttpOptions{}, &echo);
+    another.start();
+    EXPECT_EQ(KeptFileLimit::soft(), 352U);
+}
+
+TEST(HttpServerLimitTest, OpenFileLimitThatIsTooLowIsNamed)
+{
+    const KeptFileLimit limit;
+    HttpOptions options;
+    options.maxConnections = 3'999'999'776;
+    HttpServer server(std::move(options), &echo);
+    try {
+        server.start();
+        ADD_FAILURE();
+    } catch (const HttpServerError& error) {
+        EXPECT_EQ(std::string(error.what()), "the limit of open files is " + std::to_string(limit.hard()) +
+                                                 ", and 4000000000 are needed; raise it, as with: ulimit "
+                                                 "-Hn 4000000000");
+    }
 }
 
 TEST(HttpServerLeavingTest, ClientThatLeavesBeforeItsAnswerIsTold)
@@ -737,6 +774,7 @@ TEST_F(HttpServerTest, WhatBreaksTheGrammarIs400OnceAndEndsTheConnection)
         line + fine + ": no name\r\n",
         line + fine + "X\x01Y: a\r\n",
         line + fine + "X-Pad: a\rb\r\n",
+        line + fine + "X-Pad: a\x7F\r\n",
         "POST /RPC2 HTTP/1.1\n" + fine,
         line + fine + "X-Pad: a\n",
     };
@@ -807,6 +845,43 @@ TEST_F(HttpServerTest, RefusalsAndRequestsAreTraced)
     EXPECT_THAT(served.front(),
                 testing::MatchesRegex("5 ZYR.GATEWAY 200 in [0-9]+ ms, 84 bytes in, 21 bytes out, "
                                       "127.0.0.1 port [0-9]+"));
+}
+
+TEST_F(HttpServerTest, ControlCharactersOfARefusedRequestAreReplacedInTheTrace)
+{
+    const auto sink = std::make_shared<zyr_platform::MemorySink>();
+    const auto added = zyr_platform::TraceService::get().addSink(sink);
+    EXPECT_EQ(ask("POST /\x7F HTTP/1.1\r\nHost: a\x01\x1F b\x7F\r\n\r\n").status, "400");
+    const auto records = sink->take();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_THAT(records.front().text, testing::HasSubstr(", Host \"a?? b?\", \"POST\" \"/?\": "));
+}
+
+TEST(HttpServerLeavingTest, AnswerForAClientThatIsGoneIsTracedAsSuch)
+{
+    const auto sink = std::make_shared<zyr_platform::MemorySink>();
+    const auto added = zyr_platform::TraceService::get().addSink(sink);
+    zyr_platform::TraceService::get().setLevel("ZYR.GATEWAY", 5);
+    std::promise<HttpServer::Answer> kept;
+    std::promise<void> left;
+    HttpServer server(HttpOptions{}, [&](const HttpRequest&, const HttpServer::Answer& answer) {
+        answer.whenClientLeaves([&] { left.set_value(); });
+        kept.set_value(answer);
+    });
+    server.start();
+    std::optional<HttpTestClient> client(server.port());
+    client->resetAtEnd();
+    client->send(post("x"));
+    const HttpServer::Answer answer = kept.get_future().get();
+    client.reset();
+    left.get_future().wait();
+    answer({200, "text/xml", "for nobody"});
+    server.stop(10s);
+    zyr_platform::TraceService::get().resetLevels();
+    const auto records = sink->take();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_THAT(records.front().text,
+                testing::MatchesRegex("200 in [0-9]+ ms, 84 bytes in, 10 bytes out, a client that is gone"));
 }
 
 TEST_F(HttpServerTest, LongTextsOfARefusedRequestAreCutInTheTrace)
@@ -998,7 +1073,8 @@ TEST(HttpServerStopTest, StopIsHarmlessTwiceAndBeforeStart)
 
 TEST(HttpServerStartTest, BeyondLoopbackNeedsCredentials)
 {
-    for (const std::string address : {"0.0.0.0", "::", "192.0.2.1", "128.0.0.1", "::ffff:127.0.0.1"}) {
+    for (const std::string address :
+         {"0.0.0.0", "::", "192.0.2.1", "128.0.0.1", "::ffff:127.0.0.1", "1::1", "0:0:1::1", "::1:0:1"}) {
         HttpOptions options;
         options.address = address;
         try {

@@ -57,6 +57,13 @@ class HttpTestClient
     /// Sends nothing more, but still reads.
     void endSending() const { shutdown(m_socket, SHUT_WR); }
 
+    /// The connection ends with a reset when the client goes.
+    void resetAtEnd() const
+    {
+        const linger atOnce{1, 0};
+        setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    }
+
     /// Reads one answer.
     Answer answer()
     {

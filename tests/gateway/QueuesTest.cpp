@@ -1,15 +1,21 @@
 #include "Exchange.h"
 #include "Lane.h"
 #include "ListenSocket.h"
+#include "LongPolls.h"
 #include "MemoryBudget.h"
 #include "PasswordChecker.h"
 #include "WorkerPool.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <future>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace zyr_gateway;
@@ -65,6 +71,29 @@ TEST(LaneTest, WakesWhatHasComeInBehindAJobOfTheCallersOwn)
     done.get_future().wait();
 }
 
+TEST(LaneTest, LetsNobodyOvertakeWhatWaits)
+{
+    for (int round = 0; round < 100; ++round) {
+        std::promise<void> done;
+        bool hasRun = false;
+        bool hasOvertaken = false;
+        Lane lane(1);
+        ASSERT_TRUE(lane.tryRun([&] {
+            EXPECT_TRUE(lane.run([&] {
+                hasRun = true;
+                done.set_value();
+            }));
+        }));
+        const bool wasFree = lane.isFree();
+        if (wasFree) {
+            EXPECT_TRUE(hasRun) << round;
+        }
+        lane.tryRun([&] { hasOvertaken = !hasRun; });
+        done.get_future().wait();
+        EXPECT_FALSE(hasOvertaken) << round;
+    }
+}
+
 TEST(WorkerPoolTest, TakesNothingOnceItIsClosedAndDoesWhatItHasTaken)
 {
     std::vector<int> order;
@@ -79,6 +108,75 @@ TEST(WorkerPoolTest, TakesNothingOnceItIsClosedAndDoesWhatItHasTaken)
         held.letGo();
     }
     EXPECT_EQ(order, (std::vector<int>{1}));
+}
+
+// Polls that come back when they are released.
+class HangingPolls
+{
+  public:
+    // A poll of its own.
+    zyr_gateway::LongPolls::Poll poll()
+    {
+        return {[this] { return hang(); }, [this] { ++m_finished; }};
+    }
+    void release()
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_releases;
+        m_changed.notify_all();
+    }
+    [[nodiscard]] int finished() const { return m_finished; }
+
+  private:
+    zyr_gateway::LongPolls::Outcome hang()
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this, before = m_releases] { return m_releases != before; });
+        return zyr_gateway::LongPolls::Outcome::Released;
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_releases = 0;
+    std::atomic<int> m_finished = 0;
+};
+
+TEST(LongPollsTest, WhoLeavesTwiceHasLeftOnceAndNobodyIsTakenOnceStopped)
+{
+    HangingPolls hanging;
+    zyr_gateway::LongPolls polls({.orphanTime = std::chrono::hours(1)}, [&] { hanging.release(); });
+    zyr_gateway::LongPolls::Handle first = 0;
+    zyr_gateway::LongPolls::Handle second = 0;
+    ASSERT_TRUE(polls.start(hanging.poll(), first));
+    ASSERT_TRUE(polls.start(hanging.poll(), second));
+    polls.leave(first);
+    polls.leave(first);
+    polls.leave(second + 1);
+    EXPECT_EQ(polls.orphans(), 1U);
+    EXPECT_EQ(polls.polls(), 1U);
+    polls.stop();
+    EXPECT_FALSE(polls.start(hanging.poll(), first));
+    EXPECT_EQ(polls.orphans(), 0U);
+    EXPECT_EQ(polls.polls(), 0U);
+}
+
+TEST(LongPollsTest, PollsThatHangForNobodyAreReleasedInWhateverOrderTheirClientsLeft)
+{
+    HangingPolls hanging;
+    zyr_gateway::LongPolls polls({.orphanTime = std::chrono::milliseconds(10)}, [&] { hanging.release(); });
+    zyr_gateway::LongPolls::Handle first = 0;
+    zyr_gateway::LongPolls::Handle second = 0;
+    zyr_gateway::LongPolls::Handle third = 0;
+    ASSERT_TRUE(polls.start(hanging.poll(), first));
+    ASSERT_TRUE(polls.start(hanging.poll(), second));
+    ASSERT_TRUE(polls.start(hanging.poll(), third));
+    polls.leave(third);
+    polls.leave(first);
+    while (hanging.finished() < 2) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(polls.orphans(), 0U);
+    EXPECT_EQ(polls.polls(), 1U) << "that of the client who is there";
 }
 
 TEST(PasswordCheckerTest, RefusesTheSixtyFifthThatWaits)
@@ -132,6 +230,15 @@ TEST(MemoryBudgetTest, TellsOnceThatABurstIsOver)
 
     ASSERT_FALSE(burst.set(4'934'466)); // refused, and so none either
     EXPECT_FALSE(budget.isBurstOver());
+}
+
+TEST(ListenSocketTest, KnowsItsPortOfEitherFamily)
+{
+    EXPECT_NE(ListenSocket("127.0.0.1", 0).port(), 0);
+    if (listenError("::1") != "none") {
+        GTEST_SKIP() << "no IPv6 here";
+    }
+    EXPECT_NE(ListenSocket("::1", 0).port(), 0);
 }
 
 class ExchangeTest : public testing::Test

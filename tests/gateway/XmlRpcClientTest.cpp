@@ -263,6 +263,24 @@ TEST(XmlRpcClientTest, UrlOfAnotherKindIsAClientError)
                     .starts_with("the URL file:///etc/hostname cannot be used: "));
 }
 
+TEST(XmlRpcClientTest, UrlThatIsNoneIsAClientErrorThatShowsIt)
+{
+    EXPECT_TRUE(errorOf<ClientError>(clientOf("http://[::1/RPC2"))
+                    .starts_with("the URL http://[::1/RPC2 cannot be used: "));
+    EXPECT_TRUE(errorOf<ClientError>(clientOf("anna@b://127.0.0.1/RPC2"))
+                    .starts_with("the URL anna@b://127.0.0.1/RPC2 cannot be used: "));
+}
+
+TEST(XmlRpcClientTest, UrlWithoutASchemeIsCalledToo)
+{
+    const FixedServer server({200, "text/xml", writeResponse(7)});
+    const std::string url = server.url().substr(std::string("http://").size());
+    EXPECT_EQ(clientOf(url).call(kCall).value, Value(7));
+    EXPECT_EQ(clientOf("anna:geheim@" + url).call(kCall).value, Value(7));
+    EXPECT_EQ(errorOf<HttpStatusError>(clientOf("anna:geheim@" + url + "x")),
+              url + "x answers with HTTP status 404 (nothing is served under this path; try /RPC2)");
+}
+
 TEST(XmlRpcClientTest, WatchSeesBothDirectionsButNoPassword)
 {
     const FixedServer server({200, "text/xml", writeResponse(7)});
@@ -359,6 +377,15 @@ TEST_F(XmlRpcClientTlsTest, FilesThatAreNoneOrOneAloneAreRefused)
     wrong.tlsCertificateFile = wrong.tlsKeyFile;
     HttpServer another(std::move(wrong), &XmlRpcClientTlsTest::answer);
     EXPECT_THROW(another.start(), HttpServerError);
+    HttpOptions empty = options();
+    empty.tlsCertificateFile = "/dev/null";
+    HttpServer emptied(std::move(empty), &XmlRpcClientTlsTest::answer);
+    try {
+        emptied.start();
+        ADD_FAILURE();
+    } catch (const HttpServerError& error) {
+        EXPECT_STREQ(error.what(), "cannot read /dev/null");
+    }
     HttpOptions without = options();
     without.tlsCertificateFile = "/no/such/certificate.pem";
     HttpServer other(std::move(without), &XmlRpcClientTlsTest::answer);

@@ -81,6 +81,14 @@ TEST(XmlRpcCodecTest, CallGivesMethodAndParametersInOrder)
     EXPECT_EQ(call.params, (std::vector<Value>{1, "a"}));
 }
 
+TEST(XmlRpcCodecTest, AllWhiteSpaceMayStandBetweenElements)
+{
+    const MethodCall call = parseMethodCall("<methodCall>\r\n\t<methodName>m</methodName>&#13;<params>&#9; "
+                                            "<param>&#10;<value>\r<int>1</int>&#13;</value></param></params>"
+                                            "</methodCall>");
+    EXPECT_EQ(call.params, (std::vector<Value>{1}));
+}
+
 TEST(XmlRpcCodecTest, CallMayHaveNoParameters)
 {
     EXPECT_TRUE(parseMethodCall("<methodCall><methodName>m</methodName></methodCall>").params.empty());
@@ -412,6 +420,8 @@ TEST(XmlRpcCodecTest, WrongStructureIsRefusedWithWhatIsAccepted)
     EXPECT_EQ(textOf("<value><struct>a</struct></value>"), "line 1: text between the elements of <struct>");
     EXPECT_EQ(textOf("<value><array><data><int>1</int></data></array></value>"),
               "line 1: <int> cannot stand in <data>; accepted: <value>");
+    EXPECT_EQ(textOf("<value><struct><member><int>1</int></member></struct></value>"),
+              "line 1: <int> cannot stand in <member>; accepted: <name>, <value>");
     EXPECT_EQ(textOf("<value><int><b/></int></value>"), "line 1: <b> cannot stand in <int>; only text can");
     EXPECT_EQ(textOf(""), "line 1: <param> without <value>");
 }

@@ -111,6 +111,13 @@ class HeldRecoveryController : public IInterface, public nord::zyr::services::re
     bool m_mayGo = false;
 };
 
+// The HTTP request with this body.
+std::string posted(const std::string& body)
+{
+    return "POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: " +
+           std::to_string(body.size()) + "\r\n\r\n" + body;
+}
+
 std::size_t numberOfThreads()
 {
     const std::filesystem::directory_iterator tasks("/proc/self/task");
@@ -156,6 +163,32 @@ class XmlRpcServerTest : public zyr_test::CommandTest
         return response.fault ? "fault " + response.fault->text : response.value.dump();
     }
 
+    // What a call brings that is sent as a big document or a small one: the value as JSON, or status and
+    // text.
+    std::string outcome(const std::string& method, const std::vector<Value>& params, bool isBig = false) const
+    {
+        const std::string body =
+            zyr_gateway::writeMethodCall({method, params}) + std::string(isBig ? 20'000 : 0, '\n');
+        const HttpTestClient::Answer answered = HttpTestClient(server->port()).ask(posted(body));
+        return answered.status == "200" ? zyr_gateway::parseMethodResponse(answered.body).value.dump()
+                                        : answered.status + " " + answered.body;
+    }
+
+    // A method that waits until it is let go.
+    void addHold(std::chrono::milliseconds longest = zyr_registration::kPrompt)
+    {
+        server->addMethod({.name = "SIM.Hold", .help = "Waits.", .longest = longest}, [this](const Value&) {
+            hold.begun.set_value();
+            hold.mayEnd.get_future().wait();
+            return Value(1);
+        });
+    }
+
+    // Has so many threads make a call at the same time, until one is refused; then the first goes on that was
+    // held. Gives all outcomes, sorted.
+    template <class LetGo>
+    std::vector<std::string> outcomesOfMany(unsigned count, bool isBig, const LetGo& letGo) const;
+
     // The fault of a call: "<code> <text>".
     std::string fault(const std::string& method, const std::vector<Value>& params = {}) const
     {
@@ -164,6 +197,11 @@ class XmlRpcServerTest : public zyr_test::CommandTest
                               : "no fault";
     }
 
+    struct
+    {
+        std::promise<void> begun;
+        std::promise<void> mayEnd;
+    } hold;
     HangingAlarmHandler alarms;
     zyr_test::StoredVariables variables;
     zyr_test::NodeDoubles node{transcript};
@@ -199,6 +237,24 @@ class LongPolls
   private:
     std::vector<std::thread> m_threads;
 };
+
+template <class LetGo>
+std::vector<std::string> XmlRpcServerTest::outcomesOfMany(unsigned count, bool isBig,
+                                                          const LetGo& letGo) const
+{
+    std::atomic<bool> hasAnswer = false;
+    LongPolls calls(count, [&] {
+        std::string result = outcome("CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}, isBig);
+        hasAnswer = true;
+        hasAnswer.notify_all();
+        return result;
+    });
+    hasAnswer.wait(false);
+    letGo();
+    calls.join();
+    std::ranges::sort(calls.outcomes);
+    return calls.outcomes;
+}
 
 TEST_F(XmlRpcServerTest, CommandIsCalledByItsWireName)
 {
@@ -508,6 +564,22 @@ TEST_F(XmlRpcServerTest, WhatAMethodThrowsIsAFaultAndTheServerGoesOn)
     EXPECT_EQ(answer("CI.ReleaseFastEventsRequests"), R"({"tiResult":0})");
 }
 
+TEST_F(XmlRpcServerTest, MethodThatRunsOutOfMemoryIsAnsweredWith503)
+{
+    const auto runOut = [](const Value&) -> Value { throw std::bad_alloc(); };
+    server->addMethod({.name = "SIM.Short", .help = "Takes memory."}, runOut);
+    server->addMethod({.name = "SIM.Lasting", .help = "Takes memory.", .longest = std::chrono::minutes(1)},
+                      runOut);
+    server->addMethod({.name = "SIM.Poll", .help = "Takes memory.", .isLongPoll = true}, runOut);
+    server->start();
+    for (const std::string method : {"SIM.Short", "SIM.Lasting", "SIM.Poll"}) {
+        EXPECT_EQ(outcome(method, {}), "503 The server is out of memory.\n") << method;
+    }
+    const Value calls = Value::parse(R"([{"methodName": "SIM.Short", "params": []}])");
+    EXPECT_EQ(outcome("system.multicall", {calls}), "503 The server is out of memory.\n");
+    EXPECT_EQ(answer("CI.ReleaseFastEventsRequests"), R"({"tiResult":0})");
+}
+
 TEST_F(XmlRpcServerTest, DoubledMethodIsRefused)
 {
     try {
@@ -617,9 +689,7 @@ TEST_F(XmlRpcServerTest, CommandThatHasWaitedForItsTurnIsNotMadeIfItsClientHasLe
     LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
     recovery.waitUntilHeld();
     const auto request = [](const std::string& method, const Value& members) {
-        const std::string body = zyr_gateway::writeMethodCall({method, {members}});
-        return "POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: " +
-               std::to_string(body.size()) + "\r\n\r\n" + body;
+        return posted(zyr_gateway::writeMethodCall({method, {members}}));
     };
     transcript.clear();
     HttpTestClient staying(server->port());
@@ -659,9 +729,7 @@ TEST_F(XmlRpcServerTest, BigCommandWaitsForItsTurnToo)
         std::string(20'000, '\n');
     transcript.clear();
     HttpTestClient waiting(server->port());
-    ASSERT_TRUE(waiting.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
-                             "Content-Length: " +
-                             std::to_string(body.size()) + "\r\n\r\n" + body));
+    ASSERT_TRUE(waiting.send(posted(body)));
     // Big documents are read one after the other: behind another one, this one has been.
     EXPECT_EQ(fault("system.methodHelp", {std::string(20'000, 'x')}).substr(0, 2), "1 ");
     EXPECT_TRUE(transcript.lines().empty());
@@ -675,16 +743,71 @@ TEST_F(XmlRpcServerTest, BigCommandWaitsForItsTurnToo)
                                         "IAcmHandler_2.enableAcm(true)"}));
 }
 
-TEST_F(XmlRpcServerTest, MulticallGoesOnBehindAMethodThatIsHeld)
+TEST_F(XmlRpcServerTest, CommandBehindAHundredThatWaitForTheirTurnIsRefused)
 {
-    std::promise<void> held;
-    std::promise<void> mayGo;
+    HeldRecoveryController recovery;
+    withdraw("RecoveryController");
+    publish("RecoveryController", recovery);
+    open(false);
+    server->start();
+    LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
+    recovery.waitUntilHeld();
+    std::vector<std::string> expected(100, R"({"tiResult":0})");
+    expected.insert(expected.begin(), "503 Too many commands are waiting for their turn.\n");
+    EXPECT_EQ(outcomesOfMany(101, false, [&] { recovery.letGo(); }), expected);
+    recovering.join();
+    EXPECT_EQ(recovering.outcomes, std::vector<std::string>{R"({"tiResult":0})"});
+}
+
+TEST_F(XmlRpcServerTest, BigRequestBehindAHundredThatWaitIsRefusedAndWhatIsMadeAmongThem)
+{
+    addHold();
+    server->start();
+    LongPolls holding(1, [this] { return outcome("SIM.Hold", {}, true); });
+    hold.begun.get_future().wait();
+    std::string description;
+    std::vector<std::string> expected(100, R"({"tiResult":0})");
+    expected.insert(expected.begin(), "503 Too many big requests are waiting.\n");
+    EXPECT_EQ(outcomesOfMany(101, true,
+                             [&] {
+                                 description = outcome("zyr.describe", {});
+                                 hold.mayEnd.set_value();
+                             }),
+              expected);
+    EXPECT_EQ(description, "503 Too many requests are waiting.\n");
+    holding.join();
+    EXPECT_EQ(holding.outcomes, std::vector<std::string>{"1"});
+}
+
+TEST_F(XmlRpcServerTest, MulticallsThatHoldTooMuchTogetherAreRefused)
+{
+    addLongMethod(*server, 8'000'000);
+    std::atomic<unsigned> heldOnes = 0;
+    std::shared_future<void> mayAllGo = hold.mayEnd.get_future().share();
     server->addMethod({.name = "SIM.Hold", .help = "Waits.", .longest = std::chrono::minutes(1)},
-                      [&](const Value&) {
-                          held.set_value();
-                          mayGo.get_future().wait();
+                      [&, mayAllGo](const Value&) {
+                          ++heldOnes;
+                          heldOnes.notify_all();
+                          mayAllGo.wait();
                           return Value(1);
                       });
+    server->start();
+    const Value calls = Value::parse(R"([
+        {"methodName": "SIM.Long", "params": []},
+        {"methodName": "SIM.Hold", "params": []}])");
+    LongPolls holding(3, [&] { return outcome("system.multicall", {calls}).substr(8'000'000); });
+    for (unsigned count = 0; count < 3; count = heldOnes) {
+        heldOnes.wait(count);
+    }
+    EXPECT_EQ(outcome("system.multicall", {calls}), "503 There is too much in work.\n");
+    hold.mayEnd.set_value();
+    holding.join();
+    EXPECT_EQ(holding.outcomes, std::vector<std::string>(3, "xxx\"],[1]]"));
+}
+
+TEST_F(XmlRpcServerTest, MulticallGoesOnBehindAMethodThatIsHeld)
+{
+    addHold(std::chrono::minutes(1));
     server->start();
     LongPolls calling(1, [this] {
         return answer("system.multicall", {Value::parse(R"([[
@@ -692,9 +815,9 @@ TEST_F(XmlRpcServerTest, MulticallGoesOnBehindAMethodThatIsHeld)
             {"methodName": "CRI.EnableAcm", "params": [{"channelId": 1, "enable": true}]}]])")
                                                .front()});
     });
-    held.get_future().wait();
+    hold.begun.get_future().wait();
     EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}), R"({"tiResult":0})");
-    mayGo.set_value();
+    hold.mayEnd.set_value();
     calling.join();
     EXPECT_EQ(calling.outcomes, std::vector<std::string>{R"([[1],[{"tiResult":0}]])"});
 }
@@ -734,8 +857,7 @@ TEST_F(XmlRpcServerTest, ClientsThatLeaveTheirPollsLeaveTheServerAsItWas)
         zyr_gateway::writeMethodCall({"CI.GetFastEvents", {{{"events", Value::array()}}}});
     for (int count = 0; count < 300; ++count) {
         HttpTestClient leaving(server->port());
-        leaving.send("POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: " +
-                     std::to_string(body.size()) + "\r\n\r\n" + body);
+        leaving.send(posted(body));
     }
     const auto isSettled = [](XmlRpcServer::LongPollCount count) {
         return count.hanging == 2 && count.orphans == 0;
@@ -762,6 +884,65 @@ TEST_F(XmlRpcServerTest, StopReleasesAndAnswersLongPolls)
         EXPECT_EQ(outcome, "4 CI.GetFastEvents has been terminated");
     }
     EXPECT_FALSE(HttpTestClient(port).connected());
+}
+
+TEST_F(XmlRpcServerTest, WhatHasNotBegunWhenTheServerStopsIsRefused)
+{
+    HeldRecoveryController recovery;
+    withdraw("RecoveryController");
+    publish("RecoveryController", recovery);
+    open(false);
+    addHold();
+    server->start();
+    LongPolls polling(1, [this] { return fault("CI.GetFastEvents"); });
+    alarms.waitForHanging(1);
+    LongPolls recovering(1, [this] {
+        return outcome("system.multicall", {Value::parse(R"([[
+            {"methodName": "CRI.StartRecovery", "params": [{"Recover": "Dsp"}]},
+            {"methodName": "CRI.EnableAcm", "params": [{"channelId": 2, "enable": true}]}]])")
+                                                .front()});
+    });
+    recovery.waitUntilHeld();
+    transcript.clear();
+    const std::string enabling =
+        zyr_gateway::writeMethodCall({"CRI.EnableAcm", {{{"channelId", 1}, {"enable", true}}}});
+    const std::string poll = zyr_gateway::writeMethodCall({"CI.GetFastEvents", {}});
+    const std::string padding(20'000, '\n');
+    HttpTestClient small(server->port());
+    ASSERT_TRUE(small.send(posted(enabling)));
+    HttpTestClient big(server->port());
+    ASSERT_TRUE(big.send(posted(enabling + padding)));
+    // Big documents are read one after the other: behind another one, this one has been.
+    EXPECT_EQ(fault("system.methodHelp", {std::string(20'000, 'x')}).substr(0, 2), "1 ");
+    LongPolls holding(1, [this] { return outcome("SIM.Hold", {}, true); });
+    hold.begun.get_future().wait();
+    HttpTestClient latePoll(server->port());
+    ASSERT_TRUE(latePoll.send(posted(poll + padding)));
+    EXPECT_EQ(call("zyr.describeHash").value.type(), Value::value_t::string);
+
+    const std::uint16_t port = server->port();
+    std::thread stopping([this] { server->stop(); });
+    while (HttpTestClient(port).connected()) {
+    }
+    recovery.letGo();
+    const auto expectRefusal = [](HttpTestClient& client) {
+        const HttpTestClient::Answer answered = client.answer();
+        EXPECT_EQ(answered.status, "503");
+        EXPECT_EQ(answered.body, "The server is stopping.\n");
+    };
+    expectRefusal(small);
+    expectRefusal(big);
+    polling.join(); // and so no more polls are taken
+    hold.mayEnd.set_value();
+    expectRefusal(latePoll);
+    stopping.join();
+    holding.join();
+    recovering.join();
+    EXPECT_EQ(recovering.outcomes, std::vector<std::string>{"503 The server is stopping.\n"});
+    EXPECT_EQ(polling.outcomes, std::vector<std::string>{"4 CI.GetFastEvents has been terminated"});
+    EXPECT_EQ(holding.outcomes, std::vector<std::string>{"1"});
+    EXPECT_EQ(transcript.lines(),
+              std::vector<std::string>{"2 ZYR.TI.CiGetFastEvents: CI.GetFastEvents has been terminated"});
 }
 
 TEST_F(XmlRpcServerTest, StopWaitsForTheCommandThatRunsAndAnswersIt)
