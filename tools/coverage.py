@@ -90,7 +90,8 @@ class Line:
     def outcomes(self, before, text, around, has_default):
         """The counts of the outcomes of the line's conditions."""
         best = self.folded()
-        if not CONDITION.search(around) or (text.strip().startswith("static ") and not CONDITION.search(text)):
+        is_alone = re.match(r"\s*static |.*\bcatch \(", text) and not CONDITION.search(text)
+        if is_alone or not CONDITION.search(around):
             return []
         if re.search(r"\bswitch\b", text):
             return best if has_default or any(best[-1:]) else best[:-1]

@@ -55,8 +55,12 @@ class Node:
 
     def __exit__(self, *_):
         if self.process.poll() is None:
+            self.process.terminate()
+        try:
+            self.process.wait(10)
+        except subprocess.TimeoutExpired:
             self.process.kill()
-        self.process.wait(PATIENCE)
+            self.process.wait(PATIENCE)
         for proxy in self._proxies:
             proxy("close")()
         self.process.stdout.close()
