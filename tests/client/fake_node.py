@@ -108,6 +108,18 @@ CLOCK = {"name": "TI.ManageRealTimeClock", "help": "Reads or sets the time.", "t
          "request": [{"name": "dateTime", "type": "string", "required": False}],
          "response": [{"name": "dateTime", "type": "string"}]}
 
+ALL_TYPES = {
+    "name": "CRI.SetAll", "help": "Sets all.",
+    "request": [
+        {"name": "gain", "type": "double", "required": True}, {"name": "label", "type": "string", "required": True},
+        {"name": "code", "type": "string", "form": "AA-00", "required": False},
+        {"name": "level", "type": "int", "minimum": -5, "maximum": 9, "required": False},
+        {"name": "names", "type": "array", "required": False},
+        {"name": "when", "type": "dateTime", "required": False},
+        {"name": "config", "type": "struct", "required": False, "fields": [
+            {"name": "step", "type": "int", "minimum": 0, "maximum": 9, "required": True}]}],
+    "response": []}
+
 # In the place of an answer: the connection ends without one, or the call hangs until the node ends.
 DROP = object()
 HANG = object()

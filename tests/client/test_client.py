@@ -119,6 +119,8 @@ class List(NodeTest):
 
     def test_tells_on_standard_error_when_nothing_fits(self):
         self.assertEqual(self.run_with_node("list", "nix"), (0, "", 'zyrctl: no command fits "nix"\n'))
+        self.assertEqual(self.run_with_node("list", "a\nb\rc\td"),
+                         (0, "", 'zyrctl: no command fits "a\\nb\\rc\\td"\n'))
         self.assertEqual(self.run_with_node("list", "\x1b[2J"),
                          (0, "", 'zyrctl: no command fits "\\x1b[2J"\n'))
 
@@ -1308,7 +1310,85 @@ class Credentials(unittest.TestCase):
             self.assertNotIn(secret, out + err)
 
 
+class Fields(NodeTest):
+    def setUp(self):
+        super().setUp()
+        self.node.add_described(fake_node.ALL_TYPES, {"tiResult": 0})
+
+    def sent(self, *words):
+        """What the command was called with."""
+        self.assertEqual(self.run_with_node("CRI.SetAll", *words), (0, "tiResult  0\n", ""))
+        return self.node.calls[-1][1]
+
+    def test_of_all_types_are_described_with_an_example(self):
+        self.assertEqual(self.run_with_node("help", "CRI.SetAll"), (0, (
+            "CRI.SetAll\n"
+            "  Sets all.\n"
+            "\n"
+            "Request:\n"
+            "  gain         number\n"
+            "  label        text\n"
+            "  code         text like AA-00  optional\n"
+            "  level        integer -5..9    optional\n"
+            "  names        list             optional\n"
+            "  when         value            optional\n"
+            "  config       record           optional\n"
+            "  config.step  integer 0..9\n"
+            "\n"
+            "Example:\n"
+            "  zyrctl CRI.SetAll gain=1.5 label=TEXT\n"), ""))
+
+    def test_of_all_types_are_sent(self):
+        self.assertEqual(self.sent("gain=1", "label=x", "level=0X3", "when=3"),
+                         [{"gain": 1.0, "label": "x", "level": 3, "when": 3}])
+        self.assertEqual(self.sent("--data", '{"gain": 1.5, "label": "x", "level": 2.0, "names": [1, "a", null],'
+                                             ' "when": {"a": 1}, "config": {"step": 9}}'),
+                         [{"gain": 1.5, "label": "x", "level": 2, "names": [1, "a", None], "when": {"a": 1},
+                           "config": {"step": 9}}])
+
+    def test_of_another_type_are_refused(self):
+        for words, refusal in (
+                (["gain=1.5x", "label=x"], 'gain is "1.5x", it takes a number'),
+                (["gain=1e999", "label=x"], 'gain is "1e999", it takes a number'),
+                (["gain=inf", "label=x"], 'gain is "inf", it takes a number'),
+                (["label=x"], "CRI.SetAll needs gain, it takes a number"),
+                (["gain=1", "label=x", "level=0X-3"], 'level is "0X-3", it takes an integer from -5 to 9'),
+                (["gain=1", "label=x", "names=x"], "names is not JSON: wrong at character 1"),
+                (["gain=1", "label=x", "when=" + 40 * "[" + 40 * "]"], "values are nested deeper than 32 levels")):
+            self.assertEqual(self.run_with_node("CRI.SetAll", *words), (2, "", f"zyrctl: {refusal}\n"))
+        for data, refusal in (
+                ('"gain": "1", "label": "x"', 'gain is "1", it takes a number'),
+                ('"gain": 1, "label": 2', "label is 2, it takes a text"),
+                ('"gain": 1, "label": "x", "level": 2.5', "level is 2.5, it takes an integer from -5 to 9"),
+                ('"gain": 1, "label": "x", "level": 1e300', "level is 1e+300, it takes an integer from -5 to 9"),
+                ('"gain": 1, "label": "x", "level": 10.0', "level is 10, it takes an integer from -5 to 9"),
+                ('"gain": 1, "label": "x", "names": 3', "names is 3, it takes a list, as JSON"),
+                ('"gain": 1, "label": "x", "config": 3', "config is 3, it takes a record, as JSON, of step"),
+                ('"gain": 1, "label": "x", "config": {"stop": 1}',
+                 'config has no field "stop"; did you mean "step"?'),
+                ('"gain": 1, "label": "x", "config": {}',
+                 "config needs config.step, it takes an integer from 0 to 9")):
+            self.assertEqual(self.run_with_node("CRI.SetAll", "--data", "{" + data + "}"),
+                             (2, "", f"zyrctl: {refusal}\n"))
+        self.assertEqual(self.node.calls, [])
+
+
 class ExitStatus(NodeTest):
+    def test_is_5_for_a_server_that_has_no_room(self):
+        text = " answers with HTTP status 503 (the server has too many connections, or is stopping)"
+        with RawServer(b"HTTP/1.1 503 Service Unavailable\r\nContent-Length: 0\r\n\r\n") as server:
+            self.assertEqual(run("list", url=server.url), (5, "", f"zyrctl: {server.url}{text}\n"))
+            status, out, err = run("list", "--json", url=server.url)
+            self.assertEqual((status, out, json.loads(err)), (5, "", {
+                "error": {"kind": "protocol", "code": 503, "text": server.url + text}}))
+
+    def test_names_a_timeout_in_json(self):
+        self.node.answers["CI.GetFastEvents"] = [HANG]
+        status, out, err = self.run_with_node("CI.GetFastEvents", "--timeout", "1", "--json")
+        self.assertEqual((status, out, json.loads(err)), (4, "", {"error": {
+            "kind": "timeout", "code": None,
+            "text": f"no answer from {self.node.url} within 1000 ms; the node may still be running CI.GetFastEvents"}}))
+
     def test_is_1_for_a_fault(self):
         self.node.answers["TI.GetEvents"] = [xmlrpc.client.Fault(4, "Error: Command not available")]
         self.assertEqual(self.run_with_node("TI.GetEvents"),
@@ -1515,6 +1595,10 @@ class Completion(NodeTest):
         self.assertEqual(self.complete("zyrctl --dr"), ["--dry-run"])
         self.assertEqual(self.complete("zyrctl --json --watch TI."), ["TI.GetEvents"])
         self.assertEqual(self.complete("zyrctl --timeout "), [])
+        self.assertEqual(self.complete("zyrctl help CRI.S"), ["CRI.SetAcmMode", "CRI.SetKey"])
+        self.assertEqual(self.complete("zyrctl help li"), ["list"])
+        self.assertEqual(self.complete("zyrctl list a "), [])
+        self.assertEqual(self.complete(""), [])
 
     def test_asks_the_node_of_the_line(self):
         status, out, _ = run("__complete", f"zyrctl -u {self.node.url} TI", url="http://127.0.0.1:1/")
