@@ -2,6 +2,7 @@
 
 import os
 import signal
+import socket
 import subprocess
 import tempfile
 import unittest
@@ -15,14 +16,25 @@ def run(*options):
     return subprocess.run([PROGRAM, *options], capture_output=True, text=True, timeout=PATIENCE)
 
 
+def has_ipv6():
+    try:
+        with socket.create_server(("::1", 0), family=socket.AF_INET6):
+            return True
+    except OSError:
+        return False
+
+
 class CommandLineTest(unittest.TestCase):
     def test_wrong_usage_ends_with_2_and_says_why(self):
         complaints = {
             ("--bogus",): "--bogus",
             ("--listen", "here"): "--listen: here: it takes ADDRESS:PORT",
             ("--listen", "127.0.0.1:99999"): '"99999" is no number from 0 to 65535',
+            ("--listen", ":8080"): "--listen: :8080: it takes ADDRESS:PORT",
+            ("--listen", "::1:8080"): "--listen: ::1:8080: an IPv6 address stands in brackets, as in [::1]:8080",
             ("--channels", "3"): "--channels",
             ("--trace", "ZYR.COMM"): "--trace: ZYR.COMM: it takes CHANNEL=LEVEL",
+            ("--trace", "=5"): "--trace: =5: it takes CHANNEL=LEVEL",
             ("--trace", "ZYR.COMM=8"): "--trace: ZYR.COMM=8: levels go from 0 to 7",
             ("--fault", "IAcmHandler=1"): "--fault: IAcmHandler=1: it takes COLLABORATOR.OPERATION",
             ("--fault", "I.a@=1"): "--fault: I.a@=1: it takes COLLABORATOR.OPERATION",
@@ -33,6 +45,8 @@ class CommandLineTest(unittest.TestCase):
             ("--fault", "I.a=8F"): "--fault: I.a=8F: it takes COLLABORATOR.OPERATION",
             ("--fault", "I.a=1x"): "--fault: I.a=1x: it takes COLLABORATOR.OPERATION",
             ("--fault", "I.a=0x100000000"): '--fault: I.a=0x100000000: "100000000" is no number from 0 to 4294967295',
+            ("--fault", "I.a=4294967296"): '--fault: I.a=4294967296: "4294967296" is no number from 0 to 4294967295',
+            ("--fault", "I.a@1x=1"): "--fault: I.a@1x=1: it takes COLLABORATOR.OPERATION",
             ("--fault", "I" * 100000): "I: it takes COLLABORATOR.OPERATION",
             ("--tls-cert", "x.pem"): "--tls-cert requires --tls-key",
         }
@@ -93,6 +107,12 @@ class CommandLineTest(unittest.TestCase):
 class FirstLineTest(NodeTest):
     def test_it_tells_the_url(self):
         self.assertRegex(self.node.first_line, r"^listening on http://127\.0\.0\.1:[1-9]\d*/RPC2\n$")
+
+    @unittest.skipUnless(has_ipv6(), "no IPv6 here")
+    def test_address_of_ipv6_stands_in_brackets(self):
+        with Node(listen="[::1]:0") as node:
+            self.assertRegex(node.first_line, r"^listening on http://\[::1\]:[1-9]\d*/RPC2\n$")
+            self.assertEqual(node.proxy().CI.GetEvents()["tiResult"], 0)
 
     def test_stop_ends_with_0(self):
         self.assertEqual(self.node.stop(), 0)
