@@ -120,7 +120,8 @@ def written_conditions(before, text):
     joins = len(JOIN.findall(text))
     is_last = not text.endswith(("&&", "||")) and (
         joins > 0 or before.endswith(("&&", "||")) or re.search(r"\b(if|for|while)\b", text))
-    return joins + (1 if is_last else 0) + text.count(" ? ")
+    choices = min(text.count(" ? "), text.count(" : "))  # the condition of one that goes on below may count there
+    return joins + max(1 if is_last else 0, choices)
 
 
 def conditions_of(branches):

@@ -220,6 +220,22 @@ class Status(NodeTest):
             "Running       none\n"), ""))
         self.assertEqual(self.node.calls, [("CRI.GetRadioChannelStatus", [{"RadioChannelID": 2}])])
 
+    def test_names_what_is_running(self):
+        self.node.add_described(
+            fake_node.CHANNEL_STATUS,
+            {**self.ANSWER, "XpicIsStarted": True, "XpicStatus": "Calibrated", "ActualXpi": 31, "MimoIsStarted": True,
+             "IsMimo4x4": True, "MimoStatus": "Locked", "BasebandSdcIsStarted": True,
+             "ActualDadeStatusBasebandSdc": "Aligned"},
+            {**self.ANSWER, "MimoIsStarted": True, "MimoStatus": "Unlocked"})
+        for running in ("XPIC Calibrated, XPI 31, MIMO 4x4 Locked, baseband SDC Aligned", "MIMO 2x2 Unlocked"):
+            status, out, _ = self.run_with_node("status")
+            self.assertEqual((status, out.splitlines()[-1]), (0, f"Running       {running}"))
+
+    def test_shows_no_level_that_the_node_does_not_tell(self):
+        answer = {name: value for name, value in self.ANSWER.items() if name != "ActualRFInputPower"}
+        self.node.add_described(fake_node.CHANNEL_STATUS, answer)
+        self.assertEqual(self.run_with_node("status")[1].splitlines()[3], "Receiver      -, 14 920.000 MHz, 128QAM")
+
     def test_has_exact_numbers_as_json(self):
         self.node.add_described(fake_node.CHANNEL_STATUS, self.ANSWER)
         status, out, _ = self.run_with_node("status", "--json")
@@ -1308,6 +1324,29 @@ class Credentials(unittest.TestCase):
         self.assertIn("> Authorization: (hidden)\n", err)
         for secret in ("open sesame", "YW5uOm9wZW4gc2VzYW1l"):
             self.assertNotIn(secret, out + err)
+
+
+class Capability(NodeTest):
+    def asked(self, *words):
+        """The calls that the subcommand makes."""
+        self.node.calls.clear()
+        self.assertEqual(self.run_with_node("capability", *words)[0], 0)
+        return self.node.calls
+
+    def test_is_asked_of_the_frame_that_is_named_or_the_first_that_there_is(self):
+        self.node.add_command("CRI.GetAirInterfaceCapability")
+        self.node.add_command("CRI.GetRadioChannelCapability")
+        self.node.answers["CRI.GetAirInterfaceCapability"] = [
+            {"tiResult": 0, "FrameFormatCapabilities": [{"RadioFrameID": 17}, {"RadioFrameID": 18}]},
+            {"tiResult": 0, "FrameFormatCapabilities": []}]
+        def capability(channel, frame):
+            return ("CRI.GetRadioChannelCapability", [
+                {"RadioChannelID": channel, "radioFrameId": frame, "minModulation": "4QAM_STRONG",
+                 "maxModulation": "4096QAM_LIGHT", "referenceSec": "4L"}])
+        frames = ("CRI.GetAirInterfaceCapability", [{"RadioChannelID": 1, "ReleasedFilter": 2}])
+        self.assertEqual(self.asked("2", "--frame", "5"), [capability(2, 5)])
+        self.assertEqual(self.asked("1"), [frames, capability(1, 17)])
+        self.assertEqual(self.asked(), [frames, capability(1, 0)])
 
 
 class Fields(NodeTest):

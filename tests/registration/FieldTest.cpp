@@ -56,6 +56,11 @@ TEST(FieldTest, NotesFitTheType)
 {
     EXPECT_EQ(defectOf<bool>({}, ""), "a field has no help");
     EXPECT_EQ(defectOf<bool>({.range = Range{0, 1}}), "a range or a channel that is no integer");
+    EXPECT_EQ(defectOf<bool>({.isChannel = true}), "a range or a channel that is no integer");
+    EXPECT_EQ(defectOf<std::uint8_t>({.unit = kNoUnit, .range = Range{1, 255}}), "");
+    EXPECT_EQ((defectOf<std::string>({.texts = oneOf<"no", "yes">})), "");
+    EXPECT_EQ(defectOf<general_classes::Optional<bool>>({.hasDefault = true}),
+              "an optional or an array may be left out anyway");
     EXPECT_EQ(defectOf<std::uint8_t>({.unit = kNoUnit, .range = Range{0, 255}}),
               "a range that says no more than the type");
     EXPECT_EQ(defectOf<std::uint8_t>({.unit = kNoUnit, .range = Range{0, 254}}), "");

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <string>
 
 namespace
@@ -183,6 +184,16 @@ TEST(ReferenceTest, CommandIsDescribedForPeople)
         "Faults:\n"
         "  4 \"TI.GetEvents failed to get alarms\": The alarm handler failed.\n"
         "  4 \"Error: Command not available\": The test family is closed.\n");
+}
+
+TEST(ReferenceTest, MethodWithoutFieldsAndFaultsIsDescribedInTwoLines)
+{
+    EXPECT_EQ(zyr_registration::helpText(
+                  {.name = "SIM.Wait", .help = "Waits.", .longest = std::chrono::milliseconds(1500)}, 2),
+              "Waits.\nGroup simulation. Changes the node. Answers within 1500 ms.\n");
+    EXPECT_EQ(zyr_registration::helpText(
+                  {.name = "SIM.Look", .help = "Looks.", .effect = zyr_registration::Effect::Reads}, 2),
+              "Looks.\nGroup simulation. Only reads. Answers within 1 s.\n");
 }
 
 TEST(ReferenceTest, MarkdownHasFaultCodesAndVocabulariesOnce)

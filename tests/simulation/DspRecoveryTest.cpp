@@ -41,11 +41,13 @@ TEST_F(DspRecoveryTest, recoveryFollowsFromTheTypesBeforeAndAfter)
     };
     for (const auto& row :
          {Row{Std, Std, Recover::None, false}, Row{LHStd, Std, Recover::None, false},
-          Row{LHXpic2, Xpic2, Recover::None, false}, Row{Std, Xpic, Recover::DspWithoutConfig, false},
-          Row{Mimo, Mrc, Recover::DspWithoutConfig, false}, Row{Std, Xpic2, Recover::Dsp, false},
-          Row{Mrc2, Std, Recover::Dsp, false}, Row{Std, Mrcx, Recover::Dsp, false},
-          Row{Std, SisoCA, Recover::Dsp, true}, Row{XpicCA, Std, Recover::Dsp, true},
-          Row{SisoCA, XpicCA, Recover::Dsp, false}, Row{XpicCA, XpicCA, Recover::None, false}}) {
+          Row{LHXpic2, Xpic2, Recover::None, false}, Row{LHXpic, Xpic, Recover::None, false},
+          Row{Std, Mimo2, Recover::Dsp, false}, Row{LHXpic2, Std, Recover::Dsp, false},
+          Row{Std, Xpic, Recover::DspWithoutConfig, false}, Row{Mimo, Mrc, Recover::DspWithoutConfig, false},
+          Row{Std, Xpic2, Recover::Dsp, false}, Row{Mrc2, Std, Recover::Dsp, false},
+          Row{Std, Mrcx, Recover::Dsp, false}, Row{Std, SisoCA, Recover::Dsp, true},
+          Row{XpicCA, Std, Recover::Dsp, true}, Row{SisoCA, XpicCA, Recover::Dsp, false},
+          Row{XpicCA, XpicCA, Recover::None, false}}) {
         changeTo(row.from);
         auto needed = Recover::None;
         bool dueToCarrierAggregation = !row.dueToCarrierAggregation;

@@ -99,6 +99,17 @@ TEST_F(FaultInjectorTest, channelThatTheCollaboratorLacksIsRefused)
               "IAlarmHandlerTopApi has no channel 1; it serves the whole node, give 0");
 }
 
+TEST_F(FaultInjectorTest, orderBeyondTheTwoHundredAndFiftySixthIsRefused)
+{
+    for (int order = 1; order <= 256; ++order) {
+        EXPECT_EQ(refusal({"IAcmHandler", "enableAcm", 1, 0x8000, 1}), "") << order;
+    }
+    EXPECT_EQ(refusal({"IAcmHandler", "enableAcm", 1, 0x8000, 1}),
+              "there are 256 orders to fail, no more can be kept");
+    EXPECT_EQ(acm(1).enableAcm(true), 0x8000U);
+    EXPECT_EQ(refusal({"IAcmHandler", "enableAcm", 1, 0x8000, 1}), "");
+}
+
 TEST_F(FaultInjectorTest, countZeroIsRefused)
 {
     EXPECT_EQ(refusal({"IAcmHandler", "enableAcm", 1, 0x8000, 0}),
