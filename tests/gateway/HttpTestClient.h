@@ -13,7 +13,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-/// A client that sends literal bytes. Reading gives up after ten seconds, which no test should reach.
+/// A client that sends literal bytes. Reading gives up after a minute, which no test should reach.
 class HttpTestClient
 {
   public:
@@ -27,7 +27,7 @@ class HttpTestClient
 
     explicit HttpTestClient(std::uint16_t port) : m_socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
     {
-        const timeval patience{10, 0};
+        const timeval patience{60, 0};
         setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
         sockaddr_in address{};
         address.sin_family = AF_INET;
