@@ -29,9 +29,9 @@ def rules():
 
 
 def arguments(entry):
-    """What the compiler is told, without the source and what becomes of it."""
+    """What the compiler is told, without the source, what becomes of it, and how g++ is to go about it."""
     command = shlex.split(entry["command"])
-    return command[:command.index("-o")]
+    return [word for word in command[:command.index("-o")] if not word.startswith("--param=")]
 
 
 def sources(entry):
