@@ -147,6 +147,14 @@ class XmlRpcServerTest : public zyr_test::CommandTest
         server.emplace(zyr_gateway::HttpOptions{}, *module);
     }
 
+    // The same with recoveries that are held.
+    void openWith(HeldRecoveryController& recovery)
+    {
+        withdraw("RecoveryController");
+        publish("RecoveryController", recovery);
+        open(false);
+    }
+
     XmlRpcClient client() const
     {
         zyr_gateway::ClientOptions options;
@@ -643,9 +651,7 @@ TEST_F(XmlRpcServerTest, MethodThatIsHeldHoldsUpNeitherOtherMethodsNorMoreOfItsO
 TEST_F(XmlRpcServerTest, LongCommandKeepsNobodyWaitingButThoseThatMustWaitForIt)
 {
     HeldRecoveryController recovery;
-    withdraw("RecoveryController");
-    publish("RecoveryController", recovery);
-    open(false);
+    openWith(recovery);
     server->start();
     EXPECT_EQ(answer("CRI.EnableAcm", {{{"channelId", 2}, {"enable", true}}}), R"({"tiResult":0})");
     LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
@@ -684,10 +690,8 @@ TEST_F(XmlRpcServerTest, LongCommandKeepsNobodyWaitingButThoseThatMustWaitForIt)
 
 TEST_F(XmlRpcServerTest, CommandThatHasWaitedForItsTurnIsNotMadeIfItsClientHasLeft)
 {
-    withdraw("RecoveryController");
     HeldRecoveryController recovery;
-    publish("RecoveryController", recovery);
-    open(false);
+    openWith(recovery);
     server->start();
     LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
     recovery.waitUntilHeld();
@@ -720,10 +724,8 @@ TEST_F(XmlRpcServerTest, CommandThatHasWaitedForItsTurnIsNotMadeIfItsClientHasLe
 
 TEST_F(XmlRpcServerTest, BigCommandWaitsForItsTurnToo)
 {
-    withdraw("RecoveryController");
     HeldRecoveryController recovery;
-    publish("RecoveryController", recovery);
-    open(false);
+    openWith(recovery);
     server->start();
     LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
     recovery.waitUntilHeld();
@@ -749,9 +751,7 @@ TEST_F(XmlRpcServerTest, BigCommandWaitsForItsTurnToo)
 TEST_F(XmlRpcServerTest, CommandBehindAHundredThatWaitForTheirTurnIsRefused)
 {
     HeldRecoveryController recovery;
-    withdraw("RecoveryController");
-    publish("RecoveryController", recovery);
-    open(false);
+    openWith(recovery);
     server->start();
     LongPolls recovering(1, [this] { return answer("CRI.StartRecovery", {{{"Recover", "Dsp"}}}); });
     recovery.waitUntilHeld();
@@ -890,9 +890,7 @@ TEST_F(XmlRpcServerTest, StopReleasesAndAnswersLongPolls)
 TEST_F(XmlRpcServerTest, WhatHasNotBegunWhenTheServerStopsIsRefused)
 {
     HeldRecoveryController recovery;
-    withdraw("RecoveryController");
-    publish("RecoveryController", recovery);
-    open(false);
+    openWith(recovery);
     addHold();
     server->start();
     LongPolls polling(1, [this] { return fault("CI.GetFastEvents"); });

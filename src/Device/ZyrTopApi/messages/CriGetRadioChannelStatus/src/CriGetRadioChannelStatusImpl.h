@@ -25,7 +25,8 @@ namespace zyr_top_api
 {
 
 /// The live object of "CRI.GetRadioChannelStatus". Its sources: the command with all that logs
-/// (`CriGetRadioChannelStatusImpl`) and the readings that do not (`CriGetRadioChannelStatusImplReadings`).
+/// (`CriGetRadioChannelStatusImpl`), and the readings that do not, with what the response takes of them
+/// (`CriGetRadioChannelStatusImplReadings`).
 class ZYR_EXPORT CriGetRadioChannelStatusImpl : public CriGetRadioChannelStatus
 {
   public:
