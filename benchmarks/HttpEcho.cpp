@@ -1,11 +1,10 @@
 #include "HttpEcho.h"
 
-#include <expat.h>
 #include <microhttpd.h>
+#include <pugixml.hpp>
 
 #include <array>
 #include <csignal>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -20,12 +19,8 @@ bool doesParse = false;
 
 void parse(const std::string& body)
 {
-    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(XML_ParserCreate(nullptr),
-                                                                              &XML_ParserFree);
-    XML_SetElementHandler(
-        parser.get(), [](void*, const char*, const char**) {}, [](void*, const char*) {});
-    XML_SetCharacterDataHandler(parser.get(), [](void*, const char*, int) {});
-    if (XML_Parse(parser.get(), body.data(), static_cast<int>(body.size()), XML_TRUE) != XML_STATUS_OK) {
+    pugi::xml_document document;
+    if (!document.load_buffer(body.data(), body.size())) {
         std::terminate();
     }
 }

@@ -7,7 +7,7 @@
 class HttpEcho
 {
   public:
-    /// @param parses whether it also has expat parse the body
+    /// @param parses whether it also has pugixml parse the body
     explicit HttpEcho(bool parses);
     ~HttpEcho();
     HttpEcho(const HttpEcho&) = delete;

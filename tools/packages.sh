@@ -1,6 +1,6 @@
 # Debian packages by purpose; read by the scripts at the root.
 # shellcheck shell=sh disable=SC2034
-BUILD_PACKAGES="g++ cmake make pkgconf libmicrohttpd-dev libexpat1-dev libcurl4-openssl-dev libcrypt-dev libssl-dev
+BUILD_PACKAGES="g++ cmake make pkgconf libmicrohttpd-dev libpugixml-dev libcurl4-openssl-dev libcrypt-dev libssl-dev
     nlohmann-json3-dev libcli11-dev"
 RUN_PACKAGES="$BUILD_PACKAGES python3"
 TEST_PACKAGES="$RUN_PACKAGES libgtest-dev libgmock-dev clang-format python3-jsonschema openssl zsh fish"

@@ -174,11 +174,40 @@ TEST(XmlRpcCodecTest, EntitiesCharacterReferencesAndCdataAreText)
     EXPECT_EQ(parameter("<value>&lt;&amp;&gt;&quot;&apos;&#65;&#xe4;<![CDATA[<x>]]></value>"),
               Value("<&>\"'A\xC3\xA4<x>"));
     EXPECT_EQ(parameter("<value>a&#13;b</value>"), Value("a\rb"));
+    EXPECT_EQ(parameter("<value>&#127;&#x80;&#x7FF;&#x800;&#xFFFD;&#x10000;&#x10FFFF;</value>"),
+              Value("\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBD\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
+    EXPECT_EQ(parameter("<value><![CDATA[&amp;&no;]]>&amp;amp;]</value>"), Value("&amp;&no;&amp;]"));
+    EXPECT_EQ(parseMethodCall("<methodCall><methodName>a&#46;b</methodName></methodCall>").method, "a.b");
+    EXPECT_EQ(parameter("<value><struct><member><name>a&lt;</name><value/></member></struct></value>").dump(),
+              R"({"a<":""})");
+}
+
+TEST(XmlRpcCodecTest, WrongReferenceIsRefused)
+{
+    for (const std::string bad :
+         {"&",        "&;",       "& ;",        "&amp",          "&AMP;",
+          "&nbsp;",   "&amp ;",   "&a65;",      "&#;",           "&#x;",
+          "&#X41;",   "&#+65;",   "&#-65;",     "&# 65;",        "&#65a;",
+          "&#x4G;",   "&#0;",     "&#8;",       "&#xB;",         "&#xD800;",
+          "&#xDFFF;", "&#xFFFE;", "&#x110000;", "&#4294967361;", "&#18446744073709551681;"}) {
+        const auto [kind, text] = refusalOf(callWith("<value>\n" + bad + "</value>"));
+        EXPECT_EQ(kind, XmlRpcError::Kind::Malformed) << bad;
+        EXPECT_EQ(text,
+                  "line 1: & that begins neither &amp;, &lt;, &gt;, &quot; or &apos; nor the number of a "
+                  "character that XML has")
+            << bad;
+    }
+}
+
+TEST(XmlRpcCodecTest, LineEndsAreLineFeeds)
+{
+    EXPECT_EQ(parameter("<value>a\r\nb\rc\n<![CDATA[d\r\n\re]]></value>"), Value("a\nb\nc\nd\n\ne"));
 }
 
 TEST(XmlRpcCodecTest, CommentsAndProcessingInstructionsAreIgnored)
 {
     EXPECT_EQ(parameter("<value><!-- x --><int>1<!-- y -->2<?pi?></int></value>"), Value(12));
+    EXPECT_EQ(parameter("<value> <!-- x --> a<!-- y --> </value>"), Value("  a "));
 }
 
 /// A binary value of the text's bytes.
@@ -364,12 +393,21 @@ TEST(XmlRpcCodecTest, Utf16IsRefusedWhateverItDeclares)
 
 TEST(XmlRpcCodecTest, BytesThatAreNotUtf8AreRefused)
 {
-    EXPECT_EQ(kindOf("<value>\xFF</value>"), XmlRpcError::Kind::Malformed);
+    for (const std::string bad : {"\xFF", "\xC3", "\xED\xA0\x80", "\x01", "\x1F", "\xEF\xBF\xBE"}) {
+        const auto [kind, text] = refusalOf(callWith("<value>\n" + bad + "</value>"));
+        EXPECT_EQ(kind, XmlRpcError::Kind::Malformed) << bad;
+        EXPECT_EQ(text, "line 2: a byte that is not part of UTF-8, or a character that XML does not have")
+            << bad;
+    }
+    EXPECT_EQ(parameter("<value>\t\x7F\xC3\xA4\xF0\x9F\x93\xA1</value>"),
+              Value("\t\x7F\xC3\xA4\xF0\x9F\x93\xA1"));
     EXPECT_EQ(kindOf("<value>&#1;</value>"), XmlRpcError::Kind::Malformed);
-    EXPECT_EQ(refusalOf("<?xml version='1.0' encoding='US-ASCII'?><methodCall><methodName>\xC3\xA4"
-                        "</methodName></methodCall>")
-                  .first,
-              XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(kindOf(std::string("<value>\0</value>", 16)), XmlRpcError::Kind::Malformed);
+    const auto [kind, text] =
+        refusalOf("<?xml version='1.0' encoding='US-ASCII'?>\n<methodCall><methodName>\xC3\xA4"
+                  "</methodName></methodCall>");
+    EXPECT_EQ(kind, XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(text, "line 2: a character that US-ASCII, the encoding, does not have");
 }
 
 TEST(XmlRpcCodecTest, DepthOf32IsReadAndOf33Refused)
@@ -415,9 +453,9 @@ TEST(XmlRpcCodecTest, WrongStructureIsRefusedWithWhatIsAccepted)
               "line 1: <value> stands twice or in the wrong place in <member>");
     EXPECT_EQ(textOf("<value><int>1</int><int>2</int></value>"),
               "line 1: <int> stands twice or in the wrong place in <value>");
-    EXPECT_EQ(textOf("<value>a<int>1</int></value>"), "line 1: <value> holds both text and <int>");
-    EXPECT_EQ(textOf("<value><int>1</int>a</value>"), "line 1: text between the elements of <value>");
-    EXPECT_EQ(textOf("<value><struct>a</struct></value>"), "line 1: text between the elements of <struct>");
+    EXPECT_EQ(textOf("<value>a<int>1</int></value>"), "line 1: text beside the elements of <value>");
+    EXPECT_EQ(textOf("<value><int>1</int>a</value>"), "line 1: text beside the elements of <value>");
+    EXPECT_EQ(textOf("<value><struct>a</struct></value>"), "line 1: text beside the elements of <struct>");
     EXPECT_EQ(textOf("<value><array><data><int>1</int></data></array></value>"),
               "line 1: <int> cannot stand in <data>; accepted: <value>");
     EXPECT_EQ(textOf("<value><struct><member><int>1</int></member></struct></value>"),
@@ -430,11 +468,48 @@ TEST(XmlRpcCodecTest, WhatIsNotWellFormedIsRefusedWithItsLine)
 {
     const auto [kind, text] = refusalOf("<methodCall>\n<methodName>m</methodNam>\n</methodCall>");
     EXPECT_EQ(kind, XmlRpcError::Kind::Malformed);
-    EXPECT_EQ(text, "line 2: not well-formed XML: mismatched tag");
-    EXPECT_EQ(refusalOf("").second, "line 1: not well-formed XML: no element found");
-    EXPECT_EQ(refusalOf("<methodCall><methodName>m</methodName></methodCall>x").first,
-              XmlRpcError::Kind::Malformed);
-    EXPECT_EQ(refusalOf(callWith("<value>&unknown;</value>")).first, XmlRpcError::Kind::Malformed);
+    EXPECT_EQ(text, "line 2: not well-formed XML: Start-end tags mismatch");
+    EXPECT_EQ(refusalOf("").second, "line 1: there is no root; it must be <methodCall>");
+    for (const std::string bad : {"<methodCall>", "<methodCall><", "<methodCall a='1>", "<a></b>", "<a/></a>",
+                                  "<!-- x", "<![CDATA[x", "<?pi", "<1/>"}) {
+        const auto [badKind, badText] = refusalOf(bad);
+        EXPECT_EQ(badKind, XmlRpcError::Kind::Malformed) << bad;
+        EXPECT_TRUE(badText.starts_with("line 1: not well-formed XML: ")) << badText;
+    }
+}
+
+TEST(XmlRpcCodecTest, OnlyTheRootStandsInADocument)
+{
+    const std::string body = "<methodCall><methodName>m</methodName></methodCall>";
+    EXPECT_EQ(parseMethodCall("\n<!-- x -->\n" + body + "\n<!-- y --><?pi?>\n").method, "m");
+    for (const std::string behind : {"x", "&#32;x", "&#120;", " x ", "\n\nx"}) {
+        EXPECT_EQ(refusalOf(body + behind).second, "line 1: text outside the root") << behind;
+    }
+    EXPECT_EQ(parseMethodCall(body + "<![CDATA[ ]]>&#32;\n").method, "m");
+    EXPECT_EQ(refusalOf("x" + body).second, "line 1: text outside the root");
+    EXPECT_EQ(refusalOf(body + "\n<![CDATA[x]]>").second, "line 2: text outside the root");
+    EXPECT_EQ(refusalOf(body + "\n<b/>").second, "line 2: <b> is a second root");
+    EXPECT_EQ(refusalOf("\n<?xml version='1.0'?>" + body).second,
+              "line 2: the XML declaration is not at the start of the document");
+    EXPECT_EQ(refusalOf(body + "<?xml version='1.0'?>").second,
+              "line 1: the XML declaration is not at the start of the document");
+    EXPECT_EQ(refusalOf(" \n").second, "line 1: there is no root; it must be <methodCall>");
+    EXPECT_EQ(refusalOf("<!-- x -->").second, "line 1: there is no root; it must be <methodCall>");
+}
+
+TEST(XmlRpcCodecTest, MoreTagsThanTheMostValuesNeedAreRefused)
+{
+    const auto documentOf = [](std::size_t tags) {
+        std::string xml = "<methodCall><methodName>m</methodName></methodCall>";
+        for (std::size_t i = 4; i < tags; ++i) {
+            xml += "<!---->";
+        }
+        return xml;
+    };
+    EXPECT_EQ(parseMethodCall(documentOf(800'016)).method, "m");
+    const auto [kind, text] = refusalOf(documentOf(800'017));
+    EXPECT_EQ(kind, XmlRpcError::Kind::TooManyValues);
+    EXPECT_EQ(text, "line 1: there are more than 800016 tags");
 }
 
 TEST(XmlRpcCodecTest, IntegerIsWrittenAsIntOrI8)

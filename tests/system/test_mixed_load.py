@@ -75,7 +75,7 @@ class Load:
     def makes_mistakes(self, proxy, _):
         self.expect_fault("3 eTI_E_PARAMETER_INVALID: CRI.EnableAcm: channelId is 3, it takes an integer from 1 to 2",
                           proxy.CRI.EnableAcm, {"channelId": 3, "enable": True})
-        self.expect_fault("2 eTI_E_MALFORMED_REQUEST: line 1: not well-formed XML: no element found",
+        self.expect_fault("2 eTI_E_MALFORMED_REQUEST: line 1: not well-formed XML: Start-end tags mismatch",
                           self.node.post, b"<methodCall>")
 
     def sends_much(self, proxy, chance):

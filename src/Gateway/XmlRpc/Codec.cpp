@@ -19,16 +19,12 @@ constexpr std::size_t kUsualLength = 1024;
 
 MethodCall parseMethodCall(std::string_view xml)
 {
-    DocumentReader reader(DocumentReader::Element::MethodCall);
-    reader.read(xml);
-    return std::move(reader.call);
+    return DocumentReader(xml).call();
 }
 
 MethodResponse parseMethodResponse(std::string_view xml)
 {
-    DocumentReader reader(DocumentReader::Element::MethodResponse);
-    reader.read(xml);
-    return std::move(reader.response);
+    return DocumentReader(xml).response();
 }
 
 std::string writeMethodCall(const MethodCall& call)

@@ -1,20 +1,19 @@
 #include "DocumentReader.h"
 
+#include "Characters.h"
 #include "Scalars.h"
 #include "WipingMemory.h"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
-#include <cstring>
 #include <limits>
-#include <memory>
 #include <new>
-#include <random>
+#include <optional>
 #include <span>
+#include <unordered_set>
 #include <utility>
 
 #include <strings.h>
@@ -28,6 +27,13 @@ namespace
 using Element = DocumentReader::Element;
 using Kind = XmlRpcError::Kind;
 
+/// The most tags of a document that is looked at: a value needs eight, with the member that it is of.
+constexpr std::size_t kMaxTagCount = 8 * kMaxValueCount + 16;
+
+/// White space stays, and so do references, which pugixml would pass over when it doesn't know them.
+constexpr unsigned kParsing = pugi::parse_cdata | pugi::parse_ws_pcdata | pugi::parse_eol |
+                              pugi::parse_declaration | pugi::parse_doctype | pugi::parse_fragment;
+
 constexpr std::size_t kAnywhere = std::numeric_limits<std::size_t>::max();
 
 /// Which element may stand in which, and after how many brothers.
@@ -40,8 +46,6 @@ struct Place
 };
 
 constexpr std::array kPlaces{
-    Place{Element::Document, "methodCall", Element::MethodCall, 0},
-    Place{Element::Document, "methodResponse", Element::MethodResponse, 0},
     Place{Element::MethodCall, "methodName", Element::MethodName, 0},
     Place{Element::MethodCall, "params", Element::Params, 1},
     Place{Element::MethodResponse, "params", Element::Params, 0},
@@ -73,7 +77,7 @@ constexpr std::array kPlaces{
 
 /// The places in each element; they stand together.
 constexpr auto kPlacesIn = [] {
-    std::array<std::span<const Place>, 20> all;
+    std::array<std::span<const Place>, 19> all;
     for (std::size_t element = 0; element < all.size(); ++element) {
         const auto isIn = [&](const Place& place) {
             return static_cast<std::size_t>(place.parent) == element;
@@ -94,32 +98,30 @@ struct Trait
 {
     std::string_view tag;
     std::size_t minChildren;
-    bool takesText;
     std::string_view wanted; ///< what is missing when there are too few children
 };
 
 /// In the order of `Element`.
-constexpr std::array<Trait, 20> kTraits{{
-    {"document", 1, false, "a root"},
-    {"methodCall", 1, false, "<methodName>"},
-    {"methodResponse", 1, false, "<params> or <fault>"},
-    {"methodName", 0, true, ""},
-    {"params", 0, false, ""},
-    {"param", 1, false, "<value>"},
-    {"fault", 1, false, "<value>"},
-    {"value", 0, true, ""},
-    {"array", 1, false, "<data>"},
-    {"data", 0, false, ""},
-    {"struct", 0, false, ""},
-    {"member", 2, false, "<name> and <value>"},
-    {"name", 0, true, ""},
-    {"int", 0, true, ""},
-    {"boolean", 0, true, ""},
-    {"double", 0, true, ""},
-    {"string", 0, true, ""},
-    {"dateTime.iso8601", 0, true, ""},
-    {"base64", 0, true, ""},
-    {"nil", 0, true, ""},
+constexpr std::array<Trait, 19> kTraits{{
+    {"methodCall", 1, "<methodName>"},
+    {"methodResponse", 1, "<params> or <fault>"},
+    {"methodName", 0, ""},
+    {"params", 0, ""},
+    {"param", 1, "<value>"},
+    {"fault", 1, "<value>"},
+    {"value", 0, ""},
+    {"array", 1, "<data>"},
+    {"data", 0, ""},
+    {"struct", 0, ""},
+    {"member", 2, "<name> and <value>"},
+    {"name", 0, ""},
+    {"int", 0, ""},
+    {"boolean", 0, ""},
+    {"double", 0, ""},
+    {"string", 0, ""},
+    {"dateTime.iso8601", 0, ""},
+    {"base64", 0, ""},
+    {"nil", 0, ""},
 }};
 
 constexpr const Trait& traitOf(Element element)
@@ -135,9 +137,12 @@ std::string forMessage(std::string_view name)
     return carriableText(name.substr(0, longest)) + (whole ? "" : "...");
 }
 
-bool isBlank(std::string_view text)
+bool isBlank(const char* text)
 {
-    return std::ranges::all_of(text, [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
+    while (*text == ' ' || *text == '\n' || *text == '\t' || *text == '\r') {
+        ++text;
+    }
+    return *text == '\0';
 }
 
 /// The tags that may stand in the parent, for a message.
@@ -150,322 +155,322 @@ std::string acceptedIn(Element parent)
     return text;
 }
 
-struct ParserDeleter
+/// The character that a reference stands for, given what is between `&` and `;`.
+std::optional<char32_t> referenced(std::string_view name)
 {
-    void operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
-};
+    using Named = std::pair<std::string_view, char32_t>;
+    constexpr std::array known{Named{"amp", U'&'}, Named{"lt", U'<'}, Named{"gt", U'>'}, Named{"quot", U'"'},
+                               Named{"apos", U'\''}};
+    const auto* const found = std::ranges::find(known, name, &Named::first);
+    if (found != known.end()) {
+        return found->second;
+    }
+    if (!name.starts_with('#')) {
+        return std::nullopt;
+    }
+    const bool isHexadecimal = name.starts_with("#x");
+    name.remove_prefix(isHexadecimal ? 2 : 1);
+    std::uint32_t code = 0;
+    const auto [end, error] =
+        std::from_chars(name.data(), name.data() + name.size(), code, isHexadecimal ? 16 : 10);
+    const bool isWhole = error == std::errc() && end == name.data() + name.size();
+    return isWhole && characters::isCarriable(code) ? std::optional<char32_t>(code) : std::nullopt;
+}
 
-using Parser = std::unique_ptr<XML_ParserStruct, ParserDeleter>;
+bool holdsElements(const pugi::xml_node& node)
+{
+    pugi::xml_node child = node.first_child();
+    while (child && child.type() != pugi::node_element) {
+        child = child.next_sibling();
+    }
+    return static_cast<bool>(child);
+}
 
-/// What the parser gives back is overwritten: documents hold keys.
-constexpr XML_Memory_Handling_Suite kWipingMemory{&std::malloc, &wipingRealloc, &wipingFree};
-
-/// A parser for one document. Each thread keeps the one of its last document for the next, unless that was a
-/// long one, for which it has taken much memory. The document itself isn't kept.
-class KeptParser
+/// Tells whether a name is new in a struct. Looking it up among the members takes as long as there are
+/// members, so the names of many are kept in a set.
+class MemberNames
 {
   public:
-    explicit KeptParser(std::size_t documentSize) : m_size(documentSize)
+    [[nodiscard]] bool isNew(const std::string& name, const Value::object_t& members)
     {
-        if (s_kept == nullptr) {
-            s_kept.reset(XML_ParserCreate_MM(nullptr, &kWipingMemory, nullptr));
+        constexpr std::size_t few = 16;
+        if (members.size() < few) {
+            return std::ranges::find(members, name, &Value::object_t::value_type::first) == members.end();
         }
-        if (s_kept == nullptr) {
-            throw std::bad_alloc();
+        if (m_names.empty()) {
+            for (const auto& [known, value] : members) {
+                m_names.insert(known);
+            }
         }
-        // One that nobody can guess, as expat would get from the system for each document.
-        static const unsigned long salt = std::random_device()() | 1UL;
-        XML_SetHashSalt(s_kept.get(), salt);
+        return m_names.insert(name).second;
     }
-    ~KeptParser()
-    {
-        if (m_size > kLongestKept || !wipeDocument()) {
-            s_kept.reset();
-        }
-    }
-    KeptParser(const KeptParser&) = delete;
-    KeptParser& operator=(const KeptParser&) = delete;
-
-    [[nodiscard]] XML_ParserStruct* get() const { return s_kept.get(); }
 
   private:
-    static constexpr std::size_t kLongestKept = 32UL * 1024UL;
-    static thread_local Parser s_kept;
-
-    /// Readies the parser for the next document and overwrites its copy of this one, which is at the start of
-    /// its buffer.
-    [[nodiscard]] bool wipeDocument() const
-    {
-        if (XML_ParserReset(s_kept.get(), nullptr) != XML_TRUE) {
-            return false;
-        }
-        void* const copy = XML_GetBuffer(s_kept.get(), static_cast<int>(m_size));
-        if (copy != nullptr) {
-            explicit_bzero(copy, m_size);
-        }
-        return copy != nullptr;
-    }
-
-    std::size_t m_size;
+    std::unordered_set<std::string> m_names;
 };
-
-thread_local Parser KeptParser::s_kept;
 
 } // namespace
 
-DocumentReader::DocumentReader(Element root) : m_root(root)
+void DocumentReader::Wiper::operator()(char* memory) const noexcept
 {
-    constexpr std::size_t usualDepth = 9; // that of a struct's members
-    m_open.reserve(usualDepth);
-    open(Element::Document);
+    wipingFree(memory);
 }
 
-void DocumentReader::read(std::string_view xml)
+DocumentReader::DocumentReader(std::string_view xml) : m_xml(xml)
 {
-    refuseOtherEncodings(xml);
-    const KeptParser parser(xml.size());
-    m_parser = parser.get();
-    connectHandlers();
-    const XML_Status status = XML_Parse(m_parser, xml.data(), static_cast<int>(xml.size()), XML_TRUE);
-    if (m_error) {
-        std::rethrow_exception(m_error);
-    }
-    if (status != XML_STATUS_OK && XML_GetErrorCode(m_parser) == XML_ERROR_NO_MEMORY) {
-        throw std::bad_alloc();
-    }
-    if (status != XML_STATUS_OK) {
-        fail(Kind::Malformed,
-             std::string("not well-formed XML: ") + XML_ErrorString(XML_GetErrorCode(m_parser)));
-    }
-    m_parser = nullptr;
-}
-
-/// expat recognises UTF-16 by its first bytes, whatever the document declares.
-void DocumentReader::refuseOtherEncodings(std::string_view xml) const
-{
-    if (xml.size() > INT_MAX) {
-        fail(Kind::Malformed, "the document is longer than 2 GiB");
-    }
+    // By its first bytes, whatever the document declares.
     const std::string_view start = xml.substr(0, 4);
     const bool wideMark = start.starts_with("\xFE\xFF") || start.starts_with("\xFF\xFE");
     if (wideMark || start.find('\0') != std::string_view::npos) {
-        fail(Kind::UnsupportedEncoding, "the document is not in UTF-8 or US-ASCII");
+        throw XmlRpcError(Kind::UnsupportedEncoding, 1, "the document is not in UTF-8 or US-ASCII");
+    }
+    if (xml.size() > kMaxTagCount && std::cmp_greater(std::ranges::count(xml, '<'), kMaxTagCount)) {
+        throw XmlRpcError(Kind::TooManyValues, 1,
+                          "there are more than " + std::to_string(kMaxTagCount) + " tags");
+    }
+    parse();
+    const pugi::xml_node first = m_document.first_child();
+    checkText(first.type() == pugi::node_declaration ? first : pugi::xml_node());
+}
+
+void DocumentReader::parse()
+{
+    const std::size_t size = m_xml.size() + 1;
+    m_copy.reset(static_cast<char*>(std::malloc(size)));
+    if (m_copy == nullptr) {
+        throw std::bad_alloc();
+    }
+    // pugixml passes over a last character that belongs to no tag, so that one is a line feed.
+    *std::copy(m_xml.begin(), m_xml.end(), m_copy.get()) = '\n';
+    const pugi::xml_parse_result result =
+        m_document.load_buffer_inplace(m_copy.get(), size, kParsing, pugi::encoding_utf8);
+    if (result.status == pugi::status_out_of_memory) {
+        throw std::bad_alloc();
+    }
+    if (!result) {
+        throw XmlRpcError(Kind::Malformed, lineAt(result.offset),
+                          std::string("not well-formed XML: ") + result.description());
     }
 }
 
-/// An exception must not pass through expat, which is C: it waits here until the parser has returned.
-template <typename Step>
-void DocumentReader::guarded(Step step) noexcept
+/// @param declaration empty when the document has none
+void DocumentReader::checkText(const pugi::xml_node& declaration) const
 {
-    // A stopped parser may still report an event or two.
-    if (m_error) {
-        return;
+    const pugi::xml_attribute attribute = declaration.attribute("encoding");
+    const char* const encoding = attribute ? attribute.value() : "UTF-8";
+    const bool isAscii = strcasecmp(encoding, "US-ASCII") == 0;
+    if (!isAscii && strcasecmp(encoding, "UTF-8") != 0) {
+        fail(Kind::UnsupportedEncoding, declaration,
+             "the encoding " + forMessage(encoding) + " is not supported; UTF-8 and US-ASCII are");
     }
-    try {
-        step();
-    } catch (...) {
-        m_error = std::current_exception();
-        XML_StopParser(m_parser, XML_FALSE);
+    const auto good = static_cast<std::ptrdiff_t>(characters::carriableLength(m_xml));
+    if (std::cmp_less(good, m_xml.size())) {
+        throw XmlRpcError(Kind::Malformed, lineAt(good),
+                          "a byte that is not part of UTF-8, or a character that XML does not have");
+    }
+    const auto* const beyond =
+        isAscii ? std::ranges::find_if(m_xml, [](char c) { return (c & 0x80) != 0; }) : m_xml.end();
+    if (beyond != m_xml.end()) {
+        throw XmlRpcError(Kind::Malformed, lineAt(beyond - m_xml.begin()),
+                          "a character that US-ASCII, the encoding, does not have");
     }
 }
 
-void DocumentReader::connectHandlers()
+pugi::xml_node DocumentReader::root(Element wanted) const
 {
-    XML_SetUserData(m_parser, this);
-    XML_SetXmlDeclHandler(m_parser, [](void* self, const char*, const char* encoding, int) {
-        auto& reader = *static_cast<DocumentReader*>(self);
-        reader.guarded([&] { reader.declared(encoding); });
-    });
-    XML_SetStartDoctypeDeclHandler(m_parser, [](void* self, const char*, const char*, const char*, int) {
-        auto& reader = *static_cast<DocumentReader*>(self);
-        reader.guarded([&] {
-            reader.fail(Kind::DtdRefused, "a document type declaration is refused; XML-RPC needs none");
+    pugi::xml_node root;
+    for (pugi::xml_node node = m_document.first_child(); node; node = node.next_sibling()) {
+        switch (node.type()) {
+        case pugi::node_element:
+            if (root) {
+                failMalformed(node, "<" + forMessage(node.name()) + "> is a second root");
+            }
+            root = node;
+            break;
+        case pugi::node_doctype:
+            fail(Kind::DtdRefused, node, "a document type declaration is refused; XML-RPC needs none");
+        case pugi::node_declaration:
+            if (node.previous_sibling()) {
+                failMalformed(node, "the XML declaration is not at the start of the document");
+            }
+            break;
+        default:
+            if (!isBlankText(node)) {
+                failMalformed(node, "text outside the root");
+            }
+            break;
+        }
+    }
+    const std::string_view tag = traitOf(wanted).tag;
+    if (root.name() != tag) {
+        failMalformed(root, (root ? "<" + forMessage(root.name()) + "> is the root" : "there is no root") +
+                                "; it must be <" + std::string(tag) + ">");
+    }
+    return root;
+}
+
+MethodCall DocumentReader::call()
+{
+    MethodCall call;
+    takeElements(root(Element::MethodCall), Element::MethodCall, [&](const auto& node, Element element) {
+        if (element == Element::MethodName) {
+            call.method = methodNameOf(node);
+            return;
+        }
+        takeElements(node, Element::Params, [&](const auto& param, Element) {
+            takeElements(param, Element::Param,
+                         [&](const auto& value, Element) { call.params.push_back(valueOf(value, 1)); });
         });
     });
-    XML_SetElementHandler(
-        m_parser,
-        [](void* self, const char* tag, const char**) {
-            auto& reader = *static_cast<DocumentReader*>(self);
-            reader.guarded([&] { reader.started(tag); });
-        },
-        [](void* self, const char*) {
-            auto& reader = *static_cast<DocumentReader*>(self);
-            reader.guarded([&] { reader.ended(); });
-        });
-    XML_SetCharacterDataHandler(m_parser, [](void* self, const char* text, int length) {
-        auto& reader = *static_cast<DocumentReader*>(self);
-        reader.guarded([&] { reader.characters({text, static_cast<std::size_t>(length)}); });
-    });
+    return call;
 }
 
-void DocumentReader::declared(const char* encoding)
+MethodResponse DocumentReader::response()
 {
-    if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0 || strcasecmp(encoding, "US-ASCII") == 0) {
-        return;
-    }
-    fail(Kind::UnsupportedEncoding,
-         "the encoding " + forMessage(encoding) + " is not supported; UTF-8 and US-ASCII are");
+    MethodResponse response;
+    const auto takeValue = [&](const auto& node, Element) { response.value = valueOf(node, 1); };
+    takeElements(root(Element::MethodResponse), Element::MethodResponse,
+                 [&](const auto& node, Element element) {
+                     if (element == Element::Fault) {
+                         response.fault = faultOf(node);
+                         return;
+                     }
+                     std::size_t count = 0;
+                     takeElements(node, Element::Params, [&](const auto& param, Element) {
+                         ++count;
+                         takeElements(param, Element::Param, takeValue);
+                     });
+                     if (count != 1) {
+                         failMalformed(node, "a response has exactly one <param>");
+                     }
+                 });
+    return response;
 }
 
-void DocumentReader::started(const char* tag)
+/// Hands on the elements in a node, which is an element that no text may stand in.
+template <class Take>
+void DocumentReader::takeElements(const pugi::xml_node& node, Element element, Take take) const
 {
-    Frame& parent = m_open.back();
-    const std::string_view wantedTag = tag;
-    const std::span<const Place> places = placesIn(parent.element);
-    const auto place = std::ranges::find(places, wantedTag, &Place::tag);
-    if (place == places.end() || (place->parent == Element::Document && place->element != m_root)) {
-        failUnexpected(parent.element, wantedTag);
-    }
-    if (place->position != kAnywhere && place->position != parent.children) {
-        fail(Kind::Malformed, "<" + std::string(place->tag) + "> stands twice or in the wrong place in <" +
-                                  std::string(traitOf(parent.element).tag) + ">");
-    }
-    if (parent.element == Element::AnyValue && !isBlank(parent.text)) {
-        fail(Kind::Malformed, "<value> holds both text and <" + std::string(place->tag) + ">");
-    }
-    ++parent.children;
-    open(place->element);
-}
-
-void DocumentReader::open(Element element)
-{
-    if (element == Element::AnyValue) {
-        if (++m_depth > kMaxValueDepth) {
-            fail(Kind::TooDeep,
-                 "values are nested deeper than " + std::to_string(kMaxValueDepth) + " levels");
-        }
-        if (++m_valueCount > kMaxValueCount) {
-            fail(Kind::TooManyValues, "there are more than " + std::to_string(kMaxValueCount) + " values");
+    std::size_t count = 0;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        if (child.type() == pugi::node_element) {
+            take(child, elementOf(child, element, count));
+            ++count;
+        } else if (!isBlankText(child)) {
+            failMalformed(child, "text beside the elements of <" + std::string(traitOf(element).tag) + ">");
         }
     }
-    Frame& frame = m_open.emplace_back();
-    frame.element = element;
-    if (element == Element::Data) {
-        frame.value = Value::array();
-    } else if (element == Element::Structure) {
-        frame.value = Value::object();
+    const Trait& trait = traitOf(element);
+    if (count < trait.minChildren) {
+        failMalformed(node, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
     }
 }
 
-void DocumentReader::characters(std::string_view text)
+/// @param position how many elements stand before it in the parent
+DocumentReader::Element DocumentReader::elementOf(const pugi::xml_node& node, Element parent,
+                                                  std::size_t position) const
 {
-    Frame& frame = m_open.back();
-    const bool typedValue = frame.element == Element::AnyValue && frame.children > 0;
-    if (traitOf(frame.element).takesText && !typedValue) {
-        frame.text += text;
-    } else if (!isBlank(text)) {
-        fail(Kind::Malformed,
-             "text between the elements of <" + std::string(traitOf(frame.element).tag) + ">");
+    const std::string_view tag = node.name();
+    const std::span<const Place> places = placesIn(parent);
+    const auto place = std::ranges::find(places, tag, &Place::tag);
+    const std::string_view in = traitOf(parent).tag;
+    if (place == places.end()) {
+        const std::string accepted = acceptedIn(parent);
+        failMalformed(node, "<" + forMessage(tag) + "> cannot stand in <" + std::string(in) + ">" +
+                                (accepted.empty() ? "; only text can" : "; accepted: " + accepted));
     }
+    if (place->position != kAnywhere && place->position != position) {
+        failMalformed(node, "<" + std::string(tag) + "> stands twice or in the wrong place in <" +
+                                std::string(in) + ">");
+    }
+    return place->element;
 }
 
-void DocumentReader::ended()
+std::string DocumentReader::methodNameOf(const pugi::xml_node& node) const
 {
-    Frame& frame = m_open.back();
-    Frame& parent = m_open[m_open.size() - 2];
-    const Trait& trait = traitOf(frame.element);
-    if (frame.children < trait.minChildren) {
-        fail(Kind::Malformed, "<" + std::string(trait.tag) + "> without " + std::string(trait.wanted));
+    const std::string text = textOf(node, Element::MethodName);
+    const std::string_view name = scalars::trimmed(text);
+    if (name.empty()) {
+        failMalformed(node, "<methodName> is empty; it must name a method");
     }
-    switch (frame.element) {
-    case Element::MethodName:
-        call.method = scalars::trimmed(frame.text);
-        if (call.method.empty()) {
-            fail(Kind::Malformed, "<methodName> is empty; it must name a method");
-        }
-        break;
-    case Element::Params:
-        if (m_root == Element::MethodResponse && frame.children != 1) {
-            fail(Kind::Malformed, "a response has exactly one <param>");
-        }
-        break;
-    case Element::Fault:
-        endedFault(frame);
-        break;
-    case Element::AnyValue:
-        endedValue(frame, parent);
-        break;
-    case Element::Data:
+    return std::string(name);
+}
+
+Value DocumentReader::valueOf(const pugi::xml_node& node, std::size_t depth)
+{
+    if (depth > kMaxValueDepth) {
+        fail(Kind::TooDeep, node,
+             "values are nested deeper than " + std::to_string(kMaxValueDepth) + " levels");
+    }
+    if (++m_valueCount > kMaxValueCount) {
+        fail(Kind::TooManyValues, node, "there are more than " + std::to_string(kMaxValueCount) + " values");
+    }
+    if (!holdsElements(node)) {
+        return textOf(node, Element::AnyValue);
+    }
+    Value value;
+    takeElements(node, Element::AnyValue,
+                 [&](const auto& typed, Element element) { value = typedValueOf(typed, element, depth); });
+    return value;
+}
+
+Value DocumentReader::typedValueOf(const pugi::xml_node& node, Element element, std::size_t depth)
+{
+    switch (element) {
     case Element::Array:
+        return arrayOf(node, depth + 1);
     case Element::Structure:
-        parent.value = std::move(frame.value);
-        break;
-    case Element::Name:
-        parent.memberName = std::move(frame.text);
-        break;
-    case Element::Member:
-        endedMember(frame, parent);
-        break;
-    case Element::Document:
-    case Element::MethodCall:
-    case Element::MethodResponse:
-    case Element::Param:
-        break;
+        return structureOf(node, depth + 1);
     default:
-        parent.value = scalarOf(frame);
-        break;
-    }
-    m_open.pop_back();
-}
-
-void DocumentReader::endedValue(Frame& frame, Frame& parent)
-{
-    --m_depth;
-    if (frame.children == 0) {
-        frame.value = std::move(frame.text);
-    }
-    deliverValue(frame, parent);
-}
-
-void DocumentReader::deliverValue(Frame& frame, Frame& parent)
-{
-    if (parent.element == Element::Data) {
-        parent.value.push_back(std::move(frame.value));
-    } else if (parent.element == Element::Param && m_root == Element::MethodCall) {
-        call.params.push_back(std::move(frame.value));
-    } else if (parent.element == Element::Param) {
-        response.value = std::move(frame.value);
-    } else {
-        parent.value = std::move(frame.value);
+        return scalarOf(node, element);
     }
 }
 
-void DocumentReader::endedMember(Frame& frame, Frame& parent)
+/// @param depth that of what it holds
+Value DocumentReader::arrayOf(const pugi::xml_node& node, std::size_t depth)
 {
-    if (!isNew(frame.memberName, parent)) {
-        fail(Kind::DoubledMember,
-             "the member \"" + forMessage(frame.memberName) + "\" stands twice in one struct");
-    }
-    parent.value.get_ref<Value::object_t&>().emplace_back(std::move(frame.memberName),
-                                                          std::move(frame.value));
+    Value array = Value::array();
+    takeElements(node, Element::Array, [&](const auto& data, Element) {
+        takeElements(data, Element::Data,
+                     [&](const auto& item, Element) { array.push_back(valueOf(item, depth)); });
+    });
+    return array;
 }
 
-/// Whether the struct has no member of this name yet. Looking it up in the object takes as long as the object
-/// has members, so the names of many are kept in a set.
-bool DocumentReader::isNew(const std::string& name, Frame& structure)
+/// @param depth that of what it holds
+Value DocumentReader::structureOf(const pugi::xml_node& node, std::size_t depth)
 {
-    constexpr std::size_t few = 16;
-    const auto& members = structure.value.get_ref<const Value::object_t&>();
-    if (members.size() < few) {
-        return std::ranges::find(members, name, &Value::object_t::value_type::first) == members.end();
-    }
-    if (!structure.memberNames) {
-        structure.memberNames = std::make_unique<std::unordered_set<std::string>>();
-        for (const auto& [known, value] : members) {
-            structure.memberNames->insert(known);
+    Value structure = Value::object();
+    auto& members = structure.get_ref<Value::object_t&>();
+    MemberNames names;
+    takeElements(node, Element::Structure, [&](const auto& member, Element) {
+        std::string name;
+        Value value;
+        takeElements(member, Element::Member, [&](const auto& part, Element element) {
+            if (element == Element::Name) {
+                name = textOf(part, element);
+            } else {
+                value = valueOf(part, depth);
+            }
+        });
+        if (!names.isNew(name, members)) {
+            fail(Kind::DoubledMember, member,
+                 "the member \"" + forMessage(name) + "\" stands twice in one struct");
         }
-    }
-    return structure.memberNames->insert(name).second;
+        members.emplace_back(std::move(name), std::move(value));
+    });
+    return structure;
 }
 
-Value DocumentReader::scalarOf(Frame& frame) const
+Value DocumentReader::scalarOf(const pugi::xml_node& node, Element element) const
 {
-    const std::string_view text = scalars::trimmed(frame.text);
+    std::string whole = textOf(node, element);
+    const std::string_view text = scalars::trimmed(whole);
     const auto badValue = [&](const std::string& wanted) {
-        fail(Kind::BadValue,
-             "the text of <" + std::string(traitOf(frame.element).tag) + "> is not " + wanted);
+        fail(Kind::BadValue, node,
+             "the text of <" + std::string(traitOf(element).tag) + "> is not " + wanted);
     };
-    switch (frame.element) {
+    switch (element) {
     case Element::Integer: {
         const auto number = scalars::integer(text);
         if (!number) {
@@ -482,7 +487,7 @@ Value DocumentReader::scalarOf(Frame& frame) const
         double number = 0;
         const scalars::RealOutcome outcome = scalars::real(text, number);
         if (outcome == scalars::RealOutcome::NotFinite) {
-            fail(Kind::NotFinite, "the text of <double> is not a finite number that a double can hold");
+            fail(Kind::NotFinite, node, "the text of <double> is not a finite number that a double can hold");
         }
         if (outcome == scalars::RealOutcome::NotANumber) {
             badValue("a decimal number");
@@ -504,45 +509,94 @@ Value DocumentReader::scalarOf(Frame& frame) const
     case Element::Date:
         return Value::binary({text.begin(), text.end()}, kDateSubtype);
     default:
-        return std::move(frame.text);
+        return whole;
     }
 }
 
-void DocumentReader::endedFault(const Frame& frame)
+Fault DocumentReader::faultOf(const pugi::xml_node& node)
 {
-    const Value& value = frame.value;
+    Value value;
+    takeElements(node, Element::Fault, [&](const auto& inside, Element) { value = valueOf(inside, 1); });
     const bool shaped = value.is_object() && value.size() == 2 && value.contains("faultCode") &&
                         value.contains("faultString") && value["faultCode"].is_number_integer() &&
                         value["faultString"].is_string();
     if (!shaped) {
-        fail(Kind::Malformed, "a fault is a struct of an integer faultCode and a string faultString");
+        failMalformed(node, "a fault is a struct of an integer faultCode and a string faultString");
     }
     const auto code = value["faultCode"].get<std::int64_t>();
     if (code < INT_MIN || code > INT_MAX) {
-        fail(Kind::BadValue, "the faultCode is not a number of 32 bits");
+        fail(Kind::BadValue, node, "the faultCode is not a number of 32 bits");
     }
-    response.fault = Fault{static_cast<int>(code), value["faultString"].get<std::string>()};
+    return {static_cast<int>(code), value["faultString"].get<std::string>()};
 }
 
-std::size_t DocumentReader::line() const
+/// Whether a piece of text is white space alone; references may stand for it.
+bool DocumentReader::isBlankText(const pugi::xml_node& node) const
 {
-    return m_parser == nullptr ? 1 : static_cast<std::size_t>(XML_GetCurrentLineNumber(m_parser));
-}
-
-void DocumentReader::fail(XmlRpcError::Kind kind, const std::string& text) const
-{
-    throw XmlRpcError(kind, line(), text);
-}
-
-void DocumentReader::failUnexpected(Element parent, std::string_view tag) const
-{
-    const std::string found = "<" + forMessage(tag) + ">";
-    if (parent == Element::Document) {
-        fail(Kind::Malformed, found + " is the root; it must be <" + std::string(traitOf(m_root).tag) + ">");
+    if (isBlank(node.value())) {
+        return true;
     }
-    const std::string accepted = acceptedIn(parent);
-    fail(Kind::Malformed, found + " cannot stand in <" + std::string(traitOf(parent).tag) + ">" +
-                              (accepted.empty() ? "; only text can" : "; accepted: " + accepted));
+    std::string text;
+    if (node.type() != pugi::node_cdata) {
+        appendDecoded(text, node);
+    }
+    return !text.empty() && isBlank(text.c_str());
+}
+
+/// The text in an element that holds nothing else.
+std::string DocumentReader::textOf(const pugi::xml_node& node, Element element) const
+{
+    std::string text;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        switch (child.type()) {
+        case pugi::node_element:
+            (void)elementOf(child, element, 0); // which refuses it
+            break;
+        case pugi::node_cdata:
+            text += child.value();
+            break;
+        default:
+            appendDecoded(text, child);
+            break;
+        }
+    }
+    return text;
+}
+
+/// Adds a piece of text with what its references stand for.
+void DocumentReader::appendDecoded(std::string& text, const pugi::xml_node& node) const
+{
+    std::string_view rest = node.value();
+    for (std::size_t start = rest.find('&'); start != std::string_view::npos; start = rest.find('&')) {
+        text += rest.substr(0, start);
+        rest.remove_prefix(start + 1);
+        const std::size_t end = rest.find(';');
+        const auto code = end == std::string_view::npos ? std::nullopt : referenced(rest.substr(0, end));
+        if (!code) {
+            failMalformed(node,
+                          "& that begins neither &amp;, &lt;, &gt;, &quot; or &apos; nor the number of a "
+                          "character that XML has");
+        }
+        characters::append(text, *code);
+        rest.remove_prefix(end + 1);
+    }
+    text += rest;
+}
+
+std::size_t DocumentReader::lineAt(std::ptrdiff_t offset) const
+{
+    return 1 + static_cast<std::size_t>(std::ranges::count(
+                   m_xml.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0))), '\n'));
+}
+
+void DocumentReader::fail(Kind kind, const pugi::xml_node& node, const std::string& text) const
+{
+    throw XmlRpcError(kind, lineAt(node.offset_debug()), text);
+}
+
+void DocumentReader::failMalformed(const pugi::xml_node& node, const std::string& text) const
+{
+    fail(Kind::Malformed, node, text);
 }
 
 } // namespace zyr_gateway

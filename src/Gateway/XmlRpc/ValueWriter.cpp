@@ -1,5 +1,6 @@
 #include "ValueWriter.h"
 
+#include "Characters.h"
 #include "Codec.h"
 #include "Scalars.h"
 
@@ -17,54 +18,6 @@ namespace
 {
 
 constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
-
-/// A character of UTF-8: how many bytes it takes, 0 when they are not valid, and which it is.
-struct Character
-{
-    std::size_t length = 0;
-    char32_t code = 0;
-};
-
-/// The length that the first byte announces, 0 when it cannot be a first byte.
-std::size_t announcedLength(unsigned char first)
-{
-    if (first < 0x80) {
-        return 1;
-    }
-    if (first >= 0xC2 && first <= 0xDF) {
-        return 2;
-    }
-    if (first >= 0xE0 && first <= 0xEF) {
-        return 3;
-    }
-    return first >= 0xF0 && first <= 0xF4 ? 4 : 0;
-}
-
-Character firstCharacter(std::string_view text)
-{
-    const auto first = static_cast<unsigned char>(text.front());
-    const std::size_t length = announcedLength(first);
-    if (length == 0 || length > text.size()) {
-        return {};
-    }
-    char32_t code = length == 1 ? first : first & (0x7FU >> length);
-    for (const char c : text.substr(1, length - 1)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte & 0xC0U) != 0x80U) {
-            return {};
-        }
-        code = (code << 6U) | (byte & 0x3FU);
-    }
-    const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-    return overlong ? Character{} : Character{length, code};
-}
-
-/// The characters that an XML 1.0 document can hold; surrogates are none of them.
-bool isXmlCharacter(char32_t code)
-{
-    return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
-           (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
-}
 
 /// What stands for the character in a document; empty: the character itself does.
 std::string_view escaped(char c)
@@ -264,14 +217,13 @@ std::string carriableText(std::string_view text)
     std::string out;
     out.reserve(text.size());
     while (!text.empty()) {
-        const Character character = firstCharacter(text);
-        const std::size_t length = character.length == 0 ? 1 : character.length;
-        if (character.length == 0 || !isXmlCharacter(character.code)) {
+        const std::size_t carriable = characters::carriableLength(text);
+        out += text.substr(0, carriable);
+        text.remove_prefix(carriable);
+        if (!text.empty()) {
             out += kReplacementCharacter;
-        } else {
-            out += text.substr(0, length);
+            text.remove_prefix(std::max<std::size_t>(characters::first(text).length, 1));
         }
-        text.remove_prefix(length);
     }
     return out;
 }
