@@ -145,10 +145,11 @@ bool isOnAir(const NodeState& node, const ChannelState& channel)
            !node.dsp.isRecovering;
 }
 
-std::int32_t requiredSnir(ModulationAndCoding modulation)
+/// The rung of a modulation; one that isn't on the ladder is out of reach.
+LadderRung ladderRung(ModulationAndCoding modulation)
 {
     const auto step = ladderStep(modulation);
-    return step ? modulationLadder()[*step].requiredSnir_dBTenths : kSnirCeiling_dBTenths;
+    return step ? modulationLadder()[*step] : LadderRung{modulation, 0.0, kSnirCeiling_dBTenths};
 }
 
 /// How much more the receiver needs for a modulation, as the far end sends it with less power than others.
@@ -192,25 +193,24 @@ void chooseDetector(ChannelState& channel)
 }
 
 /// The SNIR below which the receiver leaves a modulation.
-std::int32_t rxThreshold(const ChannelState& channel, ModulationAndCoding modulation)
+std::int32_t rxThreshold(const ChannelState& channel, const LadderRung& rung)
 {
-    return requiredSnir(modulation) + farEndShift(channel, modulation);
+    return rung.requiredSnir_dBTenths + farEndShift(channel, rung.modulation);
 }
 
 /// The same at the far end, whose receiver isn't told the powers here.
-std::int32_t txThreshold(const ChannelState& /*channel*/, ModulationAndCoding modulation)
+std::int32_t txThreshold(const ChannelState& /*channel*/, const LadderRung& rung)
 {
-    return requiredSnir(modulation);
+    return rung.requiredSnir_dBTenths;
 }
 
 /// The modulation that this SNIR allows.
 ModulationAndCoding modulationAt(const ChannelState& channel, std::int32_t snir,
-                                 std::int32_t (*threshold)(const ChannelState&, ModulationAndCoding))
+                                 std::int32_t (*threshold)(const ChannelState&, const LadderRung&))
 {
     const auto rungs = rungsBetween(channel.minModulation, channel.maxModulation);
-    const auto best = std::find_if(rungs.rbegin(), rungs.rend(), [&](const LadderRung& rung) {
-        return threshold(channel, rung.modulation) <= snir;
-    });
+    const auto best = std::find_if(rungs.rbegin(), rungs.rend(),
+                                   [&](const LadderRung& rung) { return threshold(channel, rung) <= snir; });
     return best == rungs.rend() ? channel.minModulation : best->modulation;
 }
 
@@ -250,15 +250,26 @@ bool receives(const NodeState& node, const ChannelState& channel)
            !channel.scan.isRunning() && channel.radio.transmittersOn(node.settings.twoTransmitters).on > 0;
 }
 
-/// The received level of a path: of the channel's own signal if a loop is closed.
-std::int32_t receivedLevel(const NodeState& node, const ChannelState& channel, double attenuation)
+/// What the receiver gets from both antennas: of the channel's own signal if a loop is closed.
+/// @param attenuation  that of the path to the main antenna
+void receiveLevels(const NodeState& node, ChannelState& channel, double attenuation)
 {
+    auto& diversity = channel.receiver.diversity;
     if (!receives(node, channel)) {
-        return kNoLevel_dBmTenths;
+        diversity.mainLevel = diversity.level = kNoLevel_dBmTenths;
+        return;
     }
-    return channel.loops.isClosed() ? level(channel.transmitter.power - kLoopLoss_dBTenths)
-                                    : level(node.settings.farEndTxPower_dBmTenths - attenuation -
-                                            lossOfTransceivers_dBTenths(node, channel));
+    if (channel.loops.isClosed()) {
+        diversity.mainLevel = diversity.level = level(channel.transmitter.power - kLoopLoss_dBTenths);
+        return;
+    }
+    const auto over = [&](double path) {
+        return level(node.settings.farEndTxPower_dBmTenths - path -
+                     lossOfTransceivers_dBTenths(node, channel));
+    };
+    diversity.mainLevel = over(attenuation);
+    diversity.level =
+        over(node.settings.diversityPathLoss_dBTenths + fading_dBTenths(node, channel, kDiversityPhase));
 }
 
 /// A level of none has no SNIR either.
@@ -274,7 +285,7 @@ double errorShare(const ChannelState& channel)
         return 1.0;
     }
     const auto& receiver = channel.receiver;
-    const auto margin = receiver.snir - rxThreshold(channel, receiver.rxModulation);
+    const auto margin = receiver.snir - rxThreshold(channel, ladderRung(receiver.rxModulation));
     return std::clamp(1.0 - margin / kScarceMargin_dBTenths, 0.0, 1.0) * kGreatestErrorShare;
 }
 
@@ -321,6 +332,9 @@ void setLink(NodeState& node, ChannelState& channel, bool isUp)
 /// The more robust of two modulations, `UNDEFINED` standing for none.
 ModulationAndCoding lower(ModulationAndCoding left, ModulationAndCoding right)
 {
+    if (left == right) { // as nearly always
+        return left;
+    }
     const auto leftStep = ladderStep(left);
     const auto rightStep = ladderStep(right);
     return !rightStep || (leftStep && *leftStep <= *rightStep) ? left : right;
@@ -352,10 +366,7 @@ void settleHop(NodeState& node, ChannelState& channel)
     const bool isStandby = channel.dsp.rlpControl == AcmRlpControl::StandbyTx;
     const bool sends = isOnAir(node, channel) && !sendsTestSignal(channel);
 
-    const auto diversityAttenuation =
-        node.settings.diversityPathLoss_dBTenths + fading_dBTenths(node, channel, kDiversityPhase);
-    receiver.diversity.mainLevel = receivedLevel(node, channel, attenuation);
-    receiver.diversity.level = receivedLevel(node, channel, diversityAttenuation);
+    receiveLevels(node, channel, attenuation);
     // The own signal in a closed loop is the only one that the receiver gets.
     const auto disturbance = isLooped ? 0.0 : interference_mW(node, channel);
     receiver.diversity.mainSnir = receivedSnir(receiver.diversity.mainLevel, disturbance, channel);
@@ -367,7 +378,7 @@ void settleHop(NodeState& node, ChannelState& channel)
                             channel.dsp.heldRxModulation);
     setLink(node, channel,
             receives(node, channel) && channel.isConfigured() && !node.dsp.isRecovering &&
-                !sendsTestSignal(channel) && receiver.snir >= rxThreshold(channel, rx));
+                !sendsTestSignal(channel) && receiver.snir >= rxThreshold(channel, ladderRung(rx)));
     receiver.rxModulation = receiver.isLinkUp ? rx : ModulationAndCoding::UNDEFINED;
 
     receiver.farEndSnir = sends && !isLooped ? snirOf(levelAtFarEnd(channel, attenuation),
@@ -379,7 +390,8 @@ void settleHop(NodeState& node, ChannelState& channel)
 
     node.alarms.set(alarm::kLoopClosed, channel.number, isLooped);
     node.alarms.set(alarm::kFarEndLinkDown, channel.number,
-                    isOnAir(node, channel) && (!sends || receiver.farEndSnir < txThreshold(channel, tx)));
+                    isOnAir(node, channel) &&
+                        (!sends || receiver.farEndSnir < txThreshold(channel, ladderRung(tx))));
     keepLowest(node, channel, receiver);
     node.alarms.set(alarm::kEncryptionKeyMismatch, channel.number,
                     receiver.isLinkUp && !channel.encryption.keysAgree());
@@ -389,15 +401,14 @@ std::vector<AcmThreshold> acmThresholds(const ChannelState& channel)
 {
     std::vector<AcmThreshold> thresholds;
     for (const auto& rung : rungsBetween(channel.minModulation, channel.maxModulation)) {
-        thresholds.push_back({rung.modulation, rxThreshold(channel, rung.modulation)});
+        thresholds.push_back({rung.modulation, rxThreshold(channel, rung)});
     }
     return thresholds;
 }
 
 std::int32_t greatestPower(const NodeState& node, const ChannelState& channel, ModulationAndCoding modulation)
 {
-    const auto step = ladderStep(modulation);
-    const auto bits = step ? modulationLadder()[*step].bitsPerSymbol : 0.0;
+    const auto bits = ladderRung(modulation).bitsPerSymbol;
     const auto& transmitter = channel.transmitter;
     const double cutback = transmitter.temporaryCutbackSet ? transmitter.temporaryCutback
                                                            : static_cast<double>(transmitter.maxPowerCutback);
