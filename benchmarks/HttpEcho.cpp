@@ -1,13 +1,13 @@
 #include "HttpEcho.h"
 
 #include <microhttpd.h>
-#include <pugixml.hpp>
 
 #include <array>
 #include <csignal>
 #include <stdexcept>
 #include <string>
 
+#include <pugixml.hpp>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -1,6 +1,7 @@
 // How fast the node answers a small command, measured against what an HTTP server can do at best on the same
-// machine: a libmicrohttpd echo, bare, and one that also parses with pugixml. All are loaded in turns, several
-// times, and the best turn of each counts, so that what else the machine does falls on all of them alike.
+// machine: a libmicrohttpd echo, bare, and one that also parses with pugixml. All are loaded in turns,
+// several times, and the best turn of each counts, so that what else the machine does falls on all of them
+// alike.
 
 #include "HttpEcho.h"
 #include "HttpLoad.h"
