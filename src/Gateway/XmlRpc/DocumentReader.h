@@ -18,7 +18,8 @@ namespace zyr_gateway
 ///
 /// The tree costs 64 bytes for each element and text. What pugixml does not look at is looked at here: the
 /// encoding, the characters, references, and what stands round the root. Beyond that it is lenient where
-/// XML-RPC has nothing: attributes, and the insides of comments and processing instructions.
+/// nothing can be misread: attributes, the insides of comments and processing instructions, a declaration
+/// that tells no encoding, and "]]>" in a text.
 class DocumentReader
 {
   public:
