@@ -482,10 +482,15 @@ TEST(XmlRpcCodecTest, OnlyTheRootStandsInADocument)
 {
     const std::string body = "<methodCall><methodName>m</methodName></methodCall>";
     EXPECT_EQ(parseMethodCall("\n<!-- x -->\n" + body + "\n<!-- y --><?pi?>\n").method, "m");
-    for (const std::string behind : {"x", "&#32;x", "&#120;", " x ", "\n\nx"}) {
-        EXPECT_EQ(refusalOf(body + behind).second, "line 1: text outside the root") << behind;
+    for (const std::string behind : {"x", "&#32;", "<", "</", "<\n ", ">x", ">", "]"}) {
+        const auto [kind, text] = refusalOf(body + "\n\n" + behind);
+        EXPECT_EQ(kind, XmlRpcError::Kind::Malformed) << behind;
+        EXPECT_TRUE(text.ends_with(": text outside the root") ||
+                    text.starts_with("line 3: not well-formed XML: "))
+            << text;
     }
-    EXPECT_EQ(parseMethodCall(body + "<![CDATA[ ]]>&#32;\n").method, "m");
+    EXPECT_EQ(refusalOf(body + "x").second, "line 1: text outside the root");
+    EXPECT_EQ(refusalOf(body + "x<!---->").second, "line 1: text outside the root");
     EXPECT_EQ(refusalOf("x" + body).second, "line 1: text outside the root");
     EXPECT_EQ(refusalOf(body + "\n<![CDATA[x]]>").second, "line 2: text outside the root");
     EXPECT_EQ(refusalOf(body + "\n<b/>").second, "line 2: <b> is a second root");

@@ -251,6 +251,12 @@ void DocumentReader::parse()
         throw XmlRpcError(Kind::Malformed, lineAt(result.offset),
                           std::string("not well-formed XML: ") + result.description());
     }
+    // It also passes over a tag that begins there.
+    const std::size_t last = m_xml.find_last_not_of(" \n\t\r");
+    if (last != std::string_view::npos && m_xml[last] != '>') {
+        throw XmlRpcError(Kind::Malformed, lineAt(static_cast<std::ptrdiff_t>(last)),
+                          "text outside the root");
+    }
 }
 
 /// @param declaration empty when the document has none
