@@ -1,8 +1,8 @@
 #!/bin/sh
-# Builds everything and runs all tests, then those of the rooms with threads again under the thread sanitizer.
-# With --all, also: the running node under the thread sanitizer, all tests under the address and undefined behaviour
-# sanitizers, some under valgrind and compiled by clang, those of the library emulated on both Arm processors, the bars
-# of the benchmarks, the binary interface, and clang-tidy over all sources.
+# Builds everything and runs all tests. With --all, also: those with threads and the running node under the thread
+# sanitizer, all tests under the address and undefined behaviour sanitizers, some under valgrind and compiled by clang,
+# those of the library emulated on both Arm processors, the bars of the benchmarks, the binary interface, and clang-tidy
+# over all sources.
 set -eu
 cd "$(dirname "$0")"
 
@@ -63,12 +63,9 @@ find src tests benchmarks -name '*.h' -o -name '*.cpp' | xargs -r -n 40 -P "$job
 build dev
 run_tests dev
 
-build tsan --target ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests
-run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests)$'
-
 if [ "$all" = yes ]; then
-    build tsan --target zyrnode
-    run_tests tsan -R '^ZyrSystemTests'
+    build tsan --target ZyrLibraryTests ZyrPlatformTests ZyrSimulationTests ZyrGatewayTests zyrnode
+    run_tests tsan -R '^(ZyrLibraryTests|ZyrPlatformTests|ZyrSimulationTests|ZyrGatewayTests|ZyrSystemTests.*)$'
 
     build asan-ubsan
     ZYR_WALK_CALLS=100000 run_tests asan-ubsan

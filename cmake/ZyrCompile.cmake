@@ -20,6 +20,13 @@ option(ZYR_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL}
 set(ZYR_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
 option(ZYR_COVERAGE "Build for coverage" OFF)
 
+# A cache of what has been compiled, where there is one. To get on with precompiled headers it overlooks their times.
+find_program(ZYR_CCACHE ccache)
+if(ZYR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_DEPEND=true
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${ZYR_CCACHE})
+endif()
+
 find_package(Threads REQUIRED)
 
 add_library(ZyrCompileOptions INTERFACE)
@@ -32,6 +39,8 @@ target_compile_options(ZyrCompileOptions INTERFACE
     # g++'s -Wconversion doesn't hold it in C++.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
     $<$<BOOL:${ZYR_WARNINGS_AS_ERRORS}>:-Werror>
+    # So that ccache sees which precompiled header is used.
+    $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
     # With less memory g++ takes a tenth of its time to tidy it up.
     $<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-heapsize=524288>
     # Trace records name source files from the root of the sources.

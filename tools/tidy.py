@@ -31,7 +31,7 @@ def rules():
 def arguments(entry):
     """What the compiler is told, without the source, what becomes of it, and how g++ is to go about it."""
     command = shlex.split(entry["command"])
-    return [word for word in command[:command.index("-o")] if not word.startswith("--param=")]
+    return [word for word in command[:command.index("-o")] if not word.startswith(("--param=", "-fpch-"))]
 
 
 def sources(entry):
