@@ -294,11 +294,13 @@ bool ConnectionWatch::isIdle(const Connection& connection) const
     return hasNothingOfARequest || isCutShort(connection);
 }
 
-/// Whether the other side has ended in the middle of a request, as far as can be seen at the moment.
+/// Whether the other side has ended in the middle of a request, as far as can be seen at the moment; the
+/// thread may not have been told of the end yet.
 bool ConnectionWatch::isCutShort(const Connection& connection)
 {
     const bool isDue = connection.phase == Phase::Silent || connection.phase == Phase::Receiving;
-    return connection.hasEnded && isDue && !hasUnreadInput(connection.socket);
+    return isDue && (connection.hasEnded || isClosing(connection.socket)) &&
+           !hasUnreadInput(connection.socket);
 }
 
 /// The connections that count for the limit.
