@@ -34,7 +34,7 @@ shown() {
 }
 shown cpp >"$consumer/main.cpp"
 shown cmake >"$consumer/CMakeLists.txt"
-"$cmake" -S "$consumer" -B "$folder/build" -DCMAKE_CXX_COMPILER="$compiler" \
+"$cmake" -G Ninja -S "$consumer" -B "$folder/build" -DCMAKE_CXX_COMPILER="$compiler" \
     -DCMAKE_PREFIX_PATH="$folder/prefix" >/dev/null
 "$cmake" --build "$folder/build" >/dev/null
 found=$("$folder/build/app")
