@@ -260,6 +260,19 @@ Power         from -5.0 dBm, up to
 )");
 }
 
+TEST(CapabilityPictureTest, TellsTheLeastPowerAloneWithoutMaximumPowers)
+{
+    EXPECT_EQ(joined(zyr_ctl::capabilityPicture(2, {{"AvailableMinRFOutputPower", -50}}, {})), R"(
+Radio channel 2 of -
+Transmit      - to -, step -
+Receive       - to -, duplex -
+Band          -, sub-band -
+Temperature   - to -
+Features      none
+Power         from -50
+)");
+}
+
 TEST(CombinerPictureTest, DrawsABarForTheLevelOfEachInput)
 {
     const Value answer{{"sdcOperStatus", "enabled"},

@@ -354,6 +354,7 @@ std::vector<Line> framesPicture(const Value& answer, const Fields& fields)
 std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer, const Fields& fields)
 {
     const Reading reading(answer, fields);
+    const Value& powers = listOf(answer, "AvailableMaxRFOutputPower");
     std::vector<Line> lines{
         {"Radio channel " + std::to_string(channel) + " of " + reading["NumberOfChannels"]},
         labelled("Transmit", reading["MinTXFrequency"] + " to " + reading["MaxTXFrequency"] + ", step " +
@@ -363,10 +364,9 @@ std::vector<Line> capabilityPicture(std::int64_t channel, const Value& answer, c
         labelled("Band", reading["FrequencyBand"] + ", sub-band " + reading["FrequencySubBand"]),
         labelled("Temperature", reading["MinTemp"] + " to " + reading["MaxTemp"]),
         labelled("Features", availableFeatures(answer)),
-        labelled("Power", "from " + reading["AvailableMinRFOutputPower"] + ", up to"),
+        labelled("Power", "from " + reading["AvailableMinRFOutputPower"] + (powers.empty() ? "" : ", up to")),
     };
-    addPowers(lines, listOf(answer, "AvailableMaxRFOutputPower"),
-              fieldsIn(fields, "AvailableMaxRFOutputPower"));
+    addPowers(lines, powers, fieldsIn(fields, "AvailableMaxRFOutputPower"));
     return lines;
 }
 
