@@ -208,6 +208,13 @@ TEST(XmlRpcCodecTest, CommentsAndProcessingInstructionsAreIgnored)
 {
     EXPECT_EQ(parameter("<value><!-- x --><int>1<!-- y -->2<?pi?></int></value>"), Value(12));
     EXPECT_EQ(parameter("<value> <!-- x --> a<!-- y --> </value>"), Value("  a "));
+    EXPECT_EQ(parameter("<value> <?pi?> </value>"), Value("  "));
+    EXPECT_EQ(parameter("<value>a<?pi?> </value>"), Value("a "));
+    EXPECT_EQ(parseMethodCall("<?xml version='1.0'?>" + callWith("<value>a<?pi?> </value>")).params.at(0),
+              Value("a "));
+    EXPECT_EQ(parameter("<value>a<![CDATA[b]]> </value>"), Value("ab "));
+    EXPECT_EQ(parameter("<value> </value>"), Value(" "));
+    EXPECT_EQ(parameter("<value><string>\n</string></value>"), Value("\n"));
 }
 
 /// A binary value of the text's bytes.

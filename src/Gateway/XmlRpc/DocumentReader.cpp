@@ -30,10 +30,6 @@ using Kind = XmlRpcError::Kind;
 /// The most tags of a document that is looked at: a value needs eight, with the member that it is of.
 constexpr std::size_t kMaxTagCount = 8 * kMaxValueCount + 16;
 
-/// White space stays, and so do references, which pugixml would pass over when it doesn't know them.
-constexpr unsigned kParsing = pugi::parse_cdata | pugi::parse_ws_pcdata | pugi::parse_eol |
-                              pugi::parse_declaration | pugi::parse_doctype | pugi::parse_fragment;
-
 constexpr std::size_t kAnywhere = std::numeric_limits<std::size_t>::max();
 
 /// Which element may stand in which, and after how many brothers.
@@ -135,6 +131,18 @@ std::string forMessage(std::string_view name)
     constexpr std::size_t longest = 64;
     const bool whole = name.size() <= longest;
     return carriableText(name.substr(0, longest)) + (whole ? "" : "...");
+}
+
+/// How pugixml is to parse the document. References stay, which it would pass over when it doesn't know them.
+/// White space between elements need not be in the tree; but where a text may stand in pieces, round a
+/// comment or a CDATA section, all white space must.
+unsigned parsingOf(std::string_view xml)
+{
+    const std::size_t behindDeclaration = xml.starts_with("<?xml") ? xml.find("?>") + 2 : 0;
+    const bool isWhole =
+        xml.find('!') == std::string_view::npos && xml.find('?', behindDeclaration) == std::string_view::npos;
+    return pugi::parse_cdata | pugi::parse_eol | pugi::parse_declaration | pugi::parse_doctype |
+           pugi::parse_fragment | (isWhole ? pugi::parse_ws_pcdata_single : pugi::parse_ws_pcdata);
 }
 
 bool isBlank(const char* text)
@@ -243,7 +251,7 @@ void DocumentReader::parse()
     // pugixml passes over a last character that belongs to no tag, so that one is a line feed.
     *std::copy(m_xml.begin(), m_xml.end(), m_copy.get()) = '\n';
     const pugi::xml_parse_result result =
-        m_document.load_buffer_inplace(m_copy.get(), size, kParsing, pugi::encoding_utf8);
+        m_document.load_buffer_inplace(m_copy.get(), size, parsingOf(m_xml), pugi::encoding_utf8);
     if (result.status == pugi::status_out_of_memory) {
         throw std::bad_alloc();
     }
