@@ -199,6 +199,14 @@ TEST(XmlRpcCodecTest, WrongReferenceIsRefused)
     }
 }
 
+TEST(XmlRpcCodecTest, WhatCannotBeMisreadIsLetPass)
+{
+    EXPECT_EQ(parameter("<value a='<' b='&no;'><int a='1' a='2'>7</int></value>"), Value(7));
+    EXPECT_EQ(parameter("<value>a]]>b</value>"), Value("a]]>b"));
+    EXPECT_EQ(parameter("<value><!-- a -- b --><?pi<>?>7</value>").dump(), R"("7")");
+    EXPECT_EQ(parseMethodCall("<?xml ?><methodCall><methodName>m</methodName></methodCall>").method, "m");
+}
+
 TEST(XmlRpcCodecTest, LineEndsAreLineFeeds)
 {
     EXPECT_EQ(parameter("<value>a\r\nb\rc\n<![CDATA[d\r\n\re]]></value>"), Value("a\nb\nc\nd\n\ne"));

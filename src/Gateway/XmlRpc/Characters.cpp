@@ -1,7 +1,5 @@
 #include "Characters.h"
 
-#include <array>
-
 namespace zyr_gateway::characters
 {
 
@@ -23,15 +21,13 @@ std::size_t announcedLength(unsigned char first)
     return first >= 0xF0 && first <= 0xF4 ? 4 : 0;
 }
 
-/// The bytes that are a carriable character each.
-constexpr std::array<bool, 256> kIsAlone = [] {
-    std::array<bool, 256> table{};
-    for (std::size_t code = 0x20; code < 0x80; ++code) {
-        table.at(code) = true;
-    }
-    table['\t'] = table['\n'] = table['\r'] = true;
-    return table;
-}();
+/// Whether the byte is a carriable character by itself. Without branches, so that many can be looked at at
+/// once.
+constexpr bool isAlone(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < 0x80) & ((byte >= 0x20) | (byte == '\t') | (byte == '\n') | (byte == '\r'));
+}
 
 /// So many bytes the compiler can look at all at once.
 constexpr std::size_t kAtOnce = 32;
@@ -39,14 +35,11 @@ constexpr std::size_t kAtOnce = 32;
 /// Whether each of the first `kAtOnce` bytes is a carriable character.
 bool areAlone(std::string_view text)
 {
-    unsigned char others = 0;
+    unsigned char all = 1;
     for (std::size_t i = 0; i < kAtOnce; ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool isOther =
-            (byte >= 0x80) | ((byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r'));
-        others |= static_cast<unsigned char>(isOther);
+        all &= static_cast<unsigned char>(isAlone(text[i]));
     }
-    return others == 0;
+    return all != 0;
 }
 
 } // namespace
@@ -84,7 +77,7 @@ std::size_t carriableLength(std::string_view text)
             length += kAtOnce;
             continue;
         }
-        if (kIsAlone[static_cast<unsigned char>(text[length])]) {
+        if (isAlone(text[length])) {
             ++length;
             continue;
         }

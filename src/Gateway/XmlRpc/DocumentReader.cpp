@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <new>
@@ -139,10 +140,10 @@ std::string forMessage(std::string_view name)
 unsigned parsingOf(std::string_view xml)
 {
     const std::size_t behindDeclaration = xml.starts_with("<?xml") ? xml.find("?>") + 2 : 0;
-    const bool isWhole =
+    const bool areTextsWhole =
         xml.find('!') == std::string_view::npos && xml.find('?', behindDeclaration) == std::string_view::npos;
     return pugi::parse_cdata | pugi::parse_eol | pugi::parse_declaration | pugi::parse_doctype |
-           pugi::parse_fragment | (isWhole ? pugi::parse_ws_pcdata_single : pugi::parse_ws_pcdata);
+           pugi::parse_fragment | (areTextsWhole ? pugi::parse_ws_pcdata_single : pugi::parse_ws_pcdata);
 }
 
 bool isBlank(const char* text)
@@ -550,11 +551,12 @@ bool DocumentReader::isBlankText(const pugi::xml_node& node) const
     if (isBlank(node.value())) {
         return true;
     }
-    std::string text;
-    if (node.type() != pugi::node_cdata) {
-        appendDecoded(text, node);
+    if (node.type() == pugi::node_cdata) {
+        return false;
     }
-    return !text.empty() && isBlank(text.c_str());
+    std::string text;
+    appendDecoded(text, node);
+    return isBlank(text.c_str());
 }
 
 /// The text in an element that holds nothing else.

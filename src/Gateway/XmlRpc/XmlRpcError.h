@@ -21,8 +21,8 @@ class XmlRpcError : public std::runtime_error
         BadValue,            ///< the text of a scalar is not of the scalar's type, or outside 64 bits
         NotFinite,           ///< a double that is NaN, infinite, or beyond the range of a double
         DoubledMember,       ///< a struct with two members of one name
-        TooDeep,             ///< values nested deeper than `maxValueDepth`
-        TooManyValues,       ///< more than `maxValueCount` values
+        TooDeep,             ///< values nested deeper than `kMaxValueDepth`
+        TooManyValues,       ///< more than `kMaxValueCount` values, or more tags than these need
         UnsupportedEncoding, ///< neither UTF-8 nor US-ASCII
         DtdRefused           ///< a document type declaration
     };
